@@ -1,0 +1,39 @@
+# panewright_layer(NAME folder SOURCES files... USES layers... LIBRARIES imported targets...)
+#
+# One static library per layer (an interface library where a layer is headers only), and a check,
+# run before anything of the layer compiles, that its files include only what CheckIncludes.cmake
+# allows that layer.
+find_package(PkgConfig REQUIRED)
+
+add_library(panewright_options INTERFACE)
+target_include_directories(panewright_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_options(panewright_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wconversion
+    -Wno-sign-conversion -Werror)
+
+function(panewright_layer name)
+    cmake_parse_arguments(LAYER "" "" "SOURCES;USES;LIBRARIES" ${ARGN})
+    string(REPLACE "/" "_" target "panewright_${name}")
+    list(TRANSFORM LAYER_USES PREPEND panewright_)
+    list(TRANSFORM LAYER_USES REPLACE "/" "_")
+    if(LAYER_SOURCES)
+        add_library(${target} STATIC ${LAYER_SOURCES})
+        set(scope PUBLIC)
+    else()
+        add_library(${target} INTERFACE)
+        set(scope INTERFACE)
+    endif()
+    target_link_libraries(${target} ${scope} panewright_options ${LAYER_USES} ${LAYER_LIBRARIES})
+
+    file(GLOB_RECURSE files CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.h
+        ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+    set(stamp ${CMAKE_CURRENT_BINARY_DIR}/${target}.includes-checked)
+    add_custom_command(OUTPUT ${stamp}
+        COMMAND ${CMAKE_COMMAND} -DLAYER=${name} -DROOT=${PROJECT_SOURCE_DIR}/src
+            -P ${PROJECT_SOURCE_DIR}/cmake/CheckIncludes.cmake
+        COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
+        DEPENDS ${files} ${PROJECT_SOURCE_DIR}/cmake/CheckIncludes.cmake
+        COMMENT "Checking the includes of ${name}")
+    add_custom_target(${target}_includes ALL DEPENDS ${stamp})
+    add_dependencies(${target} ${target}_includes)
+endfunction()

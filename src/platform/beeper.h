@@ -1,0 +1,14 @@
+#pragma once
+
+namespace panewright {
+
+/// The system's alert sound.
+class Beeper {
+public:
+    virtual ~Beeper() = default;
+
+    /// Returns at once; a system without sound stays silent.
+    virtual void beep() = 0;
+};
+
+} // namespace panewright

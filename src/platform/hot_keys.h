@@ -1,0 +1,79 @@
+#pragma once
+
+#include <cstdint>
+
+namespace panewright {
+
+/// Names a hot key to the program that registered it; comes back with each press.
+struct HotKeyId {
+    std::uint32_t signature = 0;
+    std::uint32_t id = 0;
+
+    friend bool operator==(const HotKeyId&, const HotKeyId&) = default;
+};
+
+/// Which events a handler is installed for.
+struct EventTypeSpec {
+    std::uint32_t eventClass = 0;
+    std::uint32_t eventKind = 0;
+
+    friend bool operator==(const EventTypeSpec&, const EventTypeSpec&) = default;
+};
+
+constexpr std::uint32_t kEventClassKeyboard = 0x6B657962; // 'keyb'
+constexpr std::uint32_t kEventHotKeyPressed = 5;
+
+/// Handles that the service gives out; 0 is none. Releasing one twice, or one never given out, is
+/// harmless.
+using HotKeyRef = std::uint64_t;
+using EventHandlerRef = std::uint64_t;
+
+/// Status of an event call: 0 is success (for a handler: the event is claimed).
+using EventStatus = std::int32_t;
+constexpr EventStatus kNoError = 0;
+constexpr EventStatus kEventParameterNotFound = -9870;
+constexpr EventStatus kHotKeyExists = -9878;
+constexpr EventStatus kHotKeyInvalid = -9879;
+
+/// A press as it is delivered. `parameterStatus` tells whether the identifier could be read.
+struct HotKeyEvent {
+    EventTypeSpec type;
+    EventStatus parameterStatus = kNoError;
+    HotKeyId hotKeyId;
+};
+
+using EventHandlerFunction = EventStatus (*)(const HotKeyEvent& event, void* userData);
+
+/// The system-wide hot keys.
+///
+/// A key is a virtual key code (a physical key, whatever the keyboard layout) with modifiers in the
+/// hot-key form: Command 0x100, Shift 0x200, Option 0x800, Control 0x1000; other bits are ignored.
+/// Lock keys make no difference, and a key that is held down is one press. Main thread only; presses
+/// are delivered on the main loop, to the handlers of their type from the one installed last to the
+/// first, until one answers kNoError.
+class HotKeys {
+public:
+    struct Registered {
+        EventStatus status = kNoError;
+        HotKeyRef ref = 0;
+    };
+
+    virtual ~HotKeys() = default;
+
+    /// kHotKeyInvalid, without a handle, for a key that the keyboard does not have. kHotKeyExists
+    /// when another program holds the key: the handle is good, and the key is asked for again when
+    /// the keyboard mapping changes. The same key may be registered more than once.
+    virtual Registered registerHotKey(std::uint32_t virtualKeyCode, std::uint32_t modifiers,
+                                      HotKeyId id) = 0;
+    virtual void unregisterHotKey(HotKeyRef ref) = 0;
+
+    virtual EventHandlerRef installHandler(EventTypeSpec type, EventHandlerFunction handler,
+                                           void* userData) = 0;
+    virtual void removeHandler(EventHandlerRef ref) = 0;
+
+    /// Whether this key was registered by us and another program holds it.
+    virtual bool isTakenByAnotherProgram(std::uint32_t virtualKeyCode,
+                                         std::uint32_t modifiers) const = 0;
+};
+
+} // namespace panewright

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "base/registration.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace panewright {
+
+/// The keyboard layout that the user types ASCII with.
+///
+/// Main thread only.
+class KeyboardLayout {
+public:
+    virtual ~KeyboardLayout() = default;
+
+    /// The text (UTF-8) that stands on the key: what it types without modifiers, for a dead key its
+    /// accent alone. Empty for a key that types nothing.
+    virtual std::string displayText(std::uint16_t virtualKeyCode) const = 0;
+
+    /// Calls back on the main loop after the layout changed.
+    virtual Registration onChange(std::function<void()> callback) = 0;
+};
+
+} // namespace panewright
