@@ -1,6 +1,9 @@
 #include "desktop/linux/xkb_keymap.h"
 
+// A member of a C structure in this header is named like a keyword of C++.
+#define explicit explicitMember // NOLINT
 #include <xcb/xkb.h>
+#undef explicit
 #include <xkbcommon/xkbcommon-keysyms.h>
 #include <xkbcommon/xkbcommon-x11.h>
 
