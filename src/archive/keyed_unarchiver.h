@@ -16,7 +16,7 @@ inline constexpr int kMaxArchiveDepth = 32;
 
 /// How many elements the arrays and dictionaries of an archive may have once every reference in it
 /// has been followed.
-inline constexpr std::size_t kMaxArchiveElements = 1'000'000;
+inline constexpr std::size_t kMaxArchiveElements = 250'000;
 
 /// Makes an object from its fields. Null means that the archive is not to be trusted.
 using ArchiveFactory = std::function<std::shared_ptr<KeyedCoding>(const KeyedDecoder&)>;
