@@ -22,7 +22,7 @@ set(layers_desktop/memory base platform ui menubar)
 set(layers_desktop/linux base platform)
 set(layers_desktop/qt base platform ui menubar)
 
-set(system_base "^fmt/")
+set(system_base "^(fmt/.*|unistd\\.h|fcntl\\.h|sys/(stat|types)\\.h)$")
 set(system_archive "^(fmt|plist)/")
 set(system_shortcuts "^fmt/")
 set(system_model "^(fmt/.*|zlib\\.h|unistd\\.h|fcntl\\.h|sys/(file|stat|types)\\.h)$")
