@@ -30,36 +30,26 @@ public:
                                  std::string, Size, ObjectPtr, ArchiveArray, ArchiveDictionary>;
 
     ArchiveValue() = default;
-    ArchiveValue(bool value) : content_(value) {}
-    ArchiveValue(std::int64_t value) : content_(value) {}
-    ArchiveValue(std::uint64_t value) : content_(value) {}
-    ArchiveValue(double value) : content_(value) {}
-    ArchiveValue(std::string value) : content_(std::move(value)) {}
-    ArchiveValue(const char* value) : content_(std::string(value)) {}
-    ArchiveValue(Size value) : content_(value) {}
-    ArchiveValue(ArchiveArray value) : content_(std::move(value)) {}
-    ArchiveValue(ArchiveDictionary value) : content_(std::move(value)) {}
-
+    ArchiveValue(bool value);
+    ArchiveValue(std::int64_t value);
+    ArchiveValue(std::uint64_t value);
+    ArchiveValue(double value);
+    ArchiveValue(std::string value);
+    ArchiveValue(const char* value);
+    ArchiveValue(Size value);
+    ArchiveValue(ArchiveArray value);
+    ArchiveValue(ArchiveDictionary value);
     /// A null object is nil.
-    ArchiveValue(ObjectPtr value) {
-        if (value) {
-            content_ = std::move(value);
-        }
-    }
+    ArchiveValue(ObjectPtr value);
 
-    bool isNil() const { return std::holds_alternative<std::monostate>(content_); }
+    bool isNil() const;
 
     /// Null when the value is of another kind.
-    const std::string* string() const { return std::get_if<std::string>(&content_); }
-    const Size* size() const { return std::get_if<Size>(&content_); }
-    const ArchiveArray* array() const { return std::get_if<ArchiveArray>(&content_); }
-    const ArchiveDictionary* dictionary() const {
-        return std::get_if<ArchiveDictionary>(&content_);
-    }
-    ObjectPtr object() const {
-        const auto* object = std::get_if<ObjectPtr>(&content_);
-        return object ? *object : nullptr;
-    }
+    const std::string* string() const;
+    const Size* size() const;
+    const ArchiveArray* array() const;
+    const ArchiveDictionary* dictionary() const;
+    ObjectPtr object() const;
 
     /// A whole number as unsigned, a negative one as its two's complement. The file does not tell
     /// signed numbers from unsigned ones. Nothing when the value is of another kind.
@@ -79,19 +69,5 @@ struct ArchiveEntry {
 
     friend bool operator==(const ArchiveEntry&, const ArchiveEntry&) = default;
 };
-
-inline bool operator==(const ArchiveValue& a, const ArchiveValue& b) {
-    return a.content_ == b.content_;
-}
-
-inline std::optional<std::uint64_t> ArchiveValue::unsignedNumber() const {
-    if (const auto* number = std::get_if<std::uint64_t>(&content_)) {
-        return *number;
-    }
-    if (const auto* number = std::get_if<std::int64_t>(&content_)) {
-        return static_cast<std::uint64_t>(*number);
-    }
-    return std::nullopt;
-}
 
 } // namespace panewright
