@@ -1,0 +1,80 @@
+#include "shortcuts/shortcut_text.h"
+
+#include "desktop/memory/memory_keyboard_layout.h"
+#include "desktop/memory/memory_services.h"
+
+#include <gtest/gtest.h>
+
+namespace panewright {
+namespace {
+
+constexpr std::uint64_t kControl = 0x40000;
+constexpr std::uint64_t kOption = 0x80000;
+constexpr std::uint64_t kShift = 0x20000;
+constexpr std::uint64_t kCommand = 0x100000;
+
+class ShortcutTextTest : public testing::Test {
+protected:
+    ShortcutTextTest() { layout_.setKeys({{0, "a"}, {18, "1"}, {50, "`"}, {127, "z"}}); }
+
+    MemoryKeyboardLayout layout_;
+    MemoryTextServices services_;
+    ShortcutText text_{layout_, services_};
+};
+
+TEST_F(ShortcutTextTest, ShowsModifiersInTheirOrderAndThenTheKey) {
+    const struct {
+        std::uint64_t keyCode;
+        std::uint64_t flags;
+        const char* shown;
+    } cases[] = {
+        {18, kOption, "⌥1"},
+        {0, 0, "A"},
+        {96, kControl | kShift, "⌃⇧F5"},
+        {49, kOption, "⌥Space"},
+        {49, 0, "Space"},
+        {36, 0, "↩"},
+        {18, kCommand | kShift | kOption | kControl, "⌃⌥⇧⌘1"},
+        {18, 0x10000, "1"},                            // Caps Lock
+        {18, ~(kControl | kOption | kShift | kCommand), "1"}, // every other bit
+        {50, kOption, "⌥`"},                           // no name of its own between two that have
+        {127, 0, "Z"},
+        {35, 0, ""}, // a key that types nothing
+    };
+    for (const auto& [keyCode, flags, shown] : cases) {
+        EXPECT_EQ(text_.presentableKeyboardShortcut(keyCode, flags), shown) << keyCode;
+        EXPECT_EQ(text_.stringFromKeyCode(static_cast<std::uint16_t>(keyCode), flags), shown)
+            << keyCode;
+    }
+}
+
+TEST_F(ShortcutTextTest, NamesTheKeysThatNoLayoutChanges) {
+    const std::pair<std::uint16_t, const char*> names[] = {
+        {36, "↩"},    {48, "⇥"},    {49, "Space"}, {51, "⌫"},   {53, "⎋"},   {64, "F17"},
+        {71, "⌧"},    {76, "⌅"},    {79, "F18"},   {80, "F19"}, {90, "F20"}, {96, "F5"},
+        {97, "F6"},   {98, "F7"},   {99, "F3"},    {100, "F8"}, {101, "F9"}, {103, "F11"},
+        {105, "F13"}, {106, "F16"}, {107, "F14"},  {109, "F10"}, {111, "F12"}, {113, "F15"},
+        {114, "?\u20DD"}, {115, "↖"}, {116, "⇞"},  {117, "⌦"},  {118, "F4"}, {119, "↘"},
+        {120, "F2"},  {121, "←"},   {122, "F1"},   {123, "←"},  {124, "→"},  {125, "↓"},
+        {126, "↑"},
+    };
+    for (const auto& [keyCode, name] : names) {
+        EXPECT_EQ(text_.stringFromKeyCode(keyCode, 0), name) << keyCode;
+    }
+}
+
+TEST_F(ShortcutTextTest, TakesTheLowBitsOfAKeyCodePastSixteenOnlyForTheRawName) {
+    EXPECT_EQ(text_.presentableKeyboardShortcut(0x10000 + 18, 0), "1");
+    // 49 is Space, but 0x10031 as a whole is not.
+    EXPECT_EQ(text_.presentableKeyboardShortcut(0x10000 + 49, 0), "");
+}
+
+TEST_F(ShortcutTextTest, NamesARawKeyByTheLayoutInUpperCase) {
+    EXPECT_EQ(text_.stringForRawKeyCode(0), "A");
+    EXPECT_EQ(text_.stringForRawKeyCode(49), "");
+    layout_.setKeys({{0, "q"}});
+    EXPECT_EQ(text_.stringForRawKeyCode(0), "Q");
+}
+
+} // namespace
+} // namespace panewright
