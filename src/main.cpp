@@ -76,8 +76,8 @@ int run() {
     });
     int exitCode = 0;
     {
-        AppDelegate delegate({desktop->accessibility, desktop->displays, desktop->workspace, program,
-                              desktop->beeper, Tracking(analytics),
+        AppDelegate delegate({desktop->accessibility, desktop->displays, desktop->workspace,
+                              program, desktop->beeper, Tracking(analytics),
                               ShortcutText(desktop->keyboardLayout, text)},
                              makeDefaultWindowStates());
         delegate.applicationWillFinishLaunching();

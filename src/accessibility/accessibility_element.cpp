@@ -10,7 +10,8 @@ namespace panewright {
 
 std::shared_ptr<AccessibilityElement>
 AccessibilityElement::elementWithAXUIElementRef(Accessibility& port, AXUIElementRef element) {
-    return std::shared_ptr<AccessibilityElement>(new AccessibilityElement(port, std::move(element)));
+    return std::shared_ptr<AccessibilityElement>(
+        new AccessibilityElement(port, std::move(element)));
 }
 
 AccessibilityElement::AccessibilityElement(Accessibility& port, AXUIElementRef element)

@@ -15,8 +15,8 @@ namespace panewright {
 class AccessibilityObserver;
 
 /// One UI element: the system, an application or a window. Frames are outer frames in global points
-/// (origin top-left of the main display, y downwards). No failure raises: getters give nil or false,
-/// setters do nothing.
+/// (origin top-left of the main display, y downwards). No failure raises: getters give nil or
+/// false, setters do nothing.
 class AccessibilityElement : public std::enable_shared_from_this<AccessibilityElement> {
 public:
     /// Wraps the element, which must not be null. The port must outlive the wrapper.

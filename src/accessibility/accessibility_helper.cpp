@@ -63,10 +63,9 @@ AccessibilityHelper::applicationElementFromPid(ProcessId pid) const {
 std::shared_ptr<AccessibilityElement>
 AccessibilityHelper::focusedWindowForApplicationFromSystemElement() const {
     const auto application = applicationFromSystemElement();
-    return application
-               ? elementOrLog(*application, NSAccessibilityFocusedWindowAttribute,
-                              "can't copy attribute NSAccessibilityFocusedWindowAttribute")
-               : nullptr;
+    return application ? elementOrLog(*application, NSAccessibilityFocusedWindowAttribute,
+                                      "can't copy attribute NSAccessibilityFocusedWindowAttribute")
+                       : nullptr;
 }
 
 std::shared_ptr<AccessibilityElement>

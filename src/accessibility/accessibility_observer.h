@@ -18,10 +18,9 @@ class AccessibilityObserver : public std::enable_shared_from_this<AccessibilityO
 public:
     /// The element is the one that is observed, not the one that the system names; null once it is
     /// gone.
-    using Callback =
-        std::function<void(AccessibilityObserver& observer,
-                           const std::shared_ptr<AccessibilityElement>& element,
-                           const std::string& notification)>;
+    using Callback = std::function<void(AccessibilityObserver& observer,
+                                        const std::shared_ptr<AccessibilityElement>& element,
+                                        const std::string& notification)>;
 
     /// Not yet installed: AccessibilityElement::addObserver does that.
     static std::shared_ptr<AccessibilityObserver>

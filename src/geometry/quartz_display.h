@@ -18,7 +18,8 @@ public:
     static constexpr std::size_t kMaxDisplays = 48;
 
     /// The port must outlive the display.
-    QuartzDisplay(const Displays& port, DisplayId displayId) : port_(&port), displayId_(displayId) {}
+    QuartzDisplay(const Displays& port, DisplayId displayId)
+        : port_(&port), displayId_(displayId) {}
 
     /// The display that holds the point, or shares an area with the rectangle; nil if none does.
     /// Where several do, the one that the first of them mirrors (itself if it mirrors none).
@@ -42,8 +43,8 @@ public:
     /// The first screen of the toolkit that shows this display; nil if none does.
     std::optional<Screen> screen() const;
 
-    /// Decimal numbers of the hardware, and the three joined as serial_vendor_unit: an identity that
-    /// outlives the identifier.
+    /// Decimal numbers of the hardware, and the three joined as serial_vendor_unit: an identity
+    /// that outlives the identifier.
     std::string serialNumber() const;
     std::string vendorNumber() const;
     std::string unitNumber() const;

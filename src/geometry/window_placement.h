@@ -13,9 +13,9 @@ namespace panewright {
 /// Where a state puts a window, as outer frames in global points (origin top-left of the main
 /// display, y downwards).
 ///
-/// A user state keeps the window's place relative to the display that it was saved on, scaled to the
-/// target display; a built-in state covers a centred share of the target. A nil display has zero
-/// bounds. Either pair of functions takes either kind of state.
+/// A user state keeps the window's place relative to the display that it was saved on, scaled to
+/// the target display; a built-in state covers a centred share of the target. A nil display has
+/// zero bounds. Either pair of functions takes either kind of state.
 
 /// Height of the menu bar that a frame is shifted up and grown by when it goes to another display.
 constexpr double kMenuBarAllowance = 23;

@@ -13,8 +13,8 @@
 
 namespace panewright {
 
-/// Which application is frontmost, which of its windows has the focus, and that window's outer frame
-/// and display, in global points (origin top-left of the main display, y downwards).
+/// Which application is frontmost, which of its windows has the focus, and that window's outer
+/// frame and display, in global points (origin top-left of the main display, y downwards).
 ///
 /// What cannot be found leaves the rest as it was: without a focused window, windowRect() and
 /// currentDisplay() are those of the last one.

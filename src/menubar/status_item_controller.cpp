@@ -20,8 +20,8 @@ StatusItemController::create(const Services& services,
 StatusItemController::StatusItemController(const Services& services,
                                            std::vector<std::shared_ptr<WindowState>> defaultStates)
     : services_(services), helper_(services.accessibility),
-      tracking_(FocusTracking::create({services.accessibility, services.displays,
-                                       services.workspace, services.program})),
+      tracking_(FocusTracking::create(
+          {services.accessibility, services.displays, services.workspace, services.program})),
       defaultStates_(std::move(defaultStates)) {}
 
 void StatusItemController::startStatusItem() {

@@ -36,8 +36,8 @@ enum class AXError : std::int32_t {
     kNoValue = -25212,
 };
 
-/// A UI element: the system, an application or a window. Only the adapter that made it looks inside;
-/// copies of the pointer are counted references to one element.
+/// A UI element: the system, an application or a window. Only the adapter that made it looks
+/// inside; copies of the pointer are counted references to one element.
 class AXUIElement {
 public:
     virtual ~AXUIElement() = default;
@@ -69,8 +69,8 @@ constexpr std::string_view NSAccessibilityWindowResizedNotification = "AXWindowR
 ///
 /// Positions and sizes are those of a window's outer frame, title bar included, in global points:
 /// origin at the top left of the main display, y downwards. Main thread only; callbacks come on the
-/// main loop, between events. A window that is gone is an ordinary answer (kInvalidUIElement), never
-/// a failure of the program. Passing a null element answers kIllegalArgument.
+/// main loop, between events. A window that is gone is an ordinary answer (kInvalidUIElement),
+/// never a failure of the program. Passing a null element answers kIllegalArgument.
 class Accessibility {
 public:
     struct PidAnswer {
@@ -115,8 +115,7 @@ public:
     /// registration is released. Empty when the element or notification cannot be observed. Moved
     /// and resized are sent only when the outer frame differs from the last one reported.
     virtual Registration observe(ProcessId pid, const AXUIElementRef& element,
-                                 std::string_view notification,
-                                 std::function<void()> callback) = 0;
+                                 std::string_view notification, std::function<void()> callback) = 0;
 };
 
 } // namespace panewright

@@ -15,8 +15,8 @@ namespace panewright {
 using DisplayId = std::uint32_t;
 constexpr DisplayId kNoDisplay = 0;
 
-/// One screen of the windowing toolkit, with the device-description value "NSScreenNumber" that says
-/// which display it is.
+/// One screen of the windowing toolkit, with the device-description value "NSScreenNumber" that
+/// says which display it is.
 struct Screen {
     std::int64_t screenNumber = 0;
     std::string name;

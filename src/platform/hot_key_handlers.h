@@ -22,7 +22,8 @@ public:
     void deliver(const HotKeyEvent& event) const {
         const auto snapshot = handlers_;
         for (auto handler = snapshot.rbegin(); handler != snapshot.rend(); ++handler) {
-            if (handler->type == event.type && handler->function(event, handler->userData) == kNoError) {
+            if (handler->type == event.type &&
+                handler->function(event, handler->userData) == kNoError) {
                 return;
             }
         }

@@ -47,9 +47,9 @@ using EventHandlerFunction = EventStatus (*)(const HotKeyEvent& event, void* use
 ///
 /// A key is a virtual key code (a physical key, whatever the keyboard layout) with modifiers in the
 /// hot-key form: Command 0x100, Shift 0x200, Option 0x800, Control 0x1000; other bits are ignored.
-/// Lock keys make no difference, and a key that is held down is one press. Main thread only; presses
-/// are delivered on the main loop, to the handlers of their type from the one installed last to the
-/// first, until one answers kNoError.
+/// Lock keys make no difference, and a key that is held down is one press. Main thread only;
+/// presses are delivered on the main loop, to the handlers of their type from the one installed
+/// last to the first, until one answers kNoError.
 class HotKeys {
 public:
     struct Registered {
@@ -59,9 +59,9 @@ public:
 
     virtual ~HotKeys() = default;
 
-    /// kHotKeyInvalid, without a handle, for a key that the keyboard does not have. The same key may
-    /// be registered more than once, and one that another program holds may be registered too: it
-    /// sends no presses until that program lets go of it and the keyboard mapping changes.
+    /// kHotKeyInvalid, without a handle, for a key that the keyboard does not have. The same key
+    /// may be registered more than once, and one that another program holds may be registered too:
+    /// it sends no presses until that program lets go of it and the keyboard mapping changes.
     /// Unregistering a key and registering it again in one turn of the main loop costs nothing.
     virtual Registered registerHotKey(std::uint32_t virtualKeyCode, std::uint32_t modifiers,
                                       HotKeyId id) = 0;

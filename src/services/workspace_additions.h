@@ -9,7 +9,6 @@ namespace panewright {
 bool isFrontmostAppThisApp(const Workspace& workspace, const ProgramInformation& program);
 
 /// Brings this program to the front unless it is frontmost already.
-void bringApplicationToFrontIfInBackground(Workspace& workspace,
-                                           const ProgramInformation& program);
+void bringApplicationToFrontIfInBackground(Workspace& workspace, const ProgramInformation& program);
 
 } // namespace panewright

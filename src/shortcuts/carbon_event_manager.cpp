@@ -104,8 +104,8 @@ void CarbonEventManager::addCarbonKeyEvent(const KeyEventPtr& event) {
             .registerHotKey(static_cast<std::uint32_t>(event->keyCode()),
                             static_cast<std::uint32_t>(modifiers), registration.hotKeyId)
             .ref;
-    registration.eventHandlerRef = services_.hotKeys.installHandler(
-        registration.eventSpec, carbonEventHotKeyHandler, nullptr);
+    registration.eventHandlerRef =
+        services_.hotKeys.installHandler(registration.eventSpec, carbonEventHotKeyHandler, nullptr);
     keyEvents_[key] = event;
     keyEvents_[hotKeyIdFromKeyEvent(*event)] = event;
     saveToDefaults();
@@ -128,7 +128,8 @@ void CarbonEventManager::removeCarbonKeyEventWithKeyCode(std::uint64_t keyCode,
     removeEntry(key, stored == keyEvents_.end() ? nullptr : stored->second);
 }
 
-void CarbonEventManager::removeEntry(std::uint64_t key, KeyEventPtr event) { // NOLINT(performance-unnecessary-value-param)
+void CarbonEventManager::removeEntry(
+    std::uint64_t key, KeyEventPtr event) { // NOLINT(performance-unnecessary-value-param)
     if (keyEvents_.contains(key)) {
         services_.hotKeys.removeHandler(event->registration_.eventHandlerRef);
         services_.hotKeys.unregisterHotKey(event->registration_.hotKeyRef);

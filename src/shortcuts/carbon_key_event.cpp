@@ -38,9 +38,9 @@ void CarbonKeyEvent::encodeWithCoder(KeyedEncoder& encoder) const {
 void CarbonKeyEvent::invoke(MainLoop& mainLoop) {
     const auto receiver = target();
     if (!receiver) {
-        logLine(fmt::format(
-            "keyCode: {}, withModifiers:{} invoked but no target/action is available.", keyCode_,
-            modifierFlags_));
+        logLine(
+            fmt::format("keyCode: {}, withModifiers:{} invoked but no target/action is available.",
+                        keyCode_, modifierFlags_));
         return;
     }
     mainLoop.post([receiver, action = action_, sender = shared_from_this()] {

@@ -29,43 +29,43 @@ struct KeyName {
 
 /// Keys whose name does not depend on the layout, by key code.
 constexpr KeyName kKeyNames[] = {
-    {36, "\u21A9"},        // Return
-    {48, "\u21E5"},        // Tab
-    {49, "Space"},         //
-    {51, "\u232B"},        // Delete (backspace)
-    {53, "\u238B"},        // Escape
-    {64, "F17"},           //
-    {71, "\u2327"},        // keypad Clear
-    {76, "\u2305"},        // keypad Enter
-    {79, "F18"},           //
-    {80, "F19"},           //
-    {90, "F20"},           //
-    {96, "F5"},            //
-    {97, "F6"},            //
-    {98, "F7"},            //
-    {99, "F3"},            //
-    {100, "F8"},           //
-    {101, "F9"},           //
-    {103, "F11"},          //
-    {105, "F13"},          //
-    {106, "F16"},          //
-    {107, "F14"},          //
-    {109, "F10"},          //
-    {111, "F12"},          //
-    {113, "F15"},          //
-    {114, "?\u20DD"},      // Help
-    {115, "\u2196"},       // Home
-    {116, "\u21DE"},       // Page Up
-    {117, "\u2326"},       // Forward Delete
-    {118, "F4"},           //
-    {119, "\u2198"},       // End
-    {120, "F2"},           //
-    {121, "\u2190"},       // Page Down shares Left Arrow's symbol
-    {122, "F1"},           //
-    {123, "\u2190"},       // Left Arrow
-    {124, "\u2192"},       // Right Arrow
-    {125, "\u2193"},       // Down Arrow
-    {126, "\u2191"},       // Up Arrow
+    {36, "\u21A9"},   // Return
+    {48, "\u21E5"},   // Tab
+    {49, "Space"},    //
+    {51, "\u232B"},   // Delete (backspace)
+    {53, "\u238B"},   // Escape
+    {64, "F17"},      //
+    {71, "\u2327"},   // keypad Clear
+    {76, "\u2305"},   // keypad Enter
+    {79, "F18"},      //
+    {80, "F19"},      //
+    {90, "F20"},      //
+    {96, "F5"},       //
+    {97, "F6"},       //
+    {98, "F7"},       //
+    {99, "F3"},       //
+    {100, "F8"},      //
+    {101, "F9"},      //
+    {103, "F11"},     //
+    {105, "F13"},     //
+    {106, "F16"},     //
+    {107, "F14"},     //
+    {109, "F10"},     //
+    {111, "F12"},     //
+    {113, "F15"},     //
+    {114, "?\u20DD"}, // Help
+    {115, "\u2196"},  // Home
+    {116, "\u21DE"},  // Page Up
+    {117, "\u2326"},  // Forward Delete
+    {118, "F4"},      //
+    {119, "\u2198"},  // End
+    {120, "F2"},      //
+    {121, "\u2190"},  // Page Down shares Left Arrow's symbol
+    {122, "F1"},      //
+    {123, "\u2190"},  // Left Arrow
+    {124, "\u2192"},  // Right Arrow
+    {125, "\u2193"},  // Down Arrow
+    {126, "\u2191"},  // Up Arrow
 };
 
 /// Empty for a key without a name of its own.

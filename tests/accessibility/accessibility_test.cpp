@@ -46,7 +46,7 @@ TEST_F(AccessibilityTest, ReadsAndWritesTheKindsOfValuesThatItCarries) {
 
     window->setNSValue(Point{10.5, 20}, "AXPosition");
     window->setNSValue(Size{300, 200}, "AXSize");
-    window->setNSValue(7.0, "AXPosition");       // a number is not carried
+    window->setNSValue(7.0, "AXPosition");        // a number is not carried
     window->setNSValue(Size{1, 1}, "AXPosition"); // the wrong kind is refused
     EXPECT_EQ(desktop_.windows.find(window_)->frame, (Rect{10.5, 20, 300, 200}));
 }
@@ -65,8 +65,8 @@ TEST_F(AccessibilityTest, IsSettableWhenEveryAttributeIs) {
     const std::array<std::string_view, 2> both{"AXPosition", "AXSize"};
     EXPECT_TRUE(element()->areAttributesSettable({}));
     EXPECT_TRUE(element()->areAttributesSettable(both));
-    const auto dialog = desktop_.windows.openWindow(
-        {.pid = kEditor, .frame = {0, 0, 1, 1}, .isResizable = false});
+    const auto dialog =
+        desktop_.windows.openWindow({.pid = kEditor, .frame = {0, 0, 1, 1}, .isResizable = false});
     desktop_.windows.activateWindow(dialog);
     EXPECT_FALSE(element()->areAttributesSettable(both));
 }
@@ -84,16 +84,18 @@ TEST_F(AccessibilityTest, FindsTheFocusedWindowAndLogsWhyThereIsNone) {
     const MemoryDesktop empty;
     MemoryAccessibility nobody(const_cast<MemoryWindows&>(empty.windows), desktop_.mainLoop);
     EXPECT_EQ(AccessibilityHelper(nobody).applicationFromSystemElement(), nullptr);
-    EXPECT_THAT(log.take(),
-                ElementsAre("can't copy attribute kAXFocusedApplicationAttribute: "
-                            "kAXErrorNoValue"));
+    EXPECT_THAT(log.take(), ElementsAre("can't copy attribute kAXFocusedApplicationAttribute: "
+                                        "kAXErrorNoValue"));
 }
 
 TEST(AccessibilityHelper, LogsOnlyTheStatusesThatALookUpMeets) {
     const std::pair<int, const char*> logged[] = {
-        {-25212, "m: kAXErrorNoValue"},         {-25208, "m: kAXErrorNotImplemented"},
-        {-25205, "m: kAXErrorAttributeUnsupported"}, {-25204, "m: kAXErrorCannotComplete"},
-        {-25202, "m: kAXErrorInvalidUIElement"}, {-25201, "m: kAXErrorIllegalArgument"},
+        {-25212, "m: kAXErrorNoValue"},
+        {-25208, "m: kAXErrorNotImplemented"},
+        {-25205, "m: kAXErrorAttributeUnsupported"},
+        {-25204, "m: kAXErrorCannotComplete"},
+        {-25202, "m: kAXErrorInvalidUIElement"},
+        {-25201, "m: kAXErrorIllegalArgument"},
         {0, "m: kAXErrorSuccess"},
     };
     CapturedLog log;

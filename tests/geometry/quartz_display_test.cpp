@@ -1,6 +1,7 @@
 #include "geometry/quartz_display.h"
 
 #include "desktop/memory/memory_displays.h"
+#include "support/print_geometry.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -50,11 +51,8 @@ TEST_F(QuartzDisplayTest, FindsTheDisplayOfAPointOrARectangle) {
         Rect rect;
         DisplayId found;
     } rects[] = {
-        {{100, 50, 800, 600}, 7},
-        {{1400, 0, 1900, 900}, 7}, // most of it on the other
-        {{1440, 0, 10, 10}, 9},
-        {{-500, -500, 500, 500}, 0},
-        {{100, 100, 0, 0}, 0},
+        {{100, 50, 800, 600}, 7}, {{1400, 0, 1900, 900}, 7}, // most of it on the other
+        {{1440, 0, 10, 10}, 9},   {{-500, -500, 500, 500}, 0}, {{100, 100, 0, 0}, 0},
     };
     for (const auto& [rect, found] : rects) {
         EXPECT_EQ(idOf(QuartzDisplay::withRect(displays_, rect)), found) << rect.x;

@@ -2,6 +2,7 @@
 
 #include "accessibility/accessibility_helper.h"
 #include "desktop/memory/memory_desktop.h"
+#include "support/print_geometry.h"
 
 #include <gtest/gtest.h>
 
@@ -75,7 +76,11 @@ TEST_F(WindowPlacementTest, ScalesAUserStateToTheDisplay) {
          {1573, 37, 800.0 / 1440 * 1920, 743}},
         {"an equal one elsewhere", {100, 50, 800, 600}, kMain, kEndId, {3460, 27, 800, 623}},
         {"a smaller display", {1440, 0, 960, 540}, kRight, kMainId, {0, -23, 720, 473}},
-        {"halves round away from zero", {1, -1, 2, 2}, {0, 0, 2, 2}, kMainId, {720, -473, 1440, 923}},
+        {"halves round away from zero",
+         {1, -1, 2, 2},
+         {0, 0, 2, 2},
+         kMainId,
+         {720, -473, 1440, 923}},
         {"a half below zero", {-0.5, 0, 1, 1}, {0, 0, 1440, 100}, kMainId, {-1, -23, 1, 32}},
     };
     for (const auto& [what, saved, savedOn, on, frame] : cases) {
@@ -172,8 +177,8 @@ TEST_F(WindowPlacementTest, WritesThePositionAgainAfterTheSize) {
 TEST_F(WindowPlacementTest, SurvivesAWindowThatVanishesBetweenTwoWrites) {
     desktop_.accessibility.setBeforeWrite(
         [&](MemoryWindowId window) { desktop_.windows.closeWindow(window); });
-    EXPECT_TRUE(applyToWindowElement(*builtIn({1, 1}), element_, display(kMainId),
-                                     desktop_.displays));
+    EXPECT_TRUE(
+        applyToWindowElement(*builtIn({1, 1}), element_, display(kMainId), desktop_.displays));
 }
 
 } // namespace

@@ -63,7 +63,7 @@ protected:
 
 TEST_F(CarbonEventManagerTest, ConvertsModifierFlagsBothWays) {
     const std::pair<std::uint64_t, std::uint64_t> pairs[] = {
-        {0x100000, 0x100}, {0x20000, 0x200},   {0x80000, 0x800}, {0x40000, 0x1000},
+        {0x100000, 0x100},  {0x20000, 0x200},     {0x80000, 0x800}, {0x40000, 0x1000},
         {0x1E0000, 0x1B00}, {0x800000, 0x800000}, {0, 0},
     };
     for (const auto& [application, hotKey] : pairs) {

@@ -64,8 +64,7 @@ xcb_window_t ActiveWindows::readActiveWindow() {
     const auto active =
         XPropertyRequest(connection_, connection_.root(), connection_.atoms()._NET_ACTIVE_WINDOW)
             .number();
-    return manager_.isRunning() ? active.value_or(kNoWindow)
-                                : kNoWindow;
+    return manager_.isRunning() ? active.value_or(kNoWindow) : kNoWindow;
 }
 
 bool ActiveWindows::isDesktopOrDock(xcb_window_t window) {

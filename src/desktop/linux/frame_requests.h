@@ -10,9 +10,9 @@ namespace panewright {
 
 /// How an outer frame is asked of a window manager: the arithmetic alone.
 
-/// X windows stand on whole pixels. A position is rounded up, so that it equals the centred one that
-/// a state computes; a fraction below 1/512 is noise of 32-bit steps and dropped before. A size is
-/// rounded to the nearest and at least 1.
+/// X windows stand on whole pixels. A position is rounded up, so that it equals the centred one
+/// that a state computes; a fraction below 1/512 is noise of 32-bit steps and dropped before. A
+/// size is rounded to the nearest and at least 1.
 Point roundedPosition(Point position);
 Size roundedSize(Size size);
 
@@ -29,9 +29,9 @@ struct PositionRequest {
     friend bool operator==(const PositionRequest&, const PositionRequest&) = default;
 };
 
-/// Asks for the client (with its border, in root coordinates) to stand at `client`. `gravity` is the
-/// window's own: a request that names another makes some managers shift the window later. A manager
-/// that sets no frame extents (`managerTells` false) takes the client's own coordinates.
+/// Asks for the client (with its border, in root coordinates) to stand at `client`. `gravity` is
+/// the window's own: a request that names another makes some managers shift the window later. A
+/// manager that sets no frame extents (`managerTells` false) takes the client's own coordinates.
 PositionRequest positionRequest(const Rect& client, const Extents& decoration,
                                 std::uint32_t gravity, bool managerTells);
 
@@ -43,8 +43,8 @@ struct SettledFrame {
     Rect settled;
 };
 
-/// The written frame while the window still stands where it settled and no edge of that is more than
-/// 64 pixels from what was written; else the true one.
+/// The written frame while the window still stands where it settled and no edge of that is more
+/// than 64 pixels from what was written; else the true one.
 Rect frameToReport(const Rect& trueFrame, const std::optional<SettledFrame>& memory);
 
 } // namespace panewright

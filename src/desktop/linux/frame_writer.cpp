@@ -45,8 +45,7 @@ void leaveBlockingStates(XConnection& connection, xcb_window_t window, const Win
 } // namespace
 
 FrameWriter::FrameWriter(XConnection& connection, WindowManager& manager, MainLoop& mainLoop)
-    : connection_(connection), manager_(manager), mainLoop_(mainLoop),
-      fence_(connection, manager),
+    : connection_(connection), manager_(manager), mainLoop_(mainLoop), fence_(connection, manager),
       events_(connection.onEvent([this](const auto& event) { handle(event); })),
       managerChanges_(manager.onChange([this] {
           fence_.giveUp();
@@ -205,8 +204,8 @@ void FrameWriter::askForSize(xcb_window_t window, const Rect& client,
     const std::uint32_t height = inner(client.height);
     if (!manager_.isRunning()) {
         const std::uint32_t values[] = {width, height};
-        xcb_configure_window(connection_, window, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
-                             values);
+        xcb_configure_window(connection_, window,
+                             XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, values);
         return;
     }
     const bool managerTells = manager_.supports(connection_.atoms()._NET_FRAME_EXTENTS);
@@ -276,9 +275,8 @@ Rect FrameWriter::expectedFrame(const Job& job, const WindowGeometry& geometry) 
 }
 
 void FrameWriter::remember(xcb_window_t window, const Job& job, const Rect& frame) {
-    const Rect written =
-        makeRect(job.position ? roundedPosition(*job.position) : frame.origin(),
-                 job.size ? *job.size : frame.size());
+    const Rect written = makeRect(job.position ? roundedPosition(*job.position) : frame.origin(),
+                                  job.size ? *job.size : frame.size());
     auto& memory = memories_[window];
     memory.frame = {written, frame};
     if (!memory.selection) {

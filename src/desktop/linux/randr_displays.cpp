@@ -35,8 +35,8 @@ RandrDisplays::RandrDisplays(XConnection& connection, MainLoop& mainLoop)
       randrEvent_(connection.firstEventOf(xcb_randr_id)),
       // Monitors that are defined by hand change nothing but the root's configuration.
       rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY)),
-      arrivals_(connection.onArrival(
-          [this](const auto& event) { stale_ = stale_ || isChange(event); })),
+      arrivals_(
+          connection.onArrival([this](const auto& event) { stale_ = stale_ || isChange(event); })),
       events_(connection.onEvent([this](const auto& event) {
           if (isChange(event)) {
               reportSoon();
@@ -47,11 +47,10 @@ RandrDisplays::RandrDisplays(XConnection& connection, MainLoop& mainLoop)
         constexpr std::uint32_t kMinor = 5;
         connection.reply(xcb_randr_query_version_reply,
                          xcb_randr_query_version(connection, kMajor, kMinor));
-        xcb_randr_select_input(connection, connection.root(),
-                               XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE |
-                                   XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE |
-                                   XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE |
-                                   XCB_RANDR_NOTIFY_MASK_OUTPUT_PROPERTY);
+        xcb_randr_select_input(
+            connection, connection.root(),
+            XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE |
+                XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE | XCB_RANDR_NOTIFY_MASK_OUTPUT_PROPERTY);
         connection.flushSoon();
     }
     reported_ = monitors();
@@ -126,9 +125,8 @@ std::vector<RandrDisplays::Monitor> RandrDisplays::readMonitors() const {
     if (!randrEvent_) {
         return found;
     }
-    const auto reply =
-        connection_.reply(xcb_randr_get_monitors_reply,
-                          xcb_randr_get_monitors(connection_, connection_.root(), 1));
+    const auto reply = connection_.reply(
+        xcb_randr_get_monitors_reply, xcb_randr_get_monitors(connection_, connection_.root(), 1));
     if (!reply) {
         return found;
     }
@@ -196,8 +194,8 @@ EdidIdentity RandrDisplays::identityOf(const std::vector<std::uint32_t>& outputs
 
 const RandrDisplays::Monitor* RandrDisplays::find(DisplayId display) const {
     const auto& all = monitors();
-    const auto found = std::find_if(all.begin(), all.end(),
-                                    [&](const Monitor& m) { return m.id == display; });
+    const auto found =
+        std::find_if(all.begin(), all.end(), [&](const Monitor& m) { return m.id == display; });
     return found == all.end() ? nullptr : &*found;
 }
 

@@ -13,8 +13,8 @@
 namespace panewright {
 
 /// Displays as the monitors of RandR 1.5, in root-window pixels. A monitor with the rectangle of an
-/// earlier one mirrors it. An identifier belongs to the connector with the hardware on it, and comes
-/// back with it.
+/// earlier one mirrors it. An identifier belongs to the connector with the hardware on it, and
+/// comes back with it.
 ///
 /// While displays are being reconfigured there may be none for a moment: the last ones known are
 /// kept then.

@@ -4,8 +4,7 @@
 
 namespace panewright {
 
-WindowFrameWatch::WindowFrameWatch(XConnection& connection, FrameWriter& writer,
-                                   MainLoop& mainLoop)
+WindowFrameWatch::WindowFrameWatch(XConnection& connection, FrameWriter& writer, MainLoop& mainLoop)
     : connection_(connection), writer_(writer), mainLoop_(mainLoop),
       events_(connection.onEvent([this](const auto& event) { handle(event); })),
       settled_(writer.onSettled([this](xcb_window_t window) { check(window); })) {}
@@ -22,8 +21,8 @@ std::shared_ptr<WindowFrameWatch::Watched> WindowFrameWatch::watch(xcb_window_t 
     auto& watched = watched_[window];
     if (!watched) {
         watched = std::make_shared<Watched>();
-        watched->selection = connection_.selectEvents(
-            window, XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE);
+        watched->selection = connection_.selectEvents(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY |
+                                                                  XCB_EVENT_MASK_PROPERTY_CHANGE);
         followAncestor(window, *watched);
         watched->reported = writer_.settledFrame(window).value_or(Rect{});
     }

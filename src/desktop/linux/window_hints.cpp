@@ -25,8 +25,7 @@ bool holds(const std::vector<std::uint32_t>& atoms, xcb_atom_t atom) {
 } // namespace
 
 SizeHints readSizeHints(XConnection& connection, xcb_window_t window) {
-    const auto fields =
-        XPropertyRequest(connection, window, XCB_ATOM_WM_NORMAL_HINTS).numbers();
+    const auto fields = XPropertyRequest(connection, window, XCB_ATOM_WM_NORMAL_HINTS).numbers();
     SizeHints hints;
     if (fields.size() <= kMaxHeight) {
         return hints;
@@ -37,7 +36,8 @@ SizeHints readSizeHints(XConnection& connection, xcb_window_t window) {
         hints.fixedHeight = fields[kMinHeight] == fields[kMaxHeight] && fields[kMaxHeight] > 0;
     }
     if ((flags & kPWinGravity) && fields.size() > kWinGravity &&
-        fields[kWinGravity] >= XCB_GRAVITY_NORTH_WEST && fields[kWinGravity] <= XCB_GRAVITY_STATIC) {
+        fields[kWinGravity] >= XCB_GRAVITY_NORTH_WEST &&
+        fields[kWinGravity] <= XCB_GRAVITY_STATIC) {
         hints.gravity = fields[kWinGravity];
     }
     return hints;

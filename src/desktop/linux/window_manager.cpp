@@ -30,8 +30,7 @@ WindowManager::Current WindowManager::read() {
     if (found.checkWindow == kNoWindow) {
         return found;
     }
-    found.selection =
-        connection_.selectEvents(found.checkWindow, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    found.selection = connection_.selectEvents(found.checkWindow, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     const auto& atoms = connection_.atoms();
     XPropertyRequest name(connection_, found.checkWindow, atoms._NET_WM_NAME);
     XPropertyRequest supported(connection_, connection_.root(), atoms._NET_SUPPORTED);

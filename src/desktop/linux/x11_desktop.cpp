@@ -6,8 +6,8 @@ namespace panewright {
 
 std::unique_ptr<X11Desktop> X11Desktop::open(MainLoop& mainLoop, std::string ownBundleIdentifier) {
     auto connection = XConnection::open(mainLoop);
-    return connection ? std::unique_ptr<X11Desktop>(new X11Desktop(
-                            std::move(connection), mainLoop, std::move(ownBundleIdentifier)))
+    return connection ? std::unique_ptr<X11Desktop>(new X11Desktop(std::move(connection), mainLoop,
+                                                                   std::move(ownBundleIdentifier)))
                       : nullptr;
 }
 

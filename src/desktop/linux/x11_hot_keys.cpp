@@ -200,9 +200,8 @@ void X11HotKeys::pressed(const xcb_key_press_event_t& press) {
         return; // auto-repeat
     }
     // While a grab is active every key arrives, so which key it is must be looked at.
-    const std::uint32_t modifiers =
-        press.state & (XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL | grabbedWith_.alt |
-                       grabbedWith_.super);
+    const std::uint32_t modifiers = press.state & (XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL |
+                                                   grabbedWith_.alt | grabbedWith_.super);
     const Grab arrived{press.detail, modifiers};
     for (const auto& [ref, hotKey] : hotKeys_) {
         const auto grabs = grabsOf(hotKey.virtualKeyCode, hotKey.modifiers);

@@ -49,8 +49,7 @@ std::unique_ptr<XConnection> XConnection::open(MainLoop& mainLoop) {
     for (; screenNumber > 0 && screens.rem > 1; --screenNumber) {
         xcb_screen_next(&screens);
     }
-    return std::unique_ptr<XConnection>(
-        new XConnection(mainLoop, connection, screens.data->root));
+    return std::unique_ptr<XConnection>(new XConnection(mainLoop, connection, screens.data->root));
 }
 
 XConnection::XConnection(MainLoop& mainLoop, xcb_connection_t* connection, xcb_window_t root)

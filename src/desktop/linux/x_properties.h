@@ -11,8 +11,8 @@
 namespace panewright {
 
 /// A window property that has been asked for. Asking for several before taking the first answer
-/// costs one round trip. A property that is missing, of another format, or of a window that is gone,
-/// is nil or empty.
+/// costs one round trip. A property that is missing, of another format, or of a window that is
+/// gone, is nil or empty.
 class XPropertyRequest {
 public:
     /// `longLength` bounds the answer, in units of four bytes.

@@ -18,9 +18,9 @@ struct KeypadKey {
 
 /// What stands on the keypad, whatever NumLock makes of it.
 constexpr KeypadKey kKeypad[] = {
-    {65, "."}, {67, "*"}, {69, "+"}, {75, "/"}, {78, "-"}, {81, "="}, {82, "0"}, {83, "1"},
-    {84, "2"}, {85, "3"}, {86, "4"}, {87, "5"}, {88, "6"}, {89, "7"}, {91, "8"}, {92, "9"},
-    {95, ","},
+    {65, "."}, {67, "*"}, {69, "+"}, {75, "/"}, {78, "-"}, {81, "="},
+    {82, "0"}, {83, "1"}, {84, "2"}, {85, "3"}, {86, "4"}, {87, "5"},
+    {88, "6"}, {89, "7"}, {91, "8"}, {92, "9"}, {95, ","},
 };
 
 struct DeadKey {
@@ -30,23 +30,32 @@ struct DeadKey {
 
 /// A dead key types nothing by itself, but its accent stands on it.
 constexpr DeadKey kDeadKeys[] = {
-    {XKB_KEY_dead_grave, "`"},           {XKB_KEY_dead_acute, "\u00B4"},
-    {XKB_KEY_dead_circumflex, "^"},      {XKB_KEY_dead_tilde, "~"},
-    {XKB_KEY_dead_macron, "\u00AF"},     {XKB_KEY_dead_breve, "\u02D8"},
-    {XKB_KEY_dead_abovedot, "\u02D9"},   {XKB_KEY_dead_diaeresis, "\u00A8"},
-    {XKB_KEY_dead_abovering, "\u02DA"},  {XKB_KEY_dead_doubleacute, "\u02DD"},
-    {XKB_KEY_dead_caron, "\u02C7"},      {XKB_KEY_dead_cedilla, "\u00B8"},
-    {XKB_KEY_dead_ogonek, "\u02DB"},     {XKB_KEY_dead_iota, "\u037A"},
-    {XKB_KEY_dead_stroke, "/"},          {XKB_KEY_dead_belowdot, "."},
-    {XKB_KEY_dead_hook, "\u02C0"},       {XKB_KEY_dead_horn, "\u02BC"},
-    {XKB_KEY_dead_greek, "\u00B5"},      {XKB_KEY_dead_currency, "\u00A4"},
+    {XKB_KEY_dead_grave, "`"},
+    {XKB_KEY_dead_acute, "\u00B4"},
+    {XKB_KEY_dead_circumflex, "^"},
+    {XKB_KEY_dead_tilde, "~"},
+    {XKB_KEY_dead_macron, "\u00AF"},
+    {XKB_KEY_dead_breve, "\u02D8"},
+    {XKB_KEY_dead_abovedot, "\u02D9"},
+    {XKB_KEY_dead_diaeresis, "\u00A8"},
+    {XKB_KEY_dead_abovering, "\u02DA"},
+    {XKB_KEY_dead_doubleacute, "\u02DD"},
+    {XKB_KEY_dead_caron, "\u02C7"},
+    {XKB_KEY_dead_cedilla, "\u00B8"},
+    {XKB_KEY_dead_ogonek, "\u02DB"},
+    {XKB_KEY_dead_iota, "\u037A"},
+    {XKB_KEY_dead_stroke, "/"},
+    {XKB_KEY_dead_belowdot, "."},
+    {XKB_KEY_dead_hook, "\u02C0"},
+    {XKB_KEY_dead_horn, "\u02BC"},
+    {XKB_KEY_dead_greek, "\u00B5"},
+    {XKB_KEY_dead_currency, "\u00A4"},
     {XKB_KEY_dead_doublegrave, "\u02F5"},
 };
 
 std::string textOf(xkb_keysym_t symbol) {
-    const auto* const dead =
-        std::find_if(std::begin(kDeadKeys), std::end(kDeadKeys),
-                     [&](const DeadKey& key) { return key.symbol == symbol; });
+    const auto* const dead = std::find_if(std::begin(kDeadKeys), std::end(kDeadKeys),
+                                          [&](const DeadKey& key) { return key.symbol == symbol; });
     if (dead != std::end(kDeadKeys)) {
         return dead->accent;
     }

@@ -79,10 +79,9 @@ XkbKeymap::XkbKeymap(XConnection& connection, MainLoop& mainLoop)
     : connection_(connection), mainLoop_(mainLoop),
       context_(xkb_context_new(XKB_CONTEXT_NO_DEFAULT_INCLUDES)),
       events_(connection.onEvent([this](const auto& event) { handle(event); })) {
-    if (xkb_x11_setup_xkb_extension(connection, XKB_X11_MIN_MAJOR_XKB_VERSION,
-                                    XKB_X11_MIN_MINOR_XKB_VERSION,
-                                    XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr,
-                                    &xkbEvent_, nullptr)) {
+    if (xkb_x11_setup_xkb_extension(
+            connection, XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
+            XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, &xkbEvent_, nullptr)) {
         selectXkbEvents();
     }
     reload();
@@ -97,10 +96,9 @@ void XkbKeymap::selectXkbEvents() {
     xcb_xkb_select_events_aux(connection_, XCB_XKB_ID_USE_CORE_KBD, events, 0, events, mapParts,
                               mapParts, &details);
     // A key that is held then sends presses only, without releases between them.
-    const auto repeat = xcb_xkb_per_client_flags(connection_, XCB_XKB_ID_USE_CORE_KBD,
-                                                 XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT,
-                                                 XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT, 0,
-                                                 0, 0);
+    const auto repeat = xcb_xkb_per_client_flags(
+        connection_, XCB_XKB_ID_USE_CORE_KBD, XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT,
+        XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT, 0, 0, 0);
     connection_.reply(xcb_xkb_per_client_flags_reply, repeat);
 }
 
@@ -136,8 +134,8 @@ void XkbKeymap::reload() {
 ModifierMasks XkbKeymap::readModifiers() {
     ModifierMasks masks;
     masks.locks = {XCB_MOD_MASK_LOCK};
-    const auto mapping = connection_.reply(xcb_get_modifier_mapping_reply,
-                                           xcb_get_modifier_mapping(connection_));
+    const auto mapping =
+        connection_.reply(xcb_get_modifier_mapping_reply, xcb_get_modifier_mapping(connection_));
     if (!mapping) {
         return masks;
     }

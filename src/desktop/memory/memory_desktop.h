@@ -17,9 +17,7 @@ namespace panewright {
 struct MemoryDesktop {
     static constexpr ProcessId kOwnPid = 1;
 
-    MemoryDesktop() {
-        windows.addApplication({kOwnPid, program.bundleIdentifier(), "Panewright"});
-    }
+    MemoryDesktop() { windows.addApplication({kOwnPid, program.bundleIdentifier(), "Panewright"}); }
 
     MemoryMainLoop mainLoop;
     MemoryProgram program;

@@ -11,7 +11,8 @@ void MemoryWindows::addApplication(RunningApplication application) {
 
 MemoryWindowId MemoryWindows::openWindow(Window window) {
     const auto id = nextWindow_++;
-    stacks_[window.pid].push_back(id);
+    auto& stack = stacks_[window.pid];
+    stack.insert(stack.begin(), id);
     windows_.emplace(id, std::move(window));
     return id;
 }
@@ -54,10 +55,10 @@ void MemoryWindows::setFrame(MemoryWindowId window, const Rect& frame) {
     auto& changed = found->second;
     const Rect before = std::exchange(
         changed.frame,
-        makeRect(frame.origin(),
-                 {std::clamp(frame.width, changed.minimumSize.width, changed.maximumSize.width),
-                  std::clamp(frame.height, changed.minimumSize.height,
-                             changed.maximumSize.height)}));
+        makeRect(
+            frame.origin(),
+            {std::clamp(frame.width, changed.minimumSize.width, changed.maximumSize.width),
+             std::clamp(frame.height, changed.minimumSize.height, changed.maximumSize.height)}));
     const Rect after = changed.frame;
     if (before.origin() != after.origin()) {
         notify(window, NSAccessibilityWindowMovedNotification);

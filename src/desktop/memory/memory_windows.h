@@ -32,7 +32,8 @@ public:
 
     void addApplication(RunningApplication application);
 
-    /// On top of its application's windows; does not become active.
+    /// Below its application's other windows: the first one is its focused window, a later one
+    /// when it is activated.
     MemoryWindowId openWindow(Window window);
     void closeWindow(MemoryWindowId window);
 

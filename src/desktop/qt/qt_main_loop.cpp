@@ -45,11 +45,10 @@ Registration QtMainLoop::after(std::chrono::milliseconds delay, std::function<vo
 
 Registration QtMainLoop::whenReadable(int descriptor, std::function<void()> callback) {
     auto notifier = std::make_shared<QSocketNotifier>(descriptor, QSocketNotifier::Read);
-    QObject::connect(notifier.get(), &QSocketNotifier::activated,
-                     [callback = std::move(callback)] {
-                         const auto running = callback;
-                         running();
-                     });
+    QObject::connect(notifier.get(), &QSocketNotifier::activated, [callback = std::move(callback)] {
+        const auto running = callback;
+        running();
+    });
     return Registration([notifier] {
         notifier->setEnabled(false);
         notifier->disconnect();
