@@ -30,7 +30,7 @@ ChildProcess::ChildProcess(std::vector<std::string> arguments, const Environment
     std::vector<std::string> assignments;
     assignments.reserve(environment.size());
     for (const auto& [name, value] : environment) {
-        assignments.push_back(name + "=" + value);
+        assignments.push_back(std::string(name).append("=").append(value));
     }
     const std::vector<char*> argv = pointersTo(arguments);
     const std::vector<char*> envp = pointersTo(assignments);

@@ -6,7 +6,7 @@
 namespace panewright::test {
 
 /// Long enough for a busy machine; only a test that fails waits so long.
-constexpr std::chrono::milliseconds kPatience{10000};
+constexpr std::chrono::milliseconds kPatience{5000};
 
 /// Whether the condition holds before the timeout ends.
 template <class Condition>
