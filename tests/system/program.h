@@ -3,7 +3,6 @@
 #include "support/desktop.h"
 
 #include <stdexcept>
-#include <utility>
 
 namespace panewright::test {
 
@@ -12,8 +11,7 @@ class Program {
 public:
     explicit Program(const Desktop& desktop) : Program(desktop.environment()) {}
 
-    explicit Program(Environment environment)
-        : process_({PANEWRIGHT_PROGRAM}, std::move(environment)) {
+    explicit Program(const Environment& environment) : process_({PANEWRIGHT_PROGRAM}, environment) {
         if (!process_.waitForErrorLine("panewright: ready")) {
             throw std::runtime_error("the program is not ready: " + process_.standardError());
         }
