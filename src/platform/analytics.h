@@ -1,12 +1,15 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <string>
 #include <string_view>
+#include <variant>
 
 namespace panewright {
 
-using EventAttributes = std::map<std::string, std::string>;
+using EventAttribute = std::variant<std::int64_t, std::string>;
+using EventAttributes = std::map<std::string, EventAttribute>;
 
 /// The usage-analytics service. An adapter may drop every event.
 class Analytics {

@@ -1,0 +1,30 @@
+#include "menubar/hot_key_collisions.h"
+
+#include "model/window_state.h"
+
+#include <map>
+
+namespace panewright {
+
+std::uint64_t combinationNumber(const WindowState& state) {
+    const auto& event = state.keyEvent();
+    return event ? event->keyCode() + event->modifierFlags() : 0;
+}
+
+std::vector<std::shared_ptr<WindowState>>
+statesWithoutCollisions(const std::vector<std::vector<std::shared_ptr<WindowState>>>& lists) {
+    std::map<std::uint64_t, std::shared_ptr<WindowState>> holders;
+    for (const auto& list : lists) {
+        for (const auto& state : list) {
+            holders[combinationNumber(*state)] = state;
+        }
+    }
+    std::vector<std::shared_ptr<WindowState>> states;
+    states.reserve(holders.size());
+    for (const auto& [number, state] : holders) {
+        states.push_back(state);
+    }
+    return states;
+}
+
+} // namespace panewright

@@ -1,0 +1,180 @@
+#include "shortcuts/carbon_event_manager.h"
+
+#include "shortcuts/hot_key_id_counter.h"
+#include "shortcuts/modifier_flags.h"
+
+#include <array>
+
+namespace panewright {
+namespace {
+
+struct FlagPair {
+    std::uint64_t application;
+    std::uint64_t hotKey;
+};
+
+constexpr std::array<FlagPair, 5> kFlagPairs{{
+    {kCommandFlag, kHotKeyCommand},
+    {kShiftFlag, kHotKeyShift},
+    {kOptionFlag, kHotKeyOption},
+    {kControlFlag, kHotKeyControl},
+    {kFunctionFlag, kFunctionFlag},
+}};
+
+/// One for the process: ids are never shared, whichever registry takes them.
+HotKeyIdCounter& hotKeyIds() {
+    static HotKeyIdCounter counter;
+    return counter;
+}
+
+struct Shared {
+    CarbonEventManager::Factory factory;
+    std::unique_ptr<CarbonEventManager> manager;
+};
+
+Shared& shared() {
+    static Shared shared;
+    return shared;
+}
+
+} // namespace
+
+CarbonEventManager& CarbonEventManager::sharedManager() {
+    if (!shared().manager) {
+        shared().manager = shared().factory();
+    }
+    return *shared().manager;
+}
+
+void CarbonEventManager::setSharedManagerFactory(Factory factory) {
+    shared().manager.reset();
+    shared().factory = std::move(factory);
+}
+
+CarbonEventManager::CarbonEventManager(Services services) : services_(services) {
+    restoreFromDefaults();
+}
+
+CarbonEventManager::~CarbonEventManager() {
+    writesToDefaults_ = false;
+    removeAllEvents();
+}
+
+std::uint64_t CarbonEventManager::cocoaToCarbonModifierFlags(std::uint64_t flags) {
+    std::uint64_t converted = 0;
+    for (const auto& pair : kFlagPairs) {
+        converted |= (flags & pair.application) ? pair.hotKey : 0;
+    }
+    return converted;
+}
+
+std::uint64_t CarbonEventManager::carbonToCocoaModifierFlags(std::uint64_t flags) {
+    std::uint64_t converted = 0;
+    for (const auto& pair : kFlagPairs) {
+        converted |= (flags & pair.hotKey) ? pair.application : 0;
+    }
+    return converted;
+}
+
+std::uint64_t CarbonEventManager::keyForKeyCode(std::uint64_t keyCode,
+                                                std::uint64_t modifierFlags) const {
+    return keyCode + modifierFlags;
+}
+
+std::uint64_t CarbonEventManager::hotKeyIdFromKeyEvent(const CarbonKeyEvent& event) const {
+    return event.registration_.hotKeyId.id;
+}
+
+CarbonEventManager::KeyEventPtr CarbonEventManager::keyEventFromHotKeyId(std::uint32_t id) const {
+    const auto found = keyEvents_.find(id);
+    return found == keyEvents_.end() ? nullptr : found->second;
+}
+
+void CarbonEventManager::addCarbonKeyEvent(const KeyEventPtr& event) {
+    const auto key = keyForKeyCode(event->keyCode(), event->modifierFlags());
+    if (const auto stored = keyEvents_.find(key); stored != keyEvents_.end()) {
+        removeEntry(key, stored->second);
+    }
+    auto& registration = event->registration_;
+    registration.hotKeyId.id = hotKeyIds().take();
+    registration.eventSpec = {kEventClassKeyboard, kEventHotKeyPressed};
+    const auto modifiers = cocoaToCarbonModifierFlags(event->modifierFlags());
+    registration.hotKeyRef =
+        services_.hotKeys
+            .registerHotKey(static_cast<std::uint32_t>(event->keyCode()),
+                            static_cast<std::uint32_t>(modifiers), registration.hotKeyId)
+            .ref;
+    registration.eventHandlerRef = services_.hotKeys.installHandler(
+        registration.eventSpec, carbonEventHotKeyHandler, nullptr);
+    keyEvents_[key] = event;
+    keyEvents_[hotKeyIdFromKeyEvent(*event)] = event;
+    saveToDefaults();
+}
+
+void CarbonEventManager::addCarbonKeyEventsInArray(const std::vector<KeyEventPtr>& events) {
+    for (const auto& event : events) {
+        addCarbonKeyEvent(event);
+    }
+}
+
+void CarbonEventManager::removeCarbonKeyEvent(const KeyEventPtr& event) {
+    removeEntry(keyForKeyCode(event->keyCode(), event->modifierFlags()), event);
+}
+
+void CarbonEventManager::removeCarbonKeyEventWithKeyCode(std::uint64_t keyCode,
+                                                         std::uint64_t modifierFlags) {
+    const auto key = keyForKeyCode(keyCode, modifierFlags);
+    const auto stored = keyEvents_.find(key);
+    removeEntry(key, stored == keyEvents_.end() ? nullptr : stored->second);
+}
+
+void CarbonEventManager::removeEntry(std::uint64_t key, KeyEventPtr event) { // NOLINT(performance-unnecessary-value-param)
+    if (keyEvents_.contains(key)) {
+        services_.hotKeys.removeHandler(event->registration_.eventHandlerRef);
+        services_.hotKeys.unregisterHotKey(event->registration_.hotKeyRef);
+        keyEvents_.erase(key);
+        keyEvents_.erase(hotKeyIdFromKeyEvent(*event));
+    }
+    saveToDefaults();
+}
+
+bool CarbonEventManager::hasCarbonKeyEvent(const CarbonKeyEvent& event) const {
+    return hasCarbonKeyEventWithKeyCode(event.keyCode(), event.modifierFlags());
+}
+
+bool CarbonEventManager::hasCarbonKeyEventWithKeyCode(std::uint64_t keyCode,
+                                                      std::uint64_t modifierFlags) const {
+    return keyEvents_.contains(keyForKeyCode(keyCode, modifierFlags));
+}
+
+std::vector<CarbonEventManager::KeyEventPtr> CarbonEventManager::allKeyEvents() const {
+    std::vector<KeyEventPtr> events;
+    events.reserve(keyEvents_.size());
+    for (const auto& [key, event] : keyEvents_) {
+        events.push_back(event);
+    }
+    return events;
+}
+
+void CarbonEventManager::removeAllEvents() {
+    for (const auto& event : allKeyEvents()) {
+        removeCarbonKeyEvent(event);
+    }
+    saveToDefaults();
+}
+
+EventStatus CarbonEventManager::handleHotKeyEvent(const HotKeyEvent& event) {
+    if (event.parameterStatus != kNoError) {
+        return event.parameterStatus;
+    }
+    if (const auto pressed = keyEventFromHotKeyId(event.hotKeyId.id)) {
+        pressed->invoke(services_.mainLoop);
+    }
+    return kNoError;
+}
+
+EventStatus carbonEventHotKeyHandler(const HotKeyEvent& event, void* /*userData*/) {
+    return CarbonEventManager::sharedManager().handleHotKeyEvent(event);
+}
+
+} // namespace panewright

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+
+namespace panewright {
+
+/// Modifier flags in the application's form, the one that is archived and shown.
+constexpr std::uint64_t kShiftFlag = 0x20000;
+constexpr std::uint64_t kControlFlag = 0x40000;
+constexpr std::uint64_t kOptionFlag = 0x80000;
+constexpr std::uint64_t kCommandFlag = 0x100000;
+constexpr std::uint64_t kFunctionFlag = 0x800000;
+
+/// Modifiers in the form of the hot-key interface.
+constexpr std::uint64_t kHotKeyCommand = 0x100;
+constexpr std::uint64_t kHotKeyShift = 0x200;
+constexpr std::uint64_t kHotKeyOption = 0x800;
+constexpr std::uint64_t kHotKeyControl = 0x1000;
+
+} // namespace panewright
