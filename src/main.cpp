@@ -1,6 +1,7 @@
 #include "app/app_delegate.h"
 #include "base/log.h"
 #include "desktop/linux/ini_user_defaults.h"
+#include "desktop/linux/linux_program.h"
 #include "desktop/linux/termination_signals.h"
 #include "desktop/linux/x11_desktop.h"
 #include "desktop/qt/qt_main_loop.h"
@@ -21,11 +22,6 @@ using namespace panewright;
 
 constexpr int kExitCannotStart = 1;
 constexpr int kExitServerLost = 2;
-
-class LinuxProgram : public ProgramInformation {
-public:
-    std::string bundleIdentifier() const override { return "com.quillfen.Panewright"; }
-};
 
 /// Nothing leaves the machine.
 class NoAnalytics : public Analytics {

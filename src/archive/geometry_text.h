@@ -7,9 +7,9 @@
 
 namespace panewright {
 
-/// The platform's text of a rectangle and of a size, "{{x, y}, {w, h}}" and "{w, h}": each number the
-/// shortest text that reads back to the same double, whole numbers without a fraction, whatever the
-/// locale.
+/// The platform's text of a rectangle and of a size, "{{x, y}, {w, h}}" and "{w, h}": each number
+/// the shortest text that reads back to the same double, whole numbers without a fraction, whatever
+/// the locale.
 std::string NSStringFromRect(const Rect& rect);
 std::string NSStringFromSize(Size size);
 

@@ -4,9 +4,9 @@
 
 namespace panewright {
 
-/// Every point and rectangle of the program is in the display server's global space: in points, with
-/// the origin at the top-left corner of the main display and y growing downwards. On X11 a point is
-/// a pixel. Equality is exact.
+/// Every point and rectangle of the program is in the display server's global space: in points,
+/// with the origin at the top-left corner of the main display and y growing downwards. On X11 a
+/// point is a pixel. Equality is exact.
 
 struct Point {
     double x = 0;

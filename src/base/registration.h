@@ -13,7 +13,8 @@ public:
     explicit Registration(std::function<void()> release) : release_(std::move(release)) {}
     ~Registration() { release(); }
 
-    Registration(Registration&& other) noexcept : release_(std::exchange(other.release_, nullptr)) {}
+    Registration(Registration&& other) noexcept
+        : release_(std::exchange(other.release_, nullptr)) {}
     Registration& operator=(Registration&& other) noexcept {
         if (this != &other) {
             release();

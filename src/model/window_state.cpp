@@ -85,6 +85,26 @@ void WindowState::encodeWithCoder(KeyedEncoder& encoder) const {
     }
 }
 
+std::shared_ptr<KeyedCoding> WindowState::copyForArchiving() const {
+    auto copy = init();
+    copy->isDefault_ = isDefault_;
+    copy->isGlobal_ = isGlobal_;
+    copy->centerWindow_ = centerWindow_;
+    copy->prefersDisplay_ = prefersDisplay_;
+    copy->appBundleId_ = appBundleId_;
+    copy->appName_ = appName_;
+    copy->windowStateName_ = windowStateName_;
+    copy->windowScale_ = windowScale_;
+    copy->originalWindowRect_ = originalWindowRect_;
+    copy->originalQuartzDisplayBounds_ = originalQuartzDisplayBounds_;
+    if (keyEvent_) {
+        copy->keyEvent_ = CarbonKeyEvent::carbonEventWithKeyCode(keyEvent_->keyCode(),
+                                                                 keyEvent_->modifierFlags());
+        copy->keyEvent_->setTag(keyEvent_->tag());
+    }
+    return copy;
+}
+
 void WindowState::installKeyEvent() {
     if (keyEvent_) {
         keyEvent_->setTarget(shared_from_this(), &WindowState::onKeyEvent);

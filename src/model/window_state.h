@@ -33,6 +33,10 @@ public:
     std::string_view archiveClassName() const override { return kArchiveClassName; }
     void encodeWithCoder(KeyedEncoder& encoder) const override;
 
+    /// A state of its own with all that is archived of this one, for another thread to archive: it
+    /// shares nothing, pictures least of all, which only the main thread may release.
+    std::shared_ptr<KeyedCoding> copyForArchiving() const;
+
     /// One of the built-in states, placed by windowScale().
     bool isDefault() const { return isDefault_; }
     void setIsDefault(bool isDefault) { isDefault_ = isDefault; }

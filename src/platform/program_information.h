@@ -10,6 +10,9 @@ public:
     virtual ~ProgramInformation() = default;
 
     virtual std::string bundleIdentifier() const = 0;
+
+    /// The file name of the program.
+    virtual std::string executableName() const = 0;
 };
 
 } // namespace panewright

@@ -1,15 +1,14 @@
 #pragma once
 
+#include "base/bytes.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
-#include <vector>
 
 namespace panewright {
-
-using Bytes = std::vector<std::uint8_t>;
 
 /// A value of the user-defaults store.
 using DefaultsValue = std::variant<bool, std::int64_t, double, std::string, Bytes>;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "support/eventually.h"
-#include "support/temporary_folder.h"
+#include "support/private_home.h"
 
 #include <optional>
 #include <string>

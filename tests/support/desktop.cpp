@@ -5,11 +5,11 @@ namespace panewright::test {
 Desktop::Desktop() : Desktop(XServer::Options{}) {}
 
 Desktop::Desktop(const XServer::Options& options, std::string_view windowManager)
-    : server_(options, folder_.environment()), x_(server_.display()), keyboard_(x_),
-      windowManager_(windowManager, x_, folder_, environment()) {}
+    : server_(options, home_.environment()), x_(server_.display()), keyboard_(x_),
+      windowManager_(windowManager, x_, home_, environment()) {}
 
 Environment Desktop::environment() const {
-    Environment environment = folder_.environment();
+    Environment environment = home_.environment();
     environment["DISPLAY"] = server_.display();
     return environment;
 }

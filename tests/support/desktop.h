@@ -28,7 +28,7 @@ public:
                            const std::vector<std::string>& arguments = {}) const;
 
 private:
-    TemporaryFolder folder_;
+    PrivateHome home_;
     XServer server_;
     XClient x_;
     Keyboard keyboard_;

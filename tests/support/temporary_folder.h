@@ -1,29 +1,53 @@
 #pragma once
 
+#include <cstdlib>
 #include <filesystem>
-#include <map>
+#include <fstream>
+#include <iterator>
 #include <string>
-#include <string_view>
 
-namespace panewright::test {
+namespace panewright {
 
-using Environment = std::map<std::string, std::string>;
-
-/// A folder that goes with its object, and the environment of a user who has nothing but it.
+/// A folder of the test's own, gone with all its content when the test ends.
 class TemporaryFolder {
 public:
-    TemporaryFolder();
-    ~TemporaryFolder();
+    TemporaryFolder() {
+        std::string name = (std::filesystem::temp_directory_path() / "panewright-XXXXXX").string();
+        path_ = ::mkdtemp(name.data());
+    }
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-    std::filesystem::path write(std::string_view name, std::string_view content) const;
-
-    /// PATH, a plain locale, and HOME and the XDG folders inside this folder.
-    Environment environment() const;
+    const std::filesystem::path& path() const { return path_; }
 
 private:
     std::filesystem::path path_;
 };
 
-} // namespace panewright::test
+inline std::string contentOf(const std::filesystem::path& file) {
+    std::ifstream input(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(input), {}};
+}
+
+inline void setContent(const std::filesystem::path& file, const std::string& content) {
+    std::ofstream(file, std::ios::binary) << content;
+}
+
+/// The names in the folder that begin so.
+inline int countOfNames(const std::filesystem::path& folder, const std::string& start) {
+    int count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        count += entry.path().filename().string().rfind(start, 0) == 0 ? 1 : 0;
+    }
+    return count;
+}
+
+inline int modeOf(const std::filesystem::path& file) {
+    return static_cast<int>(std::filesystem::status(file).permissions());
+}
+
+} // namespace panewright

@@ -7,17 +7,17 @@ namespace panewright::test {
 namespace {
 
 // No key bindings, so that every key reaches the program under test.
-constexpr std::string_view kOpenboxConfiguration = R"(
+constexpr const char* kOpenboxConfiguration = R"(
 <openbox_config xmlns="http://openbox.org/3.4/rc">
   <theme><name>Clearlooks</name></theme>
   <keyboard/>
 </openbox_config>
 )";
 
-std::vector<std::string> commandLine(std::string_view name, const TemporaryFolder& folder) {
+std::vector<std::string> commandLine(std::string_view name, const PrivateHome& home) {
     if (name == "openbox") {
         return {"openbox", "--sm-disable", "--config-file",
-                folder.write("openbox.xml", kOpenboxConfiguration)};
+                home.write("openbox.xml", kOpenboxConfiguration)};
     }
     throw std::runtime_error("no command line for the window manager " + std::string(name));
 }
@@ -50,9 +50,9 @@ private:
 
 } // namespace
 
-WindowManager::WindowManager(std::string_view name, const XClient& x, const TemporaryFolder& folder,
+WindowManager::WindowManager(std::string_view name, const XClient& x, const PrivateHome& home,
                              const Environment& environment)
-    : process_(commandLine(name, folder), environment) {
+    : process_(commandLine(name, home), environment) {
     const Probe probe(x);
     if (!eventually([&] { return probe.isAnswered() || process_.exitStatus().has_value(); }) ||
         process_.exitStatus()) {

@@ -12,7 +12,7 @@ class WindowManager {
 public:
     /// One of those that window_manager.cpp lists; only openbox is among the packages that the
     /// project installs.
-    WindowManager(std::string_view name, const XClient& x, const TemporaryFolder& folder,
+    WindowManager(std::string_view name, const XClient& x, const PrivateHome& home,
                   const Environment& environment);
 
 private:

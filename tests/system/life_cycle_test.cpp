@@ -33,8 +33,8 @@ TEST(LifeCycle, EndsWithAMessageWhenTheServerGoesAway) {
 }
 
 TEST(LifeCycle, EndsWithAMessageWithoutADisplay) {
-    const TemporaryFolder folder;
-    const Environment none = folder.environment();
+    const PrivateHome home;
+    const Environment none = home.environment();
     Environment unreachable = none;
     unreachable["DISPLAY"] = ":32000";
     for (const Environment& environment : {none, unreachable}) {

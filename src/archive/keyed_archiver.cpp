@@ -1,0 +1,203 @@
+#include "archive/keyed_archiver.h"
+
+#include "archive/geometry_text.h"
+#include "archive/plist_node.h"
+#include "base/unicode.h"
+
+#include <bit>
+#include <initializer_list>
+#include <map>
+#include <unordered_map>
+
+namespace panewright {
+namespace {
+
+using Uid = std::uint64_t;
+constexpr Uid kNilUid = 0;
+
+/// The table of one archive while it is being written.
+class ObjectTable {
+public:
+    ObjectTable() { add(plist_new_string("$null")); }
+
+    Uid encode(const ArchiveValue& value) {
+        return std::visit([this](const auto& content) { return encode(content); }, value.content());
+    }
+    Uid encode(std::monostate /*nil*/) { return kNilUid; }
+    Uid encode(bool value) {
+        return shared(PLIST_BOOLEAN, value ? 1 : 0, [&] { return plist_new_bool(value ? 1 : 0); });
+    }
+    Uid encode(std::uint64_t value) {
+        return shared(PLIST_UINT, value, [&] { return plist_new_uint(value); });
+    }
+    // A negative number goes in as its two's complement and stands as one in the file.
+    Uid encode(std::int64_t value) { return encode(static_cast<std::uint64_t>(value)); }
+    Uid encode(double value) {
+        return shared(PLIST_REAL, std::bit_cast<std::uint64_t>(value),
+                      [&] { return plist_new_real(value); });
+    }
+    Uid encode(const std::string& text) {
+        const auto [entry, isNew] = texts_.try_emplace(text, kNilUid);
+        if (isNew) {
+            entry->second = add(plist_new_string(wellFormedUtf8(text).c_str()));
+        }
+        return entry->second;
+    }
+    Uid encode(Size size) {
+        const std::string text = NSStringFromSize(size);
+        const auto [entry, isNew] = sizes_.try_emplace(text, kNilUid);
+        if (isNew) {
+            plist_t value = plist_new_dict();
+            entry->second = add(value);
+            plist_dict_set_item(value, "NS.special", plist_new_uint(kSpecialSize));
+            plist_dict_set_item(value, "NS.sizeval", plist_new_uid(encode(text)));
+            setClass(value, {"NSValue", "NSObject"});
+        }
+        return entry->second;
+    }
+    Uid encode(const ArchiveArray& array) {
+        plist_t value = plist_new_dict();
+        const Uid uid = add(value);
+        plist_t objects = plist_new_array();
+        for (const ArchiveValue& element : array) {
+            plist_array_append_item(objects, plist_new_uid(encode(element)));
+        }
+        plist_dict_set_item(value, "NS.objects", objects);
+        setClass(value, {"NSMutableArray", "NSArray", "NSObject"});
+        return uid;
+    }
+    Uid encode(const ArchiveDictionary& dictionary) {
+        plist_t value = plist_new_dict();
+        const Uid uid = add(value);
+        plist_t keys = plist_new_array();
+        plist_t objects = plist_new_array();
+        for (const ArchiveEntry& entry : dictionary) {
+            plist_array_append_item(keys, plist_new_uid(encode(entry.key)));
+            plist_array_append_item(objects, plist_new_uid(encode(entry.value)));
+        }
+        plist_dict_set_item(value, "NS.keys", keys);
+        plist_dict_set_item(value, "NS.objects", objects);
+        setClass(value, {"NSMutableDictionary", "NSDictionary", "NSObject"});
+        return uid;
+    }
+    Uid encode(const std::shared_ptr<KeyedCoding>& object) {
+        return encode(std::shared_ptr<const KeyedCoding>(object));
+    }
+    Uid encode(std::shared_ptr<const KeyedCoding> object);
+
+    /// Hands the table over; nothing can be encoded after that.
+    plist_t release() { return objects_.release(); }
+
+private:
+    Uid add(plist_t node) {
+        plist_array_append_item(objects_.get(), node);
+        return count_++;
+    }
+
+    /// One entry for all numbers of the kind and the bits.
+    template <class Make>
+    Uid shared(plist_type kind, std::uint64_t bits, Make make) {
+        const auto [entry, isNew] = numbers_.try_emplace({kind, bits}, kNilUid);
+        if (isNew) {
+            entry->second = add(make());
+        }
+        return entry->second;
+    }
+
+    /// `names` are the class itself and the classes that it comes from.
+    void setClass(plist_t object, std::initializer_list<std::string_view> names) {
+        const auto [entry, isNew] = classes_.try_emplace(std::string(*names.begin()), kNilUid);
+        if (isNew) {
+            plist_t description = plist_new_dict();
+            entry->second = add(description);
+            plist_t chain = plist_new_array();
+            for (const std::string_view name : names) {
+                plist_array_append_item(chain, plist_new_string(std::string(name).c_str()));
+            }
+            plist_dict_set_item(description, "$classname", plist_new_string(entry->first.c_str()));
+            plist_dict_set_item(description, "$classes", chain);
+        }
+        plist_dict_set_item(object, "$class", plist_new_uid(entry->second));
+    }
+
+    PlistNode objects_{plist_new_array()};
+    Uid count_ = 0;
+    std::map<std::pair<plist_type, std::uint64_t>, Uid> numbers_;
+    std::unordered_map<std::string, Uid> texts_;
+    std::unordered_map<std::string, Uid> sizes_;
+    std::map<std::string, Uid> classes_;
+    // Holding the objects keeps an address from being used twice.
+    std::unordered_map<std::shared_ptr<const KeyedCoding>, Uid> seen_;
+};
+
+/// Writes the fields of one object into its entry.
+class ObjectEncoder : public KeyedEncoder {
+public:
+    ObjectEncoder(ObjectTable& table, plist_t entry) : table_(table), entry_(entry) {}
+
+    void encodeBool(std::string_view key, bool value) override { set(key, table_.encode(value)); }
+    void encodeUnsigned(std::string_view key, std::uint64_t value) override {
+        set(key, table_.encode(value));
+    }
+    void encodeSigned(std::string_view key, std::int64_t value) override {
+        set(key, table_.encode(value));
+    }
+    void encodeString(std::string_view key, const std::optional<std::string>& value) override {
+        if (value) {
+            set(key, table_.encode(*value));
+        }
+    }
+    void encodeSize(std::string_view key, Size value) override { set(key, table_.encode(value)); }
+    void encodeObject(std::string_view key, std::shared_ptr<const KeyedCoding> value) override {
+        if (value) {
+            set(key, table_.encode(std::move(value)));
+        }
+    }
+
+private:
+    void set(std::string_view key, Uid value) {
+        plist_dict_set_item(entry_, escapedArchiveKey(key).c_str(), plist_new_uid(value));
+    }
+
+    ObjectTable& table_;
+    plist_t entry_;
+};
+
+Uid ObjectTable::encode(std::shared_ptr<const KeyedCoding> object) {
+    const auto [entry, isNew] = seen_.try_emplace(object, count_);
+    const Uid uid = entry->second;
+    if (isNew) {
+        plist_t fields = plist_new_dict();
+        add(fields);
+        ObjectEncoder encoder(*this, fields);
+        object->encodeWithCoder(encoder);
+        setClass(fields, {object->archiveClassName(), "NSObject"});
+    }
+    return uid;
+}
+
+} // namespace
+
+std::string escapedArchiveKey(std::string_view key) {
+    return key.substr(0, 1) == "$" ? '$' + std::string(key) : std::string(key);
+}
+
+Bytes KeyedArchiver::archivedDataWithRootObject(const ArchiveValue& root) {
+    ObjectTable table;
+    const Uid rootUid = table.encode(root);
+    const PlistNode archive(plist_new_dict());
+    plist_dict_set_item(archive.get(), "$version", plist_new_uint(kArchiverVersion));
+    plist_dict_set_item(archive.get(), "$archiver", plist_new_string(kArchiverName.data()));
+    plist_t top = plist_new_dict();
+    plist_dict_set_item(archive.get(), "$top", top);
+    plist_dict_set_item(top, "root", plist_new_uid(rootUid));
+    plist_dict_set_item(archive.get(), "$objects", table.release());
+
+    char* bytes = nullptr;
+    std::uint32_t length = 0;
+    plist_to_bin(archive.get(), &bytes, &length);
+    const CPointer<char> owned(bytes);
+    return Bytes(bytes, bytes + length);
+}
+
+} // namespace panewright

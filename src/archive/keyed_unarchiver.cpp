@@ -1,0 +1,315 @@
+#include "archive/keyed_unarchiver.h"
+
+#include "archive/binary_property_list_check.h"
+#include "archive/geometry_text.h"
+#include "archive/keyed_archiver.h"
+#include "archive/plist_node.h"
+#include "base/unicode.h"
+
+#include <cmath>
+#include <type_traits>
+
+namespace panewright {
+namespace {
+
+PlistNode parsedBinaryPropertyList(const Bytes& data) {
+    plist_t node = nullptr;
+    if (isSafeBinaryPropertyList(data)) {
+        plist_from_bin(reinterpret_cast<const char*>(data.data()),
+                       static_cast<std::uint32_t>(data.size()), &node);
+    }
+    return PlistNode(node);
+}
+
+/// The items of an array, empty for any other node: the parser's own access by index is linear.
+std::vector<plist_t> itemsOf(plist_t array) {
+    std::vector<plist_t> items;
+    if (isPlist(array, PLIST_ARRAY)) {
+        items.reserve(plist_array_get_size(array));
+        plist_array_iter iterator = nullptr;
+        plist_array_new_iter(array, &iterator);
+        const CPointer<void> owned(iterator);
+        plist_t item = nullptr;
+        while (plist_array_next_item(array, iterator, &item), item) {
+            items.push_back(item);
+        }
+    }
+    return items;
+}
+
+plist_t itemOf(plist_t dictionary, std::string_view key) {
+    return isPlist(dictionary, PLIST_DICT)
+               ? plist_dict_get_item(dictionary, std::string(key).c_str())
+               : nullptr;
+}
+
+std::uint64_t unsignedOf(plist_t node) {
+    std::uint64_t value = 0;
+    plist_get_uint_val(node, &value);
+    return value;
+}
+
+double realOf(plist_t node) {
+    double value = 0;
+    plist_get_real_val(node, &value);
+    return value;
+}
+
+/// A boolean or a number as a whole number, fractions cut off; zero for any other node and for what
+/// does not fit.
+template <class Whole>
+Whole wholeOf(plist_t node) {
+    if (isPlist(node, PLIST_BOOLEAN)) {
+        std::uint8_t value = 0;
+        plist_get_bool_val(node, &value);
+        return value ? 1 : 0;
+    }
+    if (isPlist(node, PLIST_UINT)) {
+        return static_cast<Whole>(unsignedOf(node));
+    }
+    if (isPlist(node, PLIST_REAL)) {
+        const double value = std::trunc(realOf(node));
+        const double lowest = std::is_signed_v<Whole> ? -0x1p63 : 0;
+        const double beyond = std::is_signed_v<Whole> ? 0x1p63 : 0x1p64;
+        return value >= lowest && value < beyond ? static_cast<Whole>(value) : 0;
+    }
+    return 0;
+}
+
+/// One archive while it is being read. Any fault stops the reading for good: from then on
+/// everything reads as nil, and the archive as nothing.
+class Unarchiving {
+public:
+    Unarchiving(std::vector<plist_t> objects, const ArchiveClasses& classes)
+        : objects_(std::move(objects)), made_(objects_.size()), classes_(classes) {}
+
+    bool failed() const { return failed_; }
+
+    ArchiveValue value(plist_t reference);
+    std::shared_ptr<KeyedCoding> object(plist_t reference);
+
+    /// The node that a value stands for: it is either in place or a reference into the table. Null
+    /// for nil.
+    plist_t resolve(plist_t reference) {
+        const auto uid = uidOf(reference);
+        if (!uid) {
+            return reference;
+        }
+        if (*uid >= objects_.size() || uidOf(objects_[*uid])) {
+            failed_ = true;
+        }
+        return failed_ || *uid == 0 ? nullptr : objects_[*uid];
+    }
+
+    /// "$classname" of an object, empty for any other node.
+    std::string classNameOf(plist_t node) {
+        return textOf(itemOf(resolve(itemOf(node, "$class")), "$classname")).value_or("");
+    }
+
+    /// Nothing unless it is text, mutable or not, or a size value.
+    std::optional<std::string> text(plist_t node);
+    std::optional<Size> size(plist_t node);
+
+private:
+    struct Made {
+        bool isBeingMade = false;
+        std::shared_ptr<KeyedCoding> object;
+    };
+
+    /// Counts one level of nesting while it lives.
+    class Level {
+    public:
+        explicit Level(Unarchiving& owner) : owner_(owner) {
+            owner.failed_ = ++owner.depth_ > kMaxArchiveDepth || owner.failed_;
+        }
+        ~Level() { --owner_.depth_; }
+        Level(const Level&) = delete;
+        Level& operator=(const Level&) = delete;
+
+    private:
+        Unarchiving& owner_;
+    };
+
+    ArchiveValue number(plist_t node) const;
+    ArchiveValue container(plist_t node, const std::string& className);
+    std::shared_ptr<KeyedCoding> make(plist_t node);
+    std::nullptr_t fail() {
+        failed_ = true;
+        return nullptr;
+    }
+
+    std::vector<plist_t> objects_;
+    std::vector<Made> made_; // by the same index
+    const ArchiveClasses& classes_;
+    std::size_t elements_ = 0;
+    int depth_ = 0;
+    bool failed_ = false;
+};
+
+class ObjectDecoder : public KeyedDecoder {
+public:
+    ObjectDecoder(Unarchiving& archive, plist_t fields) : archive_(archive), fields_(fields) {}
+
+    bool containsValueForKey(std::string_view key) const override { return item(key) != nullptr; }
+    bool decodeBool(std::string_view key) const override {
+        plist_t node = field(key);
+        return isPlist(node, PLIST_REAL) ? realOf(node) != 0 : wholeOf<std::uint64_t>(node) != 0;
+    }
+    std::uint64_t decodeUnsigned(std::string_view key) const override {
+        return wholeOf<std::uint64_t>(field(key));
+    }
+    std::int64_t decodeSigned(std::string_view key) const override {
+        return wholeOf<std::int64_t>(field(key));
+    }
+    std::optional<std::string> decodeString(std::string_view key) const override {
+        return archive_.text(field(key));
+    }
+    std::optional<Size> decodeSize(std::string_view key) const override {
+        return archive_.size(field(key));
+    }
+    std::shared_ptr<KeyedCoding> decodeObject(std::string_view key) const override {
+        return archive_.object(item(key));
+    }
+
+private:
+    plist_t item(std::string_view key) const { return itemOf(fields_, escapedArchiveKey(key)); }
+    plist_t field(std::string_view key) const { return archive_.resolve(item(key)); }
+
+    Unarchiving& archive_;
+    plist_t fields_;
+};
+
+std::optional<std::string> Unarchiving::text(plist_t node) {
+    std::optional<std::string> text = textOf(node);
+    if (!text && isPlist(node, PLIST_DICT)) {
+        const std::string name = classNameOf(node);
+        if (name == "NSMutableString" || name == "NSString") {
+            text = textOf(resolve(itemOf(node, "NS.string")));
+        }
+    }
+    return text ? std::optional(wellFormedUtf8(*text)) : std::nullopt;
+}
+
+std::optional<Size> Unarchiving::size(plist_t node) {
+    if (classNameOf(node) != "NSValue" ||
+        wholeOf<std::uint64_t>(resolve(itemOf(node, "NS.special"))) != kSpecialSize) {
+        return std::nullopt;
+    }
+    const auto numbers = text(resolve(itemOf(node, "NS.sizeval")));
+    return numbers ? std::optional(NSSizeFromString(*numbers)) : std::nullopt;
+}
+
+ArchiveValue Unarchiving::number(plist_t node) const {
+    if (isPlist(node, PLIST_REAL)) {
+        return realOf(node);
+    }
+    if (isPlist(node, PLIST_BOOLEAN)) {
+        return wholeOf<std::uint64_t>(node) != 0;
+    }
+    const std::uint64_t value = unsignedOf(node);
+    return value >> 63 ? ArchiveValue(static_cast<std::int64_t>(value)) : ArchiveValue(value);
+}
+
+ArchiveValue Unarchiving::value(plist_t reference) {
+    const Level level(*this);
+    plist_t node = resolve(reference);
+    if (failed_ || !node) {
+        return {};
+    }
+    if (isPlist(node, PLIST_BOOLEAN) || isPlist(node, PLIST_UINT) || isPlist(node, PLIST_REAL)) {
+        return number(node);
+    }
+    if (auto found = text(node)) {
+        return *std::move(found);
+    }
+    if (const auto found = size(node)) {
+        return *found;
+    }
+    const std::string name = classNameOf(node);
+    return name == "NSArray" || name == "NSMutableArray" || name == "NSDictionary" ||
+                   name == "NSMutableDictionary"
+               ? container(node, name)
+               : ArchiveValue(object(reference));
+}
+
+ArchiveValue Unarchiving::container(plist_t node, const std::string& className) {
+    plist_t list = itemOf(node, "NS.objects");
+    const std::vector<plist_t> items = itemsOf(list);
+    elements_ += items.size();
+    if (!isPlist(list, PLIST_ARRAY) || elements_ > kMaxArchiveElements) {
+        return ArchiveValue(std::shared_ptr<KeyedCoding>(fail()));
+    }
+    if (className == "NSArray" || className == "NSMutableArray") {
+        ArchiveArray array;
+        for (plist_t item : items) {
+            array.push_back(value(item));
+            if (failed_) {
+                return {};
+            }
+        }
+        return array;
+    }
+    const std::vector<plist_t> keys = itemsOf(itemOf(node, "NS.keys"));
+    if (keys.size() != items.size()) {
+        return ArchiveValue(std::shared_ptr<KeyedCoding>(fail()));
+    }
+    ArchiveDictionary dictionary;
+    for (std::size_t index = 0; index < keys.size(); ++index) {
+        dictionary.push_back({value(keys[index]), value(items[index])});
+        if (failed_) {
+            return {};
+        }
+    }
+    return dictionary;
+}
+
+std::shared_ptr<KeyedCoding> Unarchiving::object(plist_t reference) {
+    plist_t node = resolve(reference);
+    if (failed_ || !node) {
+        return nullptr;
+    }
+    const auto uid = uidOf(reference);
+    if (!uid) { // an object stands in the table, always
+        return fail();
+    }
+    if (made_[*uid].object) {
+        return made_[*uid].object;
+    }
+    if (made_[*uid].isBeingMade) {
+        return fail();
+    }
+    made_[*uid].isBeingMade = true;
+    made_[*uid].object = make(node);
+    made_[*uid].isBeingMade = false;
+    return made_[*uid].object;
+}
+
+std::shared_ptr<KeyedCoding> Unarchiving::make(plist_t node) {
+    const Level level(*this);
+    const auto known = classes_.find(classNameOf(node));
+    if (failed_ || known == classes_.end()) {
+        return fail();
+    }
+    auto object = known->second(ObjectDecoder(*this, node));
+    return object ? object : fail();
+}
+
+} // namespace
+
+std::optional<ArchiveValue>
+KeyedUnarchiver::unarchiveObjectWithData(const Bytes& data, const ArchiveClasses& classes) {
+    const PlistNode archive = parsedBinaryPropertyList(data);
+    const auto archiver = textOf(itemOf(archive.get(), "$archiver"));
+    plist_t version = itemOf(archive.get(), "$version");
+    plist_t root = itemOf(itemOf(archive.get(), "$top"), "root");
+    std::vector<plist_t> objects = itemsOf(itemOf(archive.get(), "$objects"));
+    if (archiver != kArchiverName || !isPlist(version, PLIST_UINT) ||
+        unsignedOf(version) != kArchiverVersion || !uidOf(root) || objects.empty()) {
+        return std::nullopt;
+    }
+    Unarchiving unarchiving(std::move(objects), classes);
+    ArchiveValue value = unarchiving.value(root);
+    return unarchiving.failed() ? std::nullopt : std::optional(std::move(value));
+}
+
+} // namespace panewright

@@ -1,0 +1,134 @@
+#include "model/model.h"
+
+#include "base/log.h"
+#include "model/default_window_states.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace panewright {
+namespace {
+
+struct SharedModel {
+    std::function<std::unique_ptr<Model>()> make;
+    std::unique_ptr<Model> model;
+};
+
+SharedModel& shared() {
+    static SharedModel shared;
+    return shared;
+}
+
+} // namespace
+
+Model& Model::instance() {
+    if (!shared().model) {
+        shared().model = shared().make();
+    }
+    return *shared().model;
+}
+
+void Model::setFactory(std::function<std::unique_ptr<Model>()> factory) {
+    shared().model = nullptr;
+    shared().make = std::move(factory);
+}
+
+Model::Model(const StandardFolders& folders, UserDefaults& defaults)
+    : defaults_(defaults), file_(folders), writer_(file_) {
+    loadWindowStates();
+    if (!defaultWindowStates()) {
+        restoreDefaultWindowStates();
+    }
+}
+
+void Model::loadWindowStates() {
+    writer_.drain();
+    windowStates_ = std::nullopt;
+    const auto content = file_.read();
+    if (content) {
+        windowStates_ = unarchivedWindowStates(content.value());
+        if (windowStates_) {
+            file_.accept();
+            save(); // a file in the plain form becomes a compressed one
+        } else {
+            logLine("Error reading window states: the file is damaged and stays as it is");
+        }
+    } else if (content.error().isNoSuchFile) {
+        windowStates_.emplace();
+    } else {
+        logLine("Error reading window states: " + content.error().message);
+    }
+}
+
+void Model::save() {
+    if (!windowStates_) {
+        return;
+    }
+    for (auto entry = windowStates_->begin(); entry != windowStates_->end();) {
+        const bool isKept =
+            entry->first == kDefaultsKey || entry->first == kGlobalsKey || !entry->second->empty();
+        entry = isKept ? std::next(entry) : windowStates_->erase(entry);
+    }
+    writer_.write(snapshotOf(*windowStates_));
+}
+
+void Model::restoreDefaultWindowStates() {
+    if (windowStates_) {
+        windowStates_->insert_or_assign(
+            std::string(kDefaultsKey),
+            std::make_shared<WindowStateArray>(makeDefaultWindowStates()));
+        save();
+    }
+}
+
+void Model::addWindowState(const std::shared_ptr<WindowState>& state) {
+    if (!windowStates_ || !state || (!state->isGlobal() && !state->appBundleId())) {
+        return;
+    }
+    auto& array =
+        (*windowStates_)[state->isGlobal() ? std::string(kGlobalsKey) : *state->appBundleId()];
+    if (!array) {
+        array = std::make_shared<WindowStateArray>();
+    }
+    array->push_back(state);
+}
+
+void Model::removeWindowState(const std::shared_ptr<WindowState>& state) {
+    if (windowStates_) {
+        std::shared_ptr<WindowStateArray> holder;
+        for (const auto& [key, array] : *windowStates_) {
+            if (std::find(array->begin(), array->end(), state) != array->end()) {
+                holder = array;
+            }
+        }
+        if (holder) {
+            holder->erase(std::remove(holder->begin(), holder->end(), state), holder->end());
+        }
+    }
+    save();
+}
+
+std::shared_ptr<CarbonKeyEvent> Model::moveToNextWindowKeyEvent() const {
+    if (!defaults_.objectForKey(kMoveToNextWindowKeyCodeKey)) {
+        return nullptr;
+    }
+    return CarbonKeyEvent::carbonEventWithKeyCode(
+        static_cast<std::uint64_t>(defaults_.integerForKey(kMoveToNextWindowKeyCodeKey)),
+        static_cast<std::uint64_t>(defaults_.integerForKey(kMoveToNextWindowKeyModifiersKey)));
+}
+
+bool Model::allowWindowStateShortcutsToMoveWindowNextDisplay() {
+    defaults_.registerDefaults({{std::string(kAllowMoveWindowKey), std::int64_t{0}}});
+    return defaults_.boolForKey(kAllowMoveWindowKey);
+}
+
+void Model::setAllowsMoveWindow(bool allows) {
+    defaults_.setBool(kAllowMoveWindowKey, allows);
+}
+
+std::shared_ptr<WindowStateArray> Model::arrayFor(std::string_view key) const {
+    const auto found = windowStates_ ? windowStates_->find(key) : WindowStates::const_iterator();
+    return windowStates_ && found != windowStates_->end() ? found->second : nullptr;
+}
+
+} // namespace panewright

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "model/store_file.h"
+#include "model/store_writer.h"
+#include "model/window_state_archive.h"
+#include "services/defaults.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+namespace panewright {
+
+class CarbonKeyEvent;
+
+// The keys of the dictionary that are no bundle identifiers.
+inline constexpr std::string_view kDefaultsKey = "defaults";
+inline constexpr std::string_view kGlobalsKey = "globals";
+
+// Keys of the user defaults.
+inline constexpr std::string_view kMoveToNextWindowKeyCodeKey = "MoveToNextWindowKeyEventKeyCode";
+inline constexpr std::string_view kMoveToNextWindowKeyModifiersKey =
+    "MoveToNextWindowKeyEventKeyModifiers";
+inline constexpr std::string_view kAllowMoveWindowKey = "AllowMoveWindow";
+
+/// The single store of all window states. Main thread only.
+class Model {
+public:
+    /// The one store, made on the first call by the factory, which must have been set. The store's
+    /// lock must be held by then.
+    static Model& instance();
+    /// Drops the store that there may be.
+    static void setFactory(std::function<std::unique_ptr<Model>()> factory);
+
+    /// Loads the store, or starts one with the built-in states. The ports must outlive it.
+    Model(const StandardFolders& folders, UserDefaults& defaults);
+
+    /// Nil when the file was there but could not be read: then nothing is added or saved, and the
+    /// file stays as it is.
+    const std::optional<WindowStates>& windowStates() const { return windowStates_; }
+
+    /// Replaces everything; nothing is saved yet. A save after that sets a file that could not be
+    /// read aside.
+    void setWindowStates(std::optional<WindowStates> states) { windowStates_ = std::move(states); }
+
+    void loadWindowStates();
+
+    /// Hands the states to the background writer as they are now, without the applications that
+    /// have none left.
+    void save();
+
+    /// Puts newly made built-in states in the place of those that there are, and saves.
+    void restoreDefaultWindowStates();
+
+    /// Adds the state behind the others of its application, or the global ones; also when it is
+    /// there already. A state that is neither global nor of an application is ignored.
+    void addWindowState(const std::shared_ptr<WindowState>& state);
+
+    /// Removes that very object and saves, also when it was not there. Its hot key stays
+    /// registered.
+    void removeWindowState(const std::shared_ptr<WindowState>& state);
+
+    /// The dictionary is a copy, the arrays are the live ones.
+    std::optional<WindowStates> allWindowStates() const { return windowStates_; }
+
+    /// The live arrays; null when there is none.
+    std::shared_ptr<WindowStateArray> defaultWindowStates() const { return arrayFor(kDefaultsKey); }
+    std::shared_ptr<WindowStateArray> globalWindowStates() const { return arrayFor(kGlobalsKey); }
+    std::shared_ptr<WindowStateArray> windowStatesForAppBundleId(std::string_view id) const {
+        return arrayFor(id);
+    }
+
+    /// A new key event for the shortcut that moves the focused window to the next display; null
+    /// when none is set.
+    std::shared_ptr<CarbonKeyEvent> moveToNextWindowKeyEvent() const;
+
+    /// Whether a state's hot key moves the window on when the state is in effect already.
+    bool allowWindowStateShortcutsToMoveWindowNextDisplay();
+    void setAllowsMoveWindow(bool allows);
+
+    /// Returns when the last save has reached the disk or has failed.
+    void finishSaving() { writer_.drain(); }
+
+private:
+    std::shared_ptr<WindowStateArray> arrayFor(std::string_view key) const;
+
+    Defaults defaults_;
+    StoreFile file_;
+    StoreWriter writer_;
+    std::optional<WindowStates> windowStates_;
+};
+
+} // namespace panewright
