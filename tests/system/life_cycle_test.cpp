@@ -15,6 +15,8 @@ constexpr std::chrono::milliseconds kAtOnce{2000};
 
 TEST(LifeCycle, EndsOnSigtermAndReleasesTheKeys) {
     Desktop desktop;
+    const TestClient window(desktop.display());
+    window.activate(); // hot keys are installed while there is a program to be in
     const xcb_keycode_t key = Keyboard::keycode(KEY_2);
     Program program(desktop);
     EXPECT_FALSE(desktop.x().grabKey(XCB_MOD_MASK_1, key));
