@@ -1,0 +1,101 @@
+#include "support/test_client.h"
+
+#include "support/eventually.h"
+
+#include <stdexcept>
+#include <unistd.h>
+
+namespace panewright::test {
+
+TestClient::TestClient(const std::string& display) : TestClient(display, Options{}) {}
+
+TestClient::TestClient(const std::string& display, const Options& options)
+    : x_(display), window_(xcb_generate_id(x_.connection())) {
+    xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(x_.connection())).data;
+    const std::array<std::uint32_t, 2> values{screen->white_pixel, XCB_EVENT_MASK_KEY_PRESS |
+                                                                       XCB_EVENT_MASK_FOCUS_CHANGE};
+    xcb_create_window(
+        x_.connection(), XCB_COPY_FROM_PARENT, window_, x_.root(),
+        static_cast<std::int16_t>(options.client.x), static_cast<std::int16_t>(options.client.y),
+        static_cast<std::uint16_t>(options.client.width),
+        static_cast<std::uint16_t>(options.client.height), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+        screen->root_visual, XCB_CW_BACK_PIXEL | XCB_CW_EVENT_MASK, values.data());
+    setHints(options);
+    xcb_map_window(x_.connection(), window_);
+    xcb_flush(x_.connection());
+    const bool managed = !x_.property(x_.root(), "_NET_SUPPORTING_WM_CHECK").empty();
+    const auto isFramed = [&] {
+        const std::vector<std::uint32_t> state = x_.property(window_, "WM_STATE");
+        return !state.empty() && !x_.property(window_, "_NET_FRAME_EXTENTS").empty();
+    };
+    if (managed && !eventually(isFramed)) {
+        throw std::runtime_error("the window manager does not frame the test window");
+    }
+    x_.synchronize();
+}
+
+void TestClient::setHints(const Options& options) const {
+    constexpr std::uint32_t kUserPosition = 1 << 0;
+    constexpr std::uint32_t kMinimumSize = 1 << 4;
+    constexpr std::uint32_t kMaximumSize = 1 << 5;
+    constexpr std::uint32_t kIncrements = 1 << 6;
+    constexpr std::uint32_t kGravity = 1 << 9;
+    std::vector<std::uint32_t> hints(18); // WM_SIZE_HINTS of the ICCCM
+    hints[0] = kUserPosition | kGravity;
+    hints[17] = options.gravity;
+    const auto set = [&](std::uint32_t flag, std::size_t index, const std::optional<Extent>& size) {
+        if (size) {
+            hints[0] |= flag;
+            hints[index] = size->width;
+            hints[index + 1] = size->height;
+        }
+    };
+    set(kMinimumSize, 5, options.minimumSize);
+    set(kMaximumSize, 7, options.maximumSize);
+    set(kIncrements, 9, options.increments);
+    x_.setProperty(window_, "WM_NORMAL_HINTS", XCB_ATOM_WM_SIZE_HINTS, hints);
+
+    const std::string classHint =
+        options.windowClass + std::string(1, '\0') + options.windowClass + std::string(1, '\0');
+    const auto setText = [&](xcb_atom_t property, const std::string& text) {
+        xcb_change_property(x_.connection(), XCB_PROP_MODE_REPLACE, window_, property,
+                            XCB_ATOM_STRING, 8, static_cast<std::uint32_t>(text.size()),
+                            text.data());
+    };
+    setText(XCB_ATOM_WM_NAME, options.title);
+    setText(XCB_ATOM_WM_CLASS, classHint);
+    x_.setProperty(window_, "_NET_WM_PID", XCB_ATOM_CARDINAL,
+                   {static_cast<std::uint32_t>(getpid())});
+    if (options.gtkFrameExtents) {
+        const auto& extents = *options.gtkFrameExtents;
+        x_.setProperty(window_, "_GTK_FRAME_EXTENTS", XCB_ATOM_CARDINAL,
+                       {extents.begin(), extents.end()});
+    }
+}
+
+bool TestClient::isActive() const {
+    return x_.property(x_.root(), "_NET_ACTIVE_WINDOW") == std::vector<std::uint32_t>{window_};
+}
+
+void TestClient::activate() const {
+    constexpr std::uint32_t kPager = 2;
+    x_.sendToWindowManager(window_, "_NET_ACTIVE_WINDOW", {kPager, XCB_CURRENT_TIME});
+    if (!eventually([this] { return isActive(); })) {
+        throw std::runtime_error("the window manager does not activate the test window");
+    }
+}
+
+int TestClient::keyPresses() {
+    constexpr std::uint8_t kSentByAClient = 0x80;
+    while (const ReplyPointer<xcb_generic_event_t> event{xcb_poll_for_event(x_.connection())}) {
+        keyPresses_ += (event->response_type & ~kSentByAClient) == XCB_KEY_PRESS ? 1 : 0;
+    }
+    return keyPresses_;
+}
+
+void TestClient::destroy() const {
+    xcb_destroy_window(x_.connection(), window_);
+    xcb_flush(x_.connection());
+}
+
+} // namespace panewright::test

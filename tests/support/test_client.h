@@ -1,0 +1,58 @@
+#pragma once
+
+#include "support/frames.h"
+#include "support/x_client.h"
+
+#include <optional>
+#include <string>
+
+namespace panewright::test {
+
+/// A plain window of another program, on a connection of its own; mapped and framed by the window
+/// manager when the constructor returns. Goes with its object.
+class TestClient {
+public:
+    struct Extent {
+        std::uint32_t width = 0;
+        std::uint32_t height = 0;
+    };
+    struct Options {
+        Frame client{.x = 100, .y = 100, .width = 400, .height = 300};
+        std::string title = "test window";
+        std::string windowClass = "TestClient";
+        xcb_gravity_t gravity = XCB_GRAVITY_NORTH_WEST;
+        std::optional<Extent> minimumSize;
+        std::optional<Extent> maximumSize;
+        std::optional<Extent> increments;
+        /// The invisible border (left, right, top, bottom) of a window that draws its own frame.
+        std::optional<std::array<std::uint32_t, 4>> gtkFrameExtents;
+    };
+
+    explicit TestClient(const std::string& display);
+    TestClient(const std::string& display, const Options& options);
+
+    xcb_window_t window() const { return window_; }
+
+    /// Returns when the window manager has made it the active window.
+    void activate() const;
+    bool isActive() const;
+
+    /// How many key presses have come to the window, or through a key that this client grabbed.
+    int keyPresses();
+
+    bool grabKey(std::uint16_t modifiers, xcb_keycode_t key) const {
+        return x_.grabKey(modifiers, key);
+    }
+
+    /// Sends the request and does not wait.
+    void destroy() const;
+
+private:
+    void setHints(const Options& options) const;
+
+    XClient x_;
+    xcb_window_t window_;
+    int keyPresses_ = 0;
+};
+
+} // namespace panewright::test
