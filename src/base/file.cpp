@@ -62,8 +62,8 @@ std::optional<FileError> writeAll(const Descriptor& file, const std::filesystem:
                                   const Bytes& bytes) {
     std::size_t done = 0;
     while (done < bytes.size()) {
-        const ssize_t count =
-            retried([&] { return ::write(file.number(), bytes.data() + done, bytes.size() - done); });
+        const ssize_t count = retried(
+            [&] { return ::write(file.number(), bytes.data() + done, bytes.size() - done); });
         if (count < 0) {
             return failure("writing", path);
         }
@@ -117,7 +117,7 @@ Result<Bytes, FileError> readFile(const std::filesystem::path& path) {
     // Without O_NONBLOCK, opening a pipe would wait for its writer.
     const Descriptor file(
         retried([&] { return ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC); }));
-    struct stat status{};
+    struct stat status {};
     if (!file.isOpen() || ::fstat(file.number(), &status) != 0) {
         return failure("opening", path);
     }
@@ -132,8 +132,8 @@ Result<Bytes, FileError> readFile(const std::filesystem::path& path) {
         if (done == bytes.size()) {
             bytes.resize(bytes.size() * 2);
         }
-        const ssize_t count =
-            retried([&] { return ::read(file.number(), bytes.data() + done, bytes.size() - done); });
+        const ssize_t count = retried(
+            [&] { return ::read(file.number(), bytes.data() + done, bytes.size() - done); });
         if (count < 0) {
             return failure("reading", path);
         }
@@ -149,7 +149,7 @@ Result<Bytes, FileError> readFile(const std::filesystem::path& path) {
 std::optional<FileError> writeFileAtomically(const std::filesystem::path& path,
                                              const Bytes& bytes) {
     const std::filesystem::path target = linkTarget(path);
-    struct stat status{};
+    struct stat status {};
     const bool exists = ::stat(target.c_str(), &status) == 0;
     if (!exists && errno != ENOENT) {
         return failure("looking at", target);
@@ -160,7 +160,8 @@ std::optional<FileError> writeFileAtomically(const std::filesystem::path& path,
     // The same name each time, so that what a crash left behind goes with the next save.
     const std::filesystem::path folder =
         target.has_parent_path() ? target.parent_path() : std::filesystem::path(".");
-    const std::filesystem::path temporary = folder / ("." + target.filename().string() + ".new");
+    const std::filesystem::path temporary =
+        folder / fmt::format(".{}.new", target.filename().string());
     ::unlink(temporary.c_str());
     auto error = writeNewFile(temporary, bytes, exists ? status.st_mode & 07777 : kNewFileMode);
     if (!error && ::rename(temporary.c_str(), target.c_str()) != 0) {
@@ -190,7 +191,7 @@ std::optional<FileError> createFolders(const std::filesystem::path& path) {
     std::filesystem::path folder;
     for (const auto& part : path) {
         folder /= part;
-        struct stat status{};
+        struct stat status {};
         if (::stat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode)) {
             continue;
         }
