@@ -32,7 +32,6 @@ using EventHandlerRef = std::uint64_t;
 using EventStatus = std::int32_t;
 constexpr EventStatus kNoError = 0;
 constexpr EventStatus kEventParameterNotFound = -9870;
-constexpr EventStatus kHotKeyExists = -9878;
 constexpr EventStatus kHotKeyInvalid = -9879;
 
 /// A press as it is delivered. `parameterStatus` tells whether the identifier could be read.
@@ -60,9 +59,10 @@ public:
 
     virtual ~HotKeys() = default;
 
-    /// kHotKeyInvalid, without a handle, for a key that the keyboard does not have. kHotKeyExists
-    /// when another program holds the key: the handle is good, and the key is asked for again when
-    /// the keyboard mapping changes. The same key may be registered more than once.
+    /// kHotKeyInvalid, without a handle, for a key that the keyboard does not have. The same key may
+    /// be registered more than once, and one that another program holds may be registered too: it
+    /// sends no presses until that program lets go of it and the keyboard mapping changes.
+    /// Unregistering a key and registering it again in one turn of the main loop costs nothing.
     virtual Registered registerHotKey(std::uint32_t virtualKeyCode, std::uint32_t modifiers,
                                       HotKeyId id) = 0;
     virtual void unregisterHotKey(HotKeyRef ref) = 0;

@@ -1,0 +1,95 @@
+#include "desktop/linux/active_windows.h"
+
+#include "desktop/linux/x_properties.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace panewright {
+
+ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager,
+                             std::string ownBundleIdentifier)
+    : connection_(connection), manager_(manager),
+      identity_(connection, std::move(ownBundleIdentifier)),
+      rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE)),
+      events_(connection.onEvent([this](const auto& event) { handle(event); })) {
+    update();
+}
+
+std::optional<xcb_window_t> ActiveWindows::focusedWindowOf(ProcessId pid) {
+    for (const auto& window : windows_) {
+        if (window.pid != pid) {
+            continue;
+        }
+        if (!window.isPlaceable) {
+            return std::nullopt;
+        }
+        if (isShown(window.window)) {
+            return window.window;
+        }
+    }
+    return std::nullopt;
+}
+
+void ActiveWindows::handle(const xcb_generic_event_t& event) {
+    if (event.response_type == XCB_PROPERTY_NOTIFY) {
+        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+        if (change.window == connection_.root() &&
+            change.atom == connection_.atoms()._NET_ACTIVE_WINDOW) {
+            update();
+        }
+    } else if (event.response_type == XCB_DESTROY_NOTIFY) {
+        const auto gone = reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window;
+        std::erase_if(windows_, [gone](const Window& window) { return window.window == gone; });
+    }
+}
+
+void ActiveWindows::update() {
+    const auto active = readActiveWindow();
+    if (active == kNoWindow) {
+        return;
+    }
+    const auto before = windows_.empty() ? kNoWindow : windows_.front().window;
+    auto application = identity_.applicationOf(active);
+    moveToFront(active, application.processIdentifier);
+    if (frontmost_ != application) {
+        frontmost_ = std::move(application);
+        activated_.notify();
+    } else if (active != before) {
+        windowChanged_.notify(frontmost_->processIdentifier);
+    }
+}
+
+xcb_window_t ActiveWindows::readActiveWindow() {
+    const auto active =
+        XPropertyRequest(connection_, connection_.root(), connection_.atoms()._NET_ACTIVE_WINDOW)
+            .number();
+    return manager_.isRunning() ? active.value_or(kNoWindow)
+                                : kNoWindow;
+}
+
+bool ActiveWindows::isDesktopOrDock(xcb_window_t window) {
+    const auto& atoms = connection_.atoms();
+    const auto type = XPropertyRequest(connection_, window, atoms._NET_WM_WINDOW_TYPE).number();
+    return type == atoms._NET_WM_WINDOW_TYPE_DESKTOP || type == atoms._NET_WM_WINDOW_TYPE_DOCK;
+}
+
+bool ActiveWindows::isShown(xcb_window_t window) {
+    const auto attributes = connection_.reply(xcb_get_window_attributes_reply,
+                                              xcb_get_window_attributes(connection_, window));
+    return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+void ActiveWindows::moveToFront(xcb_window_t window, ProcessId pid) {
+    const auto known = std::find_if(windows_.begin(), windows_.end(),
+                                    [&](const Window& w) { return w.window == window; });
+    if (known == windows_.end()) {
+        windows_.insert(windows_.begin(),
+                        Window{window, pid, !isDesktopOrDock(window),
+                               connection_.selectEvents(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY)});
+    } else {
+        std::rotate(windows_.begin(), known, known + 1);
+    }
+}
+
+} // namespace panewright

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "base/lifetime.h"
+#include "base/observer_list.h"
+#include "desktop/linux/frame_writer.h"
+#include "desktop/linux/x_connection.h"
+
+#include <map>
+#include <memory>
+
+namespace panewright {
+
+/// Tells when the outer frame of a window has really changed.
+class WindowFrameWatch {
+public:
+    WindowFrameWatch(XConnection& connection, FrameWriter& writer, MainLoop& mainLoop);
+
+    Registration onMoved(xcb_window_t window, std::function<void()> callback);
+    Registration onResized(xcb_window_t window, std::function<void()> callback);
+
+private:
+    struct Watched {
+        Rect reported;
+        bool isDirty = false;
+        xcb_window_t ancestor = kNoWindow;
+        Registration selection;
+        Registration ancestorSelection;
+        ObserverList<> moved;
+        ObserverList<> resized;
+    };
+
+    std::shared_ptr<Watched> watch(xcb_window_t window);
+    Registration keepWhile(xcb_window_t window, Registration registration);
+    void followAncestor(xcb_window_t window, Watched& watched);
+    void handle(const xcb_generic_event_t& event);
+    void checkSoon(xcb_window_t window, Watched& watched);
+    void check(xcb_window_t window);
+
+    XConnection& connection_;
+    FrameWriter& writer_;
+    MainLoop& mainLoop_;
+    std::map<xcb_window_t, std::shared_ptr<Watched>> watched_;
+    Lifetime lifetime_;
+    Registration events_;
+    Registration settled_;
+};
+
+} // namespace panewright

@@ -1,0 +1,65 @@
+#include "desktop/linux/window_hints.h"
+
+#include "desktop/linux/x_properties.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace panewright {
+namespace {
+
+// ICCCM 4.1.2.3: the flags of WM_SIZE_HINTS, then its fields by index.
+constexpr std::uint32_t kPMinSize = 1U << 4U;
+constexpr std::uint32_t kPMaxSize = 1U << 5U;
+constexpr std::uint32_t kPWinGravity = 1U << 9U;
+constexpr std::size_t kMinWidth = 5;
+constexpr std::size_t kMinHeight = 6;
+constexpr std::size_t kMaxWidth = 7;
+constexpr std::size_t kMaxHeight = 8;
+constexpr std::size_t kWinGravity = 17;
+
+bool holds(const std::vector<std::uint32_t>& atoms, xcb_atom_t atom) {
+    return std::find(atoms.begin(), atoms.end(), atom) != atoms.end();
+}
+
+} // namespace
+
+SizeHints readSizeHints(XConnection& connection, xcb_window_t window) {
+    const auto fields =
+        XPropertyRequest(connection, window, XCB_ATOM_WM_NORMAL_HINTS).numbers();
+    SizeHints hints;
+    if (fields.size() <= kMaxHeight) {
+        return hints;
+    }
+    const auto flags = fields.front();
+    if ((flags & kPMinSize) && (flags & kPMaxSize)) {
+        hints.fixedWidth = fields[kMinWidth] == fields[kMaxWidth] && fields[kMaxWidth] > 0;
+        hints.fixedHeight = fields[kMinHeight] == fields[kMaxHeight] && fields[kMaxHeight] > 0;
+    }
+    if ((flags & kPWinGravity) && fields.size() > kWinGravity &&
+        fields[kWinGravity] >= XCB_GRAVITY_NORTH_WEST && fields[kWinGravity] <= XCB_GRAVITY_STATIC) {
+        hints.gravity = fields[kWinGravity];
+    }
+    return hints;
+}
+
+WindowStates readWindowStates(XConnection& connection, xcb_window_t window) {
+    const auto& atoms = connection.atoms();
+    const auto states = XPropertyRequest(connection, window, atoms._NET_WM_STATE).numbers();
+    return {holds(states, atoms._NET_WM_STATE_MAXIMIZED_HORZ),
+            holds(states, atoms._NET_WM_STATE_MAXIMIZED_VERT),
+            holds(states, atoms._NET_WM_STATE_SHADED),
+            holds(states, atoms._NET_WM_STATE_FULLSCREEN)};
+}
+
+AllowedActions readAllowedActions(XConnection& connection, xcb_window_t window) {
+    const auto& atoms = connection.atoms();
+    const auto actions =
+        XPropertyRequest(connection, window, atoms._NET_WM_ALLOWED_ACTIONS).numbers();
+    if (actions.empty()) {
+        return {};
+    }
+    return {holds(actions, atoms._NET_WM_ACTION_MOVE), holds(actions, atoms._NET_WM_ACTION_RESIZE)};
+}
+
+} // namespace panewright

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "desktop/linux/active_windows.h"
+#include "desktop/linux/frame_writer.h"
+#include "desktop/linux/window_frame_watch.h"
+#include "platform/accessibility.h"
+
+namespace panewright {
+
+/// The windows of an X session as accessibility elements. Positions and sizes are outer frames in
+/// root-window pixels.
+class X11Accessibility : public Accessibility {
+public:
+    X11Accessibility(XConnection& connection, WindowManager& manager, ActiveWindows& activeWindows,
+                     MainLoop& mainLoop);
+
+    /// Holds while the connection to the X server lives.
+    bool isProcessTrusted() const override { return !connection_.isLost(); }
+    std::optional<bool> isProcessTrustedWithOptions(bool /*prompt*/) override {
+        return isProcessTrusted();
+    }
+
+    AXUIElementRef createSystemWide() override;
+    AXUIElementRef createApplication(ProcessId pid) override;
+    Result<AXValue, AXError> copyAttributeValue(const AXUIElementRef& element,
+                                                std::string_view attribute) override;
+    AXError setAttributeValue(const AXUIElementRef& element, std::string_view attribute,
+                              const AXValue& value) override;
+    Result<bool, AXError> isAttributeSettable(const AXUIElementRef& element,
+                                              std::string_view attribute) override;
+    PidAnswer pid(const AXUIElementRef& element) override;
+    Registration observe(ProcessId pid, const AXUIElementRef& element,
+                         std::string_view notification, std::function<void()> callback) override;
+
+private:
+    struct Element;
+
+    Result<AXValue, AXError> attributeOfSystem(std::string_view attribute);
+    Result<AXValue, AXError> attributeOfApplication(ProcessId pid, std::string_view attribute);
+    Result<AXValue, AXError> attributeOfWindow(xcb_window_t window, std::string_view attribute);
+    std::optional<std::string> titleOf(xcb_window_t window);
+    bool exists(xcb_window_t window);
+
+    XConnection& connection_;
+    ActiveWindows& activeWindows_;
+    FrameWriter writer_;
+    WindowFrameWatch frames_;
+};
+
+} // namespace panewright

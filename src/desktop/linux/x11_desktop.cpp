@@ -1,0 +1,23 @@
+#include "desktop/linux/x11_desktop.h"
+
+#include <utility>
+
+namespace panewright {
+
+std::unique_ptr<X11Desktop> X11Desktop::open(MainLoop& mainLoop, std::string ownBundleIdentifier) {
+    auto connection = XConnection::open(mainLoop);
+    return connection ? std::unique_ptr<X11Desktop>(new X11Desktop(
+                            std::move(connection), mainLoop, std::move(ownBundleIdentifier)))
+                      : nullptr;
+}
+
+X11Desktop::X11Desktop(std::unique_ptr<XConnection> connection, MainLoop& mainLoop,
+                       std::string ownBundleIdentifier)
+    : connection_(std::move(connection)), manager_(*connection_), keymap_(*connection_, mainLoop),
+      activeWindows_(*connection_, manager_, std::move(ownBundleIdentifier)),
+      displays(*connection_, mainLoop),
+      accessibility(*connection_, manager_, activeWindows_, mainLoop),
+      hotKeys(*connection_, keymap_, mainLoop), keyboardLayout(keymap_),
+      workspace(*connection_, activeWindows_), beeper(*connection_) {}
+
+} // namespace panewright

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "desktop/linux/active_windows.h"
+#include "desktop/linux/randr_displays.h"
+#include "desktop/linux/window_manager.h"
+#include "desktop/linux/x11_accessibility.h"
+#include "desktop/linux/x11_hot_keys.h"
+#include "desktop/linux/x11_workspace.h"
+#include "desktop/linux/x_bell.h"
+#include "desktop/linux/x_connection.h"
+#include "desktop/linux/xkb_keyboard_layout.h"
+#include "desktop/linux/xkb_keymap.h"
+
+#include <memory>
+#include <string>
+
+namespace panewright {
+
+/// The ports of an X session, on one connection.
+class X11Desktop {
+public:
+    /// Null when the server that $DISPLAY names cannot be reached.
+    static std::unique_ptr<X11Desktop> open(MainLoop& mainLoop, std::string ownBundleIdentifier);
+
+private:
+    std::unique_ptr<XConnection> connection_;
+    WindowManager manager_;
+    XkbKeymap keymap_;
+    ActiveWindows activeWindows_;
+
+    X11Desktop(std::unique_ptr<XConnection> connection, MainLoop& mainLoop,
+               std::string ownBundleIdentifier);
+
+public:
+    RandrDisplays displays;
+    X11Accessibility accessibility;
+    X11HotKeys hotKeys;
+    XkbKeyboardLayout keyboardLayout;
+    X11Workspace workspace;
+    XBell beeper;
+
+    /// Called once, when the X server has gone away.
+    Registration onServerLost(std::function<void()> callback) {
+        return connection_->onLost(std::move(callback));
+    }
+
+    /// Whether an EWMH window manager runs.
+    bool hasWindowManager() { return manager_.isRunning(); }
+};
+
+} // namespace panewright

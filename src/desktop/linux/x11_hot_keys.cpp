@@ -1,0 +1,217 @@
+#include "desktop/linux/x11_hot_keys.h"
+
+#include "desktop/linux/evdev_key_codes.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace panewright {
+namespace {
+
+// Modifiers in the hot-key form.
+constexpr std::uint32_t kCommand = 0x100;
+constexpr std::uint32_t kShift = 0x200;
+constexpr std::uint32_t kOption = 0x800;
+constexpr std::uint32_t kControl = 0x1000;
+
+/// The modifiers of an X event's state; nil when the keyboard lacks one of them.
+std::optional<std::uint32_t> stateOf(std::uint32_t modifiers, const ModifierMasks& masks) {
+    const std::pair<std::uint32_t, std::uint32_t> pairs[] = {{kShift, XCB_MOD_MASK_SHIFT},
+                                                             {kControl, XCB_MOD_MASK_CONTROL},
+                                                             {kOption, masks.alt},
+                                                             {kCommand, masks.super}};
+    std::uint32_t state = 0;
+    for (const auto& [modifier, mask] : pairs) {
+        if (modifiers & modifier) {
+            if (mask == 0) {
+                return std::nullopt;
+            }
+            state |= mask;
+        }
+    }
+    return state;
+}
+
+} // namespace
+
+X11HotKeys::X11HotKeys(XConnection& connection, XkbKeymap& keymap, MainLoop& mainLoop)
+    : connection_(connection), keymap_(keymap), mainLoop_(mainLoop),
+      grabbedWith_(keymap.modifiers()),
+      events_(connection.onEvent([this](const auto& event) { handle(event); })),
+      keymapChanges_(keymap.onChange([this] { regrabAll(); })) {}
+
+X11HotKeys::~X11HotKeys() {
+    for (const auto& grab : held_) {
+        ungrab(grab);
+    }
+    connection_.flush();
+}
+
+HotKeys::Registered X11HotKeys::registerHotKey(std::uint32_t virtualKeyCode,
+                                               std::uint32_t modifiers, HotKeyId id) {
+    if (evdevCodesOf(virtualKeyCode).empty()) {
+        return {kHotKeyInvalid, 0};
+    }
+    hotKeys_.emplace(++lastRef_, HotKey{virtualKeyCode, modifiers, id});
+    synchronizeSoon();
+    return {kNoError, lastRef_};
+}
+
+void X11HotKeys::unregisterHotKey(HotKeyRef ref) {
+    if (hotKeys_.erase(ref) > 0) {
+        synchronizeSoon();
+    }
+}
+
+EventHandlerRef X11HotKeys::installHandler(EventTypeSpec type, EventHandlerFunction handler,
+                                           void* userData) {
+    return handlers_.install(type, handler, userData);
+}
+
+void X11HotKeys::removeHandler(EventHandlerRef ref) {
+    handlers_.remove(ref);
+}
+
+bool X11HotKeys::isTakenByAnotherProgram(std::uint32_t virtualKeyCode,
+                                         std::uint32_t modifiers) const {
+    const auto grabs = grabsOf(virtualKeyCode, modifiers);
+    return std::any_of(grabs.begin(), grabs.end(),
+                       [this](const Grab& grab) { return takenByOthers_.contains(grab); });
+}
+
+std::vector<X11HotKeys::Grab> X11HotKeys::grabsOf(std::uint32_t virtualKeyCode,
+                                                  std::uint32_t modifiers) const {
+    std::vector<Grab> grabs;
+    const auto state = stateOf(modifiers, grabbedWith_);
+    if (!state) {
+        return grabs;
+    }
+    for (const auto code : evdevCodesOf(virtualKeyCode)) {
+        const auto key = code + kEvdevToXKeyCode;
+        // Key code 0 would mean any key; the core protocol has no key past 255.
+        if (code != 0 && key <= std::numeric_limits<xcb_keycode_t>::max()) {
+            grabs.push_back({static_cast<xcb_keycode_t>(key), *state});
+        }
+    }
+    return grabs;
+}
+
+std::vector<std::uint32_t> X11HotKeys::lockStates() const {
+    std::vector<std::uint32_t> states{0};
+    for (const auto lock : grabbedWith_.locks) {
+        const auto count = states.size();
+        for (std::size_t i = 0; i < count; ++i) {
+            states.push_back(states[i] | lock);
+        }
+    }
+    return states;
+}
+
+void X11HotKeys::synchronizeSoon() {
+    if (!std::exchange(synchronizePending_, true)) {
+        mainLoop_.post(lifetime_.guard([this] {
+            synchronizePending_ = false;
+            synchronize();
+        }));
+    }
+}
+
+void X11HotKeys::synchronize() {
+    std::set<Grab> wanted;
+    for (const auto& [ref, hotKey] : hotKeys_) {
+        for (const auto& grab : grabsOf(hotKey.virtualKeyCode, hotKey.modifiers)) {
+            wanted.insert(grab);
+        }
+    }
+    for (const auto& held : std::set(held_)) {
+        if (!wanted.contains(held)) {
+            ungrab(held);
+            held_.erase(held);
+        }
+    }
+    std::erase_if(takenByOthers_, [&](const Grab& grab) { return !wanted.contains(grab); });
+    std::vector<Grab> missing;
+    std::copy_if(wanted.begin(), wanted.end(), std::back_inserter(missing), [this](const Grab& g) {
+        return !held_.contains(g) && !takenByOthers_.contains(g);
+    });
+    grab(missing);
+    connection_.flush();
+}
+
+void X11HotKeys::grab(const std::vector<Grab>& grabs) {
+    std::vector<std::pair<const Grab*, xcb_void_cookie_t>> requests;
+    for (const auto& wanted : grabs) {
+        for (const auto root : connection_.roots()) {
+            for (const auto locks : lockStates()) {
+                requests.emplace_back(
+                    &wanted,
+                    xcb_grab_key_checked(connection_, 0, root,
+                                         static_cast<std::uint16_t>(wanted.state | locks),
+                                         wanted.key, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
+            }
+        }
+    }
+    held_.insert(grabs.begin(), grabs.end());
+    for (const auto& [wanted, cookie] : requests) {
+        if (!connection_.succeeded(cookie) && held_.erase(*wanted) > 0) {
+            takenByOthers_.insert(*wanted);
+        }
+    }
+    for (const auto& taken : grabs) {
+        if (takenByOthers_.contains(taken)) {
+            ungrab(taken); // those lock states that were granted
+        }
+    }
+}
+
+void X11HotKeys::ungrab(const Grab& grab) {
+    for (const auto root : connection_.roots()) {
+        for (const auto locks : lockStates()) {
+            xcb_ungrab_key(connection_, grab.key, root,
+                           static_cast<std::uint16_t>(grab.state | locks));
+        }
+    }
+}
+
+void X11HotKeys::regrabAll() {
+    if (keymap_.modifiers() != grabbedWith_) {
+        for (const auto& held : held_) {
+            ungrab(held);
+        }
+        held_.clear();
+        grabbedWith_ = keymap_.modifiers();
+    }
+    down_.clear();
+    takenByOthers_.clear(); // they may have let go
+    synchronize();
+}
+
+void X11HotKeys::handle(const xcb_generic_event_t& event) {
+    if (event.response_type == XCB_KEY_PRESS) {
+        pressed(reinterpret_cast<const xcb_key_press_event_t&>(event));
+    } else if (event.response_type == XCB_KEY_RELEASE) {
+        down_.erase(reinterpret_cast<const xcb_key_release_event_t&>(event).detail);
+    }
+}
+
+void X11HotKeys::pressed(const xcb_key_press_event_t& press) {
+    if (!down_.insert(press.detail).second) {
+        return; // auto-repeat
+    }
+    // While a grab is active every key arrives, so which key it is must be looked at.
+    const std::uint32_t modifiers =
+        press.state & (XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL | grabbedWith_.alt |
+                       grabbedWith_.super);
+    const Grab arrived{press.detail, modifiers};
+    for (const auto& [ref, hotKey] : hotKeys_) {
+        const auto grabs = grabsOf(hotKey.virtualKeyCode, hotKey.modifiers);
+        if (std::find(grabs.begin(), grabs.end(), arrived) != grabs.end()) {
+            handlers_.deliver(
+                {{kEventClassKeyboard, kEventHotKeyPressed}, kNoError, HotKeyId(hotKey.id)});
+            return;
+        }
+    }
+}
+
+} // namespace panewright

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "base/lifetime.h"
+#include "desktop/linux/xkb_keymap.h"
+#include "platform/hot_key_handlers.h"
+#include "platform/hot_keys.h"
+
+#include <compare>
+#include <map>
+#include <set>
+
+namespace panewright {
+
+/// Hot keys as passive grabs of physical keys on every root window (X protocol, GrabKey), under
+/// every state of the lock keys. Option is the keyboard's Alt, Command its Super.
+class X11HotKeys : public HotKeys {
+public:
+    X11HotKeys(XConnection& connection, XkbKeymap& keymap, MainLoop& mainLoop);
+    ~X11HotKeys() override;
+
+    Registered registerHotKey(std::uint32_t virtualKeyCode, std::uint32_t modifiers,
+                              HotKeyId id) override;
+    void unregisterHotKey(HotKeyRef ref) override;
+    EventHandlerRef installHandler(EventTypeSpec type, EventHandlerFunction handler,
+                                   void* userData) override;
+    void removeHandler(EventHandlerRef ref) override;
+    bool isTakenByAnotherProgram(std::uint32_t virtualKeyCode,
+                                 std::uint32_t modifiers) const override;
+
+private:
+    /// A key with the modifiers of an X event's state, locks left out.
+    struct Grab {
+        xcb_keycode_t key = 0;
+        std::uint32_t state = 0;
+        auto operator<=>(const Grab&) const = default;
+    };
+    struct HotKey {
+        std::uint32_t virtualKeyCode;
+        std::uint32_t modifiers;
+        HotKeyId id;
+    };
+
+    std::vector<Grab> grabsOf(std::uint32_t virtualKeyCode, std::uint32_t modifiers) const;
+    std::vector<std::uint32_t> lockStates() const;
+    void synchronizeSoon();
+    void synchronize();
+    void grab(const std::vector<Grab>& grabs);
+    void ungrab(const Grab& grab);
+    void regrabAll();
+    void handle(const xcb_generic_event_t& event);
+    void pressed(const xcb_key_press_event_t& press);
+
+    XConnection& connection_;
+    XkbKeymap& keymap_;
+    MainLoop& mainLoop_;
+    HotKeyHandlers handlers_;
+    std::map<HotKeyRef, HotKey> hotKeys_;
+    HotKeyRef lastRef_ = 0;
+    std::set<Grab> held_;
+    std::set<Grab> takenByOthers_;
+    /// What the grabs in held_ were made with.
+    ModifierMasks grabbedWith_;
+    std::set<xcb_keycode_t> down_;
+    bool synchronizePending_ = false;
+    Lifetime lifetime_;
+    Registration events_;
+    Registration keymapChanges_;
+};
+
+} // namespace panewright

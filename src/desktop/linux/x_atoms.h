@@ -1,0 +1,45 @@
+#pragma once
+
+#include <xcb/xcb.h>
+
+namespace panewright {
+
+/// Every atom that the adapter uses, under its name on the wire.
+#define PANEWRIGHT_X_ATOMS(X)                                                                      \
+    X(EDID)                                                                                        \
+    X(UTF8_STRING)                                                                                 \
+    X(WM_CLIENT_MACHINE)                                                                           \
+    X(WM_STATE)                                                                                    \
+    X(_GTK_APPLICATION_ID)                                                                         \
+    X(_GTK_FRAME_EXTENTS)                                                                          \
+    X(_KDE_NET_WM_DESKTOP_FILE)                                                                    \
+    X(_NET_ACTIVE_WINDOW)                                                                          \
+    X(_NET_FRAME_EXTENTS)                                                                          \
+    X(_NET_MOVERESIZE_WINDOW)                                                                      \
+    X(_NET_REQUEST_FRAME_EXTENTS)                                                                  \
+    X(_NET_SUPPORTED)                                                                              \
+    X(_NET_SUPPORTING_WM_CHECK)                                                                    \
+    X(_NET_WM_ACTION_MOVE)                                                                         \
+    X(_NET_WM_ACTION_RESIZE)                                                                       \
+    X(_NET_WM_ALLOWED_ACTIONS)                                                                     \
+    X(_NET_WM_NAME)                                                                                \
+    X(_NET_WM_PID)                                                                                 \
+    X(_NET_WM_STATE)                                                                               \
+    X(_NET_WM_STATE_FULLSCREEN)                                                                    \
+    X(_NET_WM_STATE_MAXIMIZED_HORZ)                                                                \
+    X(_NET_WM_STATE_MAXIMIZED_VERT)                                                                \
+    X(_NET_WM_STATE_SHADED)                                                                        \
+    X(_NET_WM_WINDOW_TYPE)                                                                         \
+    X(_NET_WM_WINDOW_TYPE_DESKTOP)                                                                 \
+    X(_NET_WM_WINDOW_TYPE_DOCK)
+
+struct XAtoms {
+#define PANEWRIGHT_X_ATOM_MEMBER(name) xcb_atom_t name = XCB_ATOM_NONE; // NOLINT(bugprone-*)
+    PANEWRIGHT_X_ATOMS(PANEWRIGHT_X_ATOM_MEMBER)
+#undef PANEWRIGHT_X_ATOM_MEMBER
+
+    /// Asks the server for all of them in one round trip.
+    static XAtoms intern(xcb_connection_t* connection);
+};
+
+} // namespace panewright

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "desktop/memory/memory_accessibility.h"
+#include "desktop/memory/memory_displays.h"
+#include "desktop/memory/memory_hot_keys.h"
+#include "desktop/memory/memory_keyboard_layout.h"
+#include "desktop/memory/memory_main_loop.h"
+#include "desktop/memory/memory_services.h"
+#include "desktop/memory/memory_user_defaults.h"
+#include "desktop/memory/memory_windows.h"
+#include "desktop/memory/memory_workspace.h"
+
+namespace panewright {
+
+/// A whole desktop without a screen. It keeps state as a desktop would, so that what the program
+/// did to it can be looked at.
+struct MemoryDesktop {
+    static constexpr ProcessId kOwnPid = 1;
+
+    MemoryDesktop() {
+        windows.addApplication({kOwnPid, program.bundleIdentifier(), "Panewright"});
+    }
+
+    MemoryMainLoop mainLoop;
+    MemoryProgram program;
+    MemoryWindows windows;
+    MemoryDisplays displays;
+    MemoryAccessibility accessibility{windows, mainLoop};
+    MemoryWorkspace workspace{windows, kOwnPid};
+    MemoryHotKeys hotKeys{mainLoop};
+    MemoryKeyboardLayout keyboardLayout;
+    MemoryTextServices text;
+    MemoryUserDefaults userDefaults;
+    MemoryBeeper beeper;
+    MemoryAnalytics analytics;
+};
+
+} // namespace panewright

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/hot_key_handlers.h"
+#include "platform/hot_keys.h"
+#include "platform/main_loop.h"
+
+#include <map>
+#include <set>
+#include <utility>
+
+namespace panewright {
+
+/// Hot keys that a test presses.
+class MemoryHotKeys : public HotKeys {
+public:
+    explicit MemoryHotKeys(MainLoop& mainLoop) : mainLoop_(mainLoop) {}
+
+    /// Presses the key as a person would, with the modifiers in the hot-key form; the press is
+    /// delivered through the main loop. False when no hot key of ours takes it.
+    bool press(std::uint32_t virtualKeyCode, std::uint32_t modifiers);
+
+    /// Makes another program hold the key.
+    void takeByAnotherProgram(std::uint32_t virtualKeyCode, std::uint32_t modifiers) {
+        takenByOthers_.insert({virtualKeyCode, modifiers});
+    }
+
+    /// What identifiers cannot be read with from now on; kNoError: they can.
+    void setParameterStatus(EventStatus status) { parameterStatus_ = status; }
+
+    std::size_t registeredCount() const { return hotKeys_.size(); }
+
+    Registered registerHotKey(std::uint32_t virtualKeyCode, std::uint32_t modifiers,
+                              HotKeyId id) override;
+    void unregisterHotKey(HotKeyRef ref) override { hotKeys_.erase(ref); }
+    EventHandlerRef installHandler(EventTypeSpec type, EventHandlerFunction handler,
+                                   void* userData) override {
+        return handlers_.install(type, handler, userData);
+    }
+    void removeHandler(EventHandlerRef ref) override { handlers_.remove(ref); }
+    bool isTakenByAnotherProgram(std::uint32_t virtualKeyCode,
+                                 std::uint32_t modifiers) const override;
+
+private:
+    using Key = std::pair<std::uint32_t, std::uint32_t>;
+    struct HotKey {
+        Key key;
+        HotKeyId id;
+    };
+
+    MainLoop& mainLoop_;
+    HotKeyHandlers handlers_;
+    std::map<HotKeyRef, HotKey> hotKeys_;
+    std::set<Key> takenByOthers_;
+    HotKeyRef lastRef_ = 0;
+    EventStatus parameterStatus_ = kNoError;
+};
+
+} // namespace panewright

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "desktop/memory/memory_windows.h"
+#include "platform/workspace.h"
+
+namespace panewright {
+
+/// The programs of MemoryWindows.
+class MemoryWorkspace : public Workspace {
+public:
+    MemoryWorkspace(MemoryWindows& windows, ProcessId ownPid)
+        : windows_(windows), ownPid_(ownPid) {}
+
+    std::optional<RunningApplication> frontmostApplication() const override {
+        return windows_.frontmost();
+    }
+    Registration onApplicationActivated(std::function<void()> callback) override {
+        return windows_.onActivation(std::move(callback));
+    }
+    void bringThisApplicationToFront() override { windows_.activateApplication(ownPid_); }
+
+private:
+    MemoryWindows& windows_;
+    ProcessId ownPid_;
+};
+
+} // namespace panewright
