@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <locale>
 #include <optional>
@@ -14,24 +15,64 @@ std::string number(double value) {
     return fmt::format("{}", value);
 }
 
+void skipBlanks(std::string_view& text) {
+    text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
+}
+
+std::optional<double> takeAnyNumber(std::string_view& text) {
+    const std::size_t length = std::min(text.find_first_not_of("+-.0123456789eE"), text.size());
+    std::istringstream input{std::string(text.substr(0, length))};
+    input.imbue(std::locale::classic());
+    double value = 0;
+    if (!(input >> value) || input.peek() != std::char_traits<char>::eof()) {
+        return std::nullopt;
+    }
+    text.remove_prefix(length);
+    return value;
+}
+
+/// Reads one number from the start of the text and takes it away.
+std::optional<double> takeNumber(std::string_view& text) {
+    // A whole number of up to 15 digits, as nearly all are, is exact without the slow way.
+    constexpr std::size_t kExactDigits = 15;
+    std::size_t length = text.substr(0, 1) == "-" ? 1 : 0;
+    const bool isNegative = length == 1;
+    double value = 0;
+    while (length < text.size() && text[length] >= '0' && text[length] <= '9' &&
+           length < kExactDigits) {
+        value = value * 10 + (text[length++] - '0');
+    }
+    const bool isWhole = length > (isNegative ? 1 : 0) && length < text.size() &&
+                         std::string_view(",} \t").find(text[length]) != std::string_view::npos;
+    if (isWhole) {
+        text.remove_prefix(length);
+        return isNegative ? -value : value;
+    }
+    return takeAnyNumber(text);
+}
+
 /// The `Count` numbers of the text, or nothing unless the rest of it is exactly `shape` (with "#"
 /// for each number), white space aside.
 template <std::size_t Count>
 std::optional<std::array<double, Count>> numbersIn(std::string_view text, std::string_view shape) {
-    std::istringstream input{std::string(text)};
-    input.imbue(std::locale::classic());
     std::array<double, Count> numbers{};
     std::size_t next = 0;
     for (const char expected : shape) {
+        skipBlanks(text);
         if (expected == '#') {
-            if (!(input >> numbers.at(next++))) {
+            const auto number = takeNumber(text);
+            if (!number) {
                 return std::nullopt;
             }
-        } else if (char found = 0; !(input >> found) || found != expected) {
+            numbers.at(next++) = *number;
+        } else if (text.empty() || text.front() != expected) {
             return std::nullopt;
+        } else {
+            text.remove_prefix(1);
         }
     }
-    return (input >> std::ws).eof() ? std::optional(numbers) : std::nullopt;
+    skipBlanks(text);
+    return text.empty() ? std::optional(numbers) : std::nullopt;
 }
 
 } // namespace

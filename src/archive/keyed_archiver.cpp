@@ -44,13 +44,14 @@ public:
         return entry->second;
     }
     Uid encode(Size size) {
-        const std::string text = NSStringFromSize(size);
-        const auto [entry, isNew] = sizes_.try_emplace(text, kNilUid);
+        const auto [entry, isNew] = sizes_.try_emplace(
+            {std::bit_cast<std::uint64_t>(size.width), std::bit_cast<std::uint64_t>(size.height)},
+            kNilUid);
         if (isNew) {
             plist_t value = plist_new_dict();
             entry->second = add(value);
             plist_dict_set_item(value, "NS.special", plist_new_uint(kSpecialSize));
-            plist_dict_set_item(value, "NS.sizeval", plist_new_uid(encode(text)));
+            plist_dict_set_item(value, "NS.sizeval", plist_new_uid(encode(NSStringFromSize(size))));
             setClass(value, {"NSValue", "NSObject"});
         }
         return entry->second;
@@ -106,8 +107,9 @@ private:
 
     /// `names` are the class itself and the classes that it comes from.
     void setClass(plist_t object, std::initializer_list<std::string_view> names) {
-        const auto [entry, isNew] = classes_.try_emplace(std::string(*names.begin()), kNilUid);
-        if (isNew) {
+        auto entry = classes_.find(*names.begin());
+        if (entry == classes_.end()) {
+            entry = classes_.emplace(*names.begin(), kNilUid).first;
             plist_t description = plist_new_dict();
             entry->second = add(description);
             plist_t chain = plist_new_array();
@@ -124,8 +126,8 @@ private:
     Uid count_ = 0;
     std::map<std::pair<plist_type, std::uint64_t>, Uid> numbers_;
     std::unordered_map<std::string, Uid> texts_;
-    std::unordered_map<std::string, Uid> sizes_;
-    std::map<std::string, Uid> classes_;
+    std::map<std::pair<std::uint64_t, std::uint64_t>, Uid> sizes_; // by the bits of both numbers
+    std::map<std::string, Uid, std::less<>> classes_;
     // Holding the objects keeps an address from being used twice.
     std::unordered_map<std::shared_ptr<const KeyedCoding>, Uid> seen_;
 };

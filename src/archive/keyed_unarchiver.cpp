@@ -37,10 +37,8 @@ std::vector<plist_t> itemsOf(plist_t array) {
     return items;
 }
 
-plist_t itemOf(plist_t dictionary, std::string_view key) {
-    return isPlist(dictionary, PLIST_DICT)
-               ? plist_dict_get_item(dictionary, std::string(key).c_str())
-               : nullptr;
+plist_t itemOf(plist_t dictionary, const char* key) {
+    return isPlist(dictionary, PLIST_DICT) ? plist_dict_get_item(dictionary, key) : nullptr;
 }
 
 std::uint64_t unsignedOf(plist_t node) {
@@ -101,9 +99,13 @@ public:
         return failed_ || *uid == 0 ? nullptr : objects_[*uid];
     }
 
-    /// "$classname" of an object, empty for any other node.
-    std::string classNameOf(plist_t node) {
-        return textOf(itemOf(resolve(itemOf(node, "$class")), "$classname")).value_or("");
+    /// "$classname" of an object, empty for any other node. Lives as long as the node.
+    std::string_view classNameOf(plist_t node) {
+        plist_t name = itemOf(resolve(itemOf(node, "$class")), "$classname");
+        std::uint64_t length = 0;
+        const char* text =
+            isPlist(name, PLIST_STRING) ? plist_get_string_ptr(name, &length) : nullptr;
+        return text ? std::string_view(text, length) : std::string_view();
     }
 
     /// Nothing unless it is text, mutable or not, or a size value.
@@ -131,7 +133,7 @@ private:
     };
 
     ArchiveValue number(plist_t node) const;
-    ArchiveValue container(plist_t node, const std::string& className);
+    ArchiveValue container(plist_t node, std::string_view className);
     std::shared_ptr<KeyedCoding> make(plist_t node);
     std::nullptr_t fail() {
         failed_ = true;
@@ -172,7 +174,9 @@ public:
     }
 
 private:
-    plist_t item(std::string_view key) const { return itemOf(fields_, escapedArchiveKey(key)); }
+    plist_t item(std::string_view key) const {
+        return itemOf(fields_, escapedArchiveKey(key).c_str());
+    }
     plist_t field(std::string_view key) const { return archive_.resolve(item(key)); }
 
     Unarchiving& archive_;
@@ -182,12 +186,12 @@ private:
 std::optional<std::string> Unarchiving::text(plist_t node) {
     std::optional<std::string> text = textOf(node);
     if (!text && isPlist(node, PLIST_DICT)) {
-        const std::string name = classNameOf(node);
+        const std::string_view name = classNameOf(node);
         if (name == "NSMutableString" || name == "NSString") {
             text = textOf(resolve(itemOf(node, "NS.string")));
         }
     }
-    return text ? std::optional(wellFormedUtf8(*text)) : std::nullopt;
+    return text ? std::optional(wellFormedUtf8(*std::move(text))) : std::nullopt;
 }
 
 std::optional<Size> Unarchiving::size(plist_t node) {
@@ -219,20 +223,23 @@ ArchiveValue Unarchiving::value(plist_t reference) {
     if (isPlist(node, PLIST_BOOLEAN) || isPlist(node, PLIST_UINT) || isPlist(node, PLIST_REAL)) {
         return number(node);
     }
-    if (auto found = text(node)) {
-        return *std::move(found);
+    const std::string_view name = classNameOf(node);
+    if (name == "NSArray" || name == "NSMutableArray" || name == "NSDictionary" ||
+        name == "NSMutableDictionary") {
+        return container(node, name);
     }
-    if (const auto found = size(node)) {
-        return *found;
+    if (!classes_.contains(name)) {
+        if (auto found = text(node)) {
+            return *std::move(found);
+        }
+        if (const auto found = size(node)) {
+            return *found;
+        }
     }
-    const std::string name = classNameOf(node);
-    return name == "NSArray" || name == "NSMutableArray" || name == "NSDictionary" ||
-                   name == "NSMutableDictionary"
-               ? container(node, name)
-               : ArchiveValue(object(reference));
+    return object(reference);
 }
 
-ArchiveValue Unarchiving::container(plist_t node, const std::string& className) {
+ArchiveValue Unarchiving::container(plist_t node, std::string_view className) {
     plist_t list = itemOf(node, "NS.objects");
     const std::vector<plist_t> items = itemsOf(list);
     elements_ += items.size();

@@ -160,7 +160,8 @@ std::optional<FileError> writeFileAtomically(const std::filesystem::path& path,
     // The same name each time, so that what a crash left behind goes with the next save.
     const std::filesystem::path folder =
         target.has_parent_path() ? target.parent_path() : std::filesystem::path(".");
-    const std::filesystem::path temporary = folder / ("." + target.filename().string() + ".new");
+    const std::filesystem::path temporary =
+        folder / fmt::format(".{}.new", target.filename().string());
     ::unlink(temporary.c_str());
     auto error = writeNewFile(temporary, bytes, exists ? status.st_mode & 07777 : kNewFileMode);
     if (!error && ::rename(temporary.c_str(), target.c_str()) != 0) {

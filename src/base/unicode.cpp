@@ -2,9 +2,12 @@
 
 #include <array>
 #include <cstddef>
+#include <string_view>
 
 namespace panewright {
 namespace {
+
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD"; // U+FFFD
 
 /// The length of the well-formed sequence at the start of the text, 0 if there is none.
 std::size_t sequenceLength(std::string_view text) {
@@ -42,20 +45,16 @@ std::size_t sequenceLength(std::string_view text) {
 
 } // namespace
 
-std::string wellFormedUtf8(std::string_view text) {
-    std::string result;
-    result.reserve(text.size());
-    while (!text.empty()) {
-        const std::size_t length = sequenceLength(text);
+std::string wellFormedUtf8(std::string text) {
+    std::size_t done = 0;
+    while (done < text.size()) {
+        const std::size_t length = sequenceLength(std::string_view(text).substr(done));
         if (length == 0) {
-            result += "\xEF\xBF\xBD";
-            text.remove_prefix(1);
-        } else {
-            result += text.substr(0, length);
-            text.remove_prefix(length);
+            text.replace(done, 1, kReplacement);
         }
+        done += length == 0 ? kReplacement.size() : length;
     }
-    return result;
+    return text;
 }
 
 } // namespace panewright

@@ -35,6 +35,12 @@ std::string presentableOrException(const CarbonKeyEvent& event, const ShortcutTe
     }
 }
 
+bool isSameShortcut(const CarbonKeyEvent* a, const CarbonKeyEvent* b) {
+    return a && b ? a->keyCode() == b->keyCode() && a->modifierFlags() == b->modifierFlags() &&
+                        a->tag() == b->tag()
+                  : a == b;
+}
+
 } // namespace
 
 std::shared_ptr<WindowState> WindowState::init() {
@@ -86,6 +92,14 @@ void WindowState::encodeWithCoder(KeyedEncoder& encoder) const {
 }
 
 std::shared_ptr<KeyedCoding> WindowState::copyForArchiving() const {
+    // The key event may have changed without the state being told.
+    if (!copy_ || !isSameShortcut(keyEvent_.get(), copy_->keyEvent_.get())) {
+        copy_ = newCopyForArchiving();
+    }
+    return copy_;
+}
+
+std::shared_ptr<WindowState> WindowState::newCopyForArchiving() const {
     auto copy = init();
     copy->isDefault_ = isDefault_;
     copy->isGlobal_ = isGlobal_;

@@ -33,31 +33,34 @@ public:
     std::string_view archiveClassName() const override { return kArchiveClassName; }
     void encodeWithCoder(KeyedEncoder& encoder) const override;
 
-    /// A state of its own with all that is archived of this one, for another thread to archive: it
-    /// shares nothing, pictures least of all, which only the main thread may release.
+    /// All that is archived of this state as it is now, for another thread to archive. Shares
+    /// nothing with the state (pictures least of all, which only the main thread may release), and
+    /// stays the same object until the state changes, so that thousands of states cost no copying.
     std::shared_ptr<KeyedCoding> copyForArchiving() const;
 
     /// One of the built-in states, placed by windowScale().
     bool isDefault() const { return isDefault_; }
-    void setIsDefault(bool isDefault) { isDefault_ = isDefault; }
+    void setIsDefault(bool isDefault) { change(isDefault_) = isDefault; }
     /// Applies to every application, not only to appBundleId().
     bool isGlobal() const { return isGlobal_; }
-    void setIsGlobal(bool isGlobal) { isGlobal_ = isGlobal; }
+    void setIsGlobal(bool isGlobal) { change(isGlobal_) = isGlobal; }
     /// Set on the built-in states; kept, but placement does not ask for it.
     bool centerWindow() const { return centerWindow_; }
-    void setCenterWindow(bool centerWindow) { centerWindow_ = centerWindow; }
+    void setCenterWindow(bool centerWindow) { change(centerWindow_) = centerWindow; }
     /// When applied, prefer a display of the size of the saved one.
     bool prefersDisplay() const { return prefersDisplay_; }
-    void setPrefersDisplay(bool prefersDisplay) { prefersDisplay_ = prefersDisplay; }
+    void setPrefersDisplay(bool prefersDisplay) { change(prefersDisplay_) = prefersDisplay; }
 
     /// The application that the state was saved from, also on a global state; nil for the built-in
     /// ones.
     const std::optional<std::string>& appBundleId() const { return appBundleId_; }
-    void setAppBundleId(std::optional<std::string> id) { appBundleId_ = std::move(id); }
+    void setAppBundleId(std::optional<std::string> id) { change(appBundleId_) = std::move(id); }
     const std::optional<std::string>& appName() const { return appName_; }
-    void setAppName(std::optional<std::string> name) { appName_ = std::move(name); }
+    void setAppName(std::optional<std::string> name) { change(appName_) = std::move(name); }
     const std::optional<std::string>& windowStateName() const { return windowStateName_; }
-    void setWindowStateName(std::optional<std::string> name) { windowStateName_ = std::move(name); }
+    void setWindowStateName(std::optional<std::string> name) {
+        change(windowStateName_) = std::move(name);
+    }
 
     /// Pictures for the menu; null until drawn. Never archived.
     const ImagePtr& windowStateImage() const { return windowStateImage_; }
@@ -71,13 +74,15 @@ public:
 
     /// Share of the display that a built-in state covers, as factors of its width and height.
     Size windowScale() const { return windowScale_; }
-    void setWindowScale(Size scale) { windowScale_ = scale; }
+    void setWindowScale(Size scale) { change(windowScale_) = scale; }
     /// The window's outer frame when it was saved.
     const Rect& originalWindowRect() const { return originalWindowRect_; }
-    void setOriginalWindowRect(const Rect& rect) { originalWindowRect_ = rect; }
+    void setOriginalWindowRect(const Rect& rect) { change(originalWindowRect_) = rect; }
     /// The bounds of the display that held it then.
     const Rect& originalQuartzDisplayBounds() const { return originalQuartzDisplayBounds_; }
-    void setOriginalQuartzDisplayBounds(const Rect& rect) { originalQuartzDisplayBounds_ = rect; }
+    void setOriginalQuartzDisplayBounds(const Rect& rect) {
+        change(originalQuartzDisplayBounds_) = rect;
+    }
 
     /// The global hot key; null without one.
     const std::shared_ptr<CarbonKeyEvent>& keyEvent() const { return keyEvent_; }
@@ -103,6 +108,15 @@ public:
 private:
     WindowState() = default;
 
+    /// The field, about to be changed.
+    template <class Field>
+    Field& change(Field& field) {
+        copy_ = nullptr;
+        return field;
+    }
+
+    std::shared_ptr<WindowState> newCopyForArchiving() const;
+
     bool isDefault_ = false;
     bool isGlobal_ = false;
     bool centerWindow_ = false;
@@ -117,6 +131,8 @@ private:
     Rect originalWindowRect_;
     Rect originalQuartzDisplayBounds_;
     std::shared_ptr<CarbonKeyEvent> keyEvent_;
+
+    mutable std::shared_ptr<WindowState> copy_; // null when it would be out of date
 };
 
 } // namespace panewright

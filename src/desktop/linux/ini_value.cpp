@@ -155,7 +155,7 @@ DefaultsValue iniValueOf(std::string_view text) {
             return *std::move(bytes);
         }
     }
-    return wellFormedUtf8(text);
+    return wellFormedUtf8(std::string(text));
 }
 
 std::string iniKeyOf(std::string_view key) {

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "desktop/memory/memory_standard_folders.h"
+#include "desktop/memory/memory_user_defaults.h"
+#include "model/model.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+namespace panewright {
+
+/// A store in a folder of the test's own.
+class StoreFixture : public testing::Test {
+protected:
+    TemporaryFolder temporary_;
+    MemoryStandardFolders folders_{temporary_.path()};
+    MemoryUserDefaults defaults_;
+    std::filesystem::path folder_ = temporary_.path() / "Panewright";
+    std::filesystem::path file_ = folder_ / "keyEvents.data";
+
+    std::unique_ptr<Model> makeModel() { return std::make_unique<Model>(folders_, defaults_); }
+
+    /// What a fresh look at the file finds.
+    std::optional<WindowStates> statesOnDisk() const {
+        const auto content = readFile(file_);
+        return content ? unarchivedWindowStates(content.value()) : std::nullopt;
+    }
+
+    static std::shared_ptr<WindowState> makeState(const std::string& app, const std::string& name) {
+        auto state = WindowState::windowStateIsDefault(false, false);
+        state->setAppBundleId(app);
+        state->setAppName("Application " + app);
+        state->setWindowStateName(name);
+        state->setOriginalWindowRect({10.5, 23, 1066.6666666666667, 700});
+        state->setOriginalQuartzDisplayBounds({0, 0, 1920, 1080});
+        state->setKeyEvent(CarbonKeyEvent::carbonEventWithKeyCode(123, 0x80000));
+        return state;
+    }
+
+    /// So many states of 20 applications, all of the same name.
+    static WindowStates makeStates(int count, const std::string& name) {
+        WindowStates states;
+        for (int index = 0; index < count; ++index) {
+            const std::string app = "org.example.Application" + std::to_string(index % 20);
+            auto& array = states[app];
+            if (!array) {
+                array = std::make_shared<WindowStateArray>();
+            }
+            array->push_back(makeState(app, name));
+        }
+        return states;
+    }
+
+    /// The name that all states have, empty unless there are so many and they have one.
+    static std::string commonName(const std::optional<WindowStates>& states, std::size_t count) {
+        std::string name;
+        std::size_t found = 0;
+        for (const auto& [key, array] : states.value_or(WindowStates())) {
+            for (const auto& state : *array) {
+                if (found++ > 0 && state->windowStateName() != name) {
+                    return "";
+                }
+                name = state->windowStateName().value_or("");
+            }
+        }
+        return found == count ? name : "";
+    }
+};
+
+} // namespace panewright
