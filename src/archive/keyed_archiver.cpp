@@ -84,7 +84,7 @@ public:
     Uid encode(const std::shared_ptr<KeyedCoding>& object) {
         return encode(std::shared_ptr<const KeyedCoding>(object));
     }
-    Uid encode(std::shared_ptr<const KeyedCoding> object);
+    Uid encode(const std::shared_ptr<const KeyedCoding>& object);
 
     /// Hands the table over; nothing can be encoded after that.
     plist_t release() { return objects_.release(); }
@@ -152,7 +152,7 @@ public:
     void encodeSize(std::string_view key, Size value) override { set(key, table_.encode(value)); }
     void encodeObject(std::string_view key, std::shared_ptr<const KeyedCoding> value) override {
         if (value) {
-            set(key, table_.encode(std::move(value)));
+            set(key, table_.encode(value));
         }
     }
 
@@ -165,7 +165,7 @@ private:
     plist_t entry_;
 };
 
-Uid ObjectTable::encode(std::shared_ptr<const KeyedCoding> object) {
+Uid ObjectTable::encode(const std::shared_ptr<const KeyedCoding>& object) {
     const auto [entry, isNew] = seen_.try_emplace(object, count_);
     const Uid uid = entry->second;
     if (isNew) {

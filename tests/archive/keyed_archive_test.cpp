@@ -290,7 +290,7 @@ Bytes propertyListOf(const std::vector<std::string>& objects, std::uint64_t clai
 
 TEST(BinaryPropertyListCheck, RefusesWhatTheParserWouldChokeOn) {
     using namespace std::string_literals;
-    const std::string xs = "\x51x"s;
+    const std::string xs = "Qx"; // 0x51, text of one character
     const struct {
         const char* what;
         Bytes bytes;
@@ -305,7 +305,7 @@ TEST(BinaryPropertyListCheck, RefusesWhatTheParserWouldChokeOn) {
         {"more items than the file has",
          propertyListOf({"\xAF\x13\x7F\xFF\xFF\xFF\xFF\xFF\xFF\xFF"s}), false},
         {"more objects than the file has", propertyListOf({xs}, 0xFFFFFFFFFFFFFFFF), false},
-        {"text beyond the file", propertyListOf({"\x5Fx"s}), false},
+        {"text beyond the file", propertyListOf({"_x"}), false},
         {"a number of 64 bytes", propertyListOf({"\x16" + std::string(64, '\0')}), false},
         {"a set", propertyListOf({"\xC1\x01"s, xs}), false},
     };
@@ -321,7 +321,7 @@ TEST(BinaryPropertyListCheck, BoundsDepthAndUnfoldedSize) {
             objects.push_back(std::string(1, static_cast<char>(0xA0 + copies)) +
                               std::string(copies, static_cast<char>(level)));
         }
-        objects.emplace_back("\x51x");
+        objects.emplace_back("Qx"); // text of one character
         return propertyListOf(objects);
     };
     EXPECT_TRUE(isSafeBinaryPropertyList(nested(kMaxPropertyListDepth, 1)));

@@ -44,7 +44,7 @@ TEST_P(UserDefaultsContract, GivesBackValueAndKind) {
                                     "-0.5"s,
                                     " blanks "s,
                                     "two\nlines\r\n"s,
-                                    "\"quoted\" \\ back"s,
+                                    R"("quoted" \ back)"s,
                                     "\""s,
                                     "; no comment"s,
                                     "[no section]"s,

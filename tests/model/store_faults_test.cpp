@@ -5,12 +5,12 @@
 #include "support/store_fixture.h"
 
 #include <gmock/gmock.h>
-#include <signal.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <functional>
 
 namespace panewright {

@@ -2,11 +2,11 @@
 
 #include "support/store_fixture.h"
 
-#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
+#include <csignal>
 #include <random>
 #include <thread>
 

@@ -3,11 +3,11 @@
 #include "support/captured_log.h"
 #include "support/store_fixture.h"
 
-#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
+#include <csignal>
 
 namespace panewright {
 namespace {

@@ -70,7 +70,7 @@ bool stop() {
 using namespace panewright::faults;
 
 extern "C" ssize_t write(int descriptor, const void* bytes, std::size_t size) {
-    static auto* const real = next<ssize_t(int, const void*, std::size_t)>("write");
+    static auto* const kReal = next<ssize_t(int, const void*, std::size_t)>("write");
     if (mustFail("write", pathOf(descriptor))) {
         return -1;
     }
@@ -79,21 +79,21 @@ extern "C" ssize_t write(int descriptor, const void* bytes, std::size_t size) {
             errno = EINTR;
             return -1;
         }
-        return real(descriptor, bytes, size / 2);
+        return kReal(descriptor, bytes, size / 2);
     }
-    return real(descriptor, bytes, size);
+    return kReal(descriptor, bytes, size);
 }
 
 extern "C" int fsync(int descriptor) {
-    static auto* const real = next<int(int)>("fsync");
-    return mustFail("fsync", pathOf(descriptor)) ? -1 : real(descriptor);
+    static auto* const kReal = next<int(int)>("fsync");
+    return mustFail("fsync", pathOf(descriptor)) ? -1 : kReal(descriptor);
 }
 
 extern "C" int close(int descriptor) {
-    static auto* const real = next<int(int)>("close");
+    static auto* const kReal = next<int(int)>("close");
     const bool fails = mustFail("close", pathOf(descriptor));
     const int error = errno;
-    const int result = real(descriptor); // also one that fails has closed
+    const int result = kReal(descriptor); // also one that fails has closed
     if (!fails) {
         return result;
     }
@@ -102,6 +102,6 @@ extern "C" int close(int descriptor) {
 }
 
 extern "C" int rename(const char* from, const char* to) noexcept {
-    static auto* const real = next<int(const char*, const char*)>("rename");
-    return mustFail("rename", from) ? -1 : real(from, to);
+    static auto* const kReal = next<int(const char*, const char*)>("rename");
+    return mustFail("rename", from) ? -1 : kReal(from, to);
 }
