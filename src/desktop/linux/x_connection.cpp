@@ -84,6 +84,12 @@ void XConnection::flushSoon() {
     }
 }
 
+void XConnection::flush() {
+    xcb_flush(connection_);
+    // While xcb writes it also reads.
+    keepQueuedEvents();
+}
+
 Registration XConnection::onEvent(std::function<void(const xcb_generic_event_t&)> callback) {
     return eventObservers_.add(std::move(callback));
 }
@@ -97,7 +103,7 @@ Registration XConnection::onLost(std::function<void()> callback) {
 }
 
 bool XConnection::waitForEvent(std::chrono::steady_clock::time_point deadline) {
-    flush();
+    xcb_flush(connection_);
     while (!isLost()) {
         if (XEvent event{xcb_poll_for_event(connection_)}) {
             arrived(std::move(event));

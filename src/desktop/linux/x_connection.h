@@ -67,13 +67,13 @@ public:
     /// were sent together only the first one waits.
     bool succeeded(xcb_void_cookie_t checked);
 
-    /// To be called after a library has waited for replies on this connection: it may have read
-    /// events, which will not make the descriptor readable again.
+    /// To be called after anything else has used the connection: it may have read events, which will
+    /// not make the descriptor readable again.
     void keepQueuedEvents();
 
     /// Sends what is buffered, after the event that is being handled.
     void flushSoon();
-    void flush() { xcb_flush(connection_); }
+    void flush();
 
     /// Called with each event, on the main loop; errors of requests without an answer are not
     /// events.

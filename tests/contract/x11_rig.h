@@ -1,0 +1,36 @@
+#pragma once
+
+#include "desktop/linux/x11_desktop.h"
+#include "desktop/memory/memory_main_loop.h"
+#include "support/desktop.h"
+#include "support/eventually.h"
+
+#include <cstdlib>
+#include <memory>
+
+namespace panewright {
+
+/// The X11 adapter on a desktop of the test's own.
+class X11Rig {
+public:
+    explicit X11Rig(const test::XServer::Options& options = {}) : desktop(options) {
+        setenv("DISPLAY", desktop.display().c_str(), 1);
+        ports = X11Desktop::open(loop, "com.quillfen.Panewright");
+    }
+
+    /// Lets the main loop run until the condition holds; false if it never does.
+    template <class Condition>
+    bool eventually(Condition condition) {
+        return test::eventually([&] {
+            loop.runPending();
+            loop.advance(std::chrono::milliseconds(1)); // a try takes about that long
+            return condition();
+        });
+    }
+
+    test::Desktop desktop;
+    MemoryMainLoop loop;
+    std::unique_ptr<X11Desktop> ports;
+};
+
+} // namespace panewright
