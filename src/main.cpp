@@ -1,13 +1,17 @@
 #include "app/app_delegate.h"
 #include "base/log.h"
+#include "desktop/linux/absent_services.h"
+#include "desktop/linux/autostart_entry.h"
 #include "desktop/linux/ini_user_defaults.h"
 #include "desktop/linux/linux_program.h"
 #include "desktop/linux/termination_signals.h"
+#include "desktop/linux/theme_sounds.h"
 #include "desktop/linux/x11_desktop.h"
+#include "desktop/linux/xdg_folders.h"
 #include "desktop/qt/qt_main_loop.h"
 #include "desktop/qt/qt_text_services.h"
-#include "model/default_window_states.h"
-#include "platform/analytics.h"
+#include "model/model.h"
+#include "model/store_lock.h"
 #include "shortcuts/carbon_event_manager.h"
 
 #include <QCoreApplication>
@@ -22,13 +26,6 @@ using namespace panewright;
 
 constexpr int kExitCannotStart = 1;
 constexpr int kExitServerLost = 2;
-
-/// Nothing leaves the machine.
-class NoAnalytics : public Analytics {
-public:
-    void logCustomEvent(std::string_view /*name*/, const EventAttributes& /*attributes*/) override {
-    }
-};
 
 std::string environment(const char* name) {
     const char* value = std::getenv(name);
@@ -49,9 +46,64 @@ void describeMissingServer() {
                             : "cannot reach the X11 display " + display);
 }
 
+/// The shared registry and store, for as long as this object lives.
+class SharedInstances {
+public:
+    SharedInstances(HotKeys& hotKeys, MainLoop& mainLoop, UserDefaults& userDefaults,
+                    const StandardFolders& folders) {
+        CarbonEventManager::setSharedManagerFactory([&] {
+            return std::make_unique<CarbonEventManager>(
+                CarbonEventManager::Services{hotKeys, mainLoop, userDefaults});
+        });
+        Model::setFactory([&] { return std::make_unique<Model>(folders, userDefaults); });
+    }
+    /// Writes what is still to be saved and releases the hot keys.
+    ~SharedInstances() {
+        Model::setFactory(nullptr);
+        CarbonEventManager::setSharedManagerFactory(nullptr);
+    }
+    SharedInstances(const SharedInstances&) = delete;
+    SharedInstances& operator=(const SharedInstances&) = delete;
+};
+
+int runOn(X11Desktop& desktop, MainLoop& mainLoop, const ProgramInformation& program,
+          const StandardFolders& folders) {
+    const QtTextServices text;
+    const AutostartEntryFormat loginItems;
+    IniUserDefaults userDefaults(IniUserDefaults::defaultFile());
+    ThemeSounds sounds(desktop.beeper);
+    NoAnalytics analytics;
+    NoCrashReporter crashReporter;
+    NoSoftwareUpdater softwareUpdater;
+    const SharedInstances shared(desktop.hotKeys, mainLoop, userDefaults, folders);
+
+    const ActiveWindowPlacer::Services placing{
+        desktop.accessibility,
+        desktop.displays,
+        desktop.workspace,
+        program,
+        sounds,
+        Tracking(analytics),
+        ShortcutText(desktop.keyboardLayout, text),
+    };
+    AppDelegate delegate(
+        {{placing, loginItems}, mainLoop, userDefaults, crashReporter, softwareUpdater});
+    delegate.applicationWillFinishLaunching();
+    delegate.applicationDidFinishLaunching();
+    mainLoop.post([] { logLine("ready"); });
+    return mainLoop.run();
+}
+
 int run() {
     QtMainLoop mainLoop;
     const LinuxProgram program;
+    const XdgFolders folders;
+    const auto terminated = onTerminationSignal(mainLoop, [&] { mainLoop.quit(0); });
+    const StoreLock lock(folders);
+    if (lock.outcome() == StoreLock::Outcome::kHeldByAnother) {
+        logLine("already running");
+        return 0;
+    }
     describeSession();
     const auto desktop = X11Desktop::open(mainLoop, program.bundleIdentifier());
     if (!desktop) {
@@ -62,31 +114,10 @@ int run() {
         logLine("the X server has gone away");
         mainLoop.quit(kExitServerLost);
     });
-    const auto terminated = onTerminationSignal(mainLoop, [&] { mainLoop.quit(0); });
     if (!desktop->hasWindowManager()) {
         logLine("no window manager that follows EWMH is running");
     }
-
-    const QtTextServices text;
-    IniUserDefaults userDefaults(IniUserDefaults::defaultFile());
-    NoAnalytics analytics;
-    CarbonEventManager::setSharedManagerFactory([&] {
-        return std::make_unique<CarbonEventManager>(
-            CarbonEventManager::Services{desktop->hotKeys, mainLoop, userDefaults});
-    });
-    int exitCode = 0;
-    {
-        AppDelegate delegate({desktop->accessibility, desktop->displays, desktop->workspace,
-                              program, desktop->beeper, Tracking(analytics),
-                              ShortcutText(desktop->keyboardLayout, text)},
-                             makeDefaultWindowStates());
-        delegate.applicationWillFinishLaunching();
-        delegate.applicationDidFinishLaunching();
-        mainLoop.post([] { logLine("ready"); });
-        exitCode = mainLoop.run();
-    }
-    CarbonEventManager::setSharedManagerFactory(nullptr);
-    return exitCode;
+    return runOn(*desktop, mainLoop, program, folders);
 }
 
 } // namespace

@@ -1,11 +1,19 @@
 #include "app/app_delegate.h"
 
+#include "model/model.h"
 #include "model/window_state.h"
-
-#include <utility>
+#include "services/workspace_additions.h"
 
 namespace panewright {
 namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kPreferencesDelay = 1s;
+constexpr std::string_view kCrashOnExceptionsKey = "NSApplicationCrashOnExceptions";
+constexpr const char* kSystemPreferences = "/Applications/System Preferences.app";
+constexpr const char* kFeedbackUrl = "http://quillfen.com/panewright/disqus.html";
+constexpr const char* kFAQUrl = "http://quillfen.com/panewright#faq";
 
 AppDelegate*& theInstance() {
     static AppDelegate* instance = nullptr;
@@ -14,11 +22,10 @@ AppDelegate*& theInstance() {
 
 } // namespace
 
-AppDelegate::AppDelegate(const StatusItemController::Services& services,
-                         std::vector<std::shared_ptr<WindowState>> defaultStates)
-    : services_(services), defaultStates_(std::move(defaultStates)) {}
+AppDelegate::AppDelegate(const Services& services) : services_(services) {}
 
 AppDelegate::~AppDelegate() {
+    services_.softwareUpdater.setWillShowHandler(nullptr);
     if (theInstance() == this) {
         theInstance() = nullptr;
     }
@@ -29,24 +36,79 @@ AppDelegate* AppDelegate::instance() {
 }
 
 void AppDelegate::applicationWillFinishLaunching() {
-    frontMostAppBeforeRunning_ = services_.workspace.frontmostApplication();
+    frontMostAppBeforeRunning_ = placing().workspace.frontmostApplication();
 }
 
 void AppDelegate::applicationDidFinishLaunching() {
     theInstance() = this;
+    setupFabric();
     setupAccessibility();
     setupStatusItem();
+    setupSparkle();
+}
+
+void AppDelegate::setupFabric() {
+    services_.userDefaults.setObject(kCrashOnExceptionsKey, true);
+    services_.crashReporter.start();
 }
 
 void AppDelegate::setupAccessibility() {
-    AccessibilityHelper(services_.accessibility).accessibilityEnabledWithPrompt();
+    if (!AccessibilityHelper(placing().accessibility).accessibilityEnabledWithPrompt()) {
+        pendingPreferences_ =
+            services_.mainLoop.after(kPreferencesDelay, [this] { bringPrefsForward(); });
+    }
 }
 
 void AppDelegate::setupStatusItem() {
-    statusItemController_ = StatusItemController::create(services_, defaultStates_);
+    statusItemController_ = StatusItemController::create(services_.controller);
     WindowState::setApplier(statusItemController_);
     statusItemController_->tracking().setCurrentApplication(frontMostAppBeforeRunning_);
     statusItemController_->startStatusItem();
+}
+
+void AppDelegate::setupSparkle() {
+    services_.softwareUpdater.setWillShowHandler(
+        [this] { bringApplicationToFrontIfInBackground(placing().workspace, placing().program); });
+}
+
+void AppDelegate::bringPrefsForward() {
+    placing().workspace.launchApplication(kSystemPreferences);
+}
+
+void AppDelegate::runAtStartup() {
+    const auto& item = statusItemController_->launchAgentStartupItem();
+    const bool wasInstalled = item.isInstalled();
+    statusItemController_->setStartupItemState(!wasInstalled);
+    if (wasInstalled) {
+        item.uninstall();
+    } else {
+        item.install();
+    }
+}
+
+void AppDelegate::restoreWindowStates() {
+    Model::instance().restoreDefaultWindowStates();
+}
+
+void AppDelegate::quit() {
+    services_.mainLoop.quit(0);
+}
+
+void AppDelegate::checkForUpdates() {
+    services_.softwareUpdater.checkForUpdates();
+}
+
+void AppDelegate::checkForUpdatesInBackground() {
+    services_.softwareUpdater.checkForUpdatesInBackground();
+}
+
+void AppDelegate::sendFeedback() {
+    placing().workspace.openUrl(kFeedbackUrl);
+}
+
+void AppDelegate::openFAQ() {
+    placing().workspace.openUrl(kFAQUrl);
+    placing().tracking.trackEvent(kOpenFAQEvent);
 }
 
 } // namespace panewright

@@ -1,24 +1,45 @@
 #pragma once
 
 #include "menubar/status_item_controller.h"
+#include "platform/crash_reporter.h"
+#include "platform/main_loop.h"
+#include "platform/software_updater.h"
+#include "platform/user_defaults.h"
 
 #include <memory>
 #include <optional>
-#include <vector>
+#include <string>
 
 namespace panewright {
 
-/// The program's life: start-up in its order.
+/// The program's life: start-up in its order, and the actions that belong to the whole program.
 class AppDelegate {
 public:
-    AppDelegate(const StatusItemController::Services& services,
-                std::vector<std::shared_ptr<WindowState>> defaultStates);
+    /// All of it must outlive the delegate.
+    struct Services {
+        StatusItemController::Services controller;
+        MainLoop& mainLoop;
+        UserDefaults& userDefaults;
+        CrashReporter& crashReporter;
+        SoftwareUpdater& softwareUpdater;
+    };
+
+    explicit AppDelegate(const Services& services);
     ~AppDelegate();
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
 
-    /// The delegate of the program that has finished launching; null before.
+    /// The delegate of the program that has begun to finish launching; null before.
     static AppDelegate* instance();
+
+    /// The application that the user was in when the program was started; nil if there was none.
+    const std::optional<RunningApplication>& frontMostAppBeforeRunning() const {
+        return frontMostAppBeforeRunning_;
+    }
+    /// Null before launch has finished.
+    const std::shared_ptr<StatusItemController>& statusItemController() const {
+        return statusItemController_;
+    }
 
     /// Remembers the application that the user was in.
     void applicationWillFinishLaunching();
@@ -26,19 +47,27 @@ public:
     /// Asks for permission to control other programs, then makes and starts the controller.
     void applicationDidFinishLaunching();
 
-    /// Null before launch has finished.
-    const std::shared_ptr<StatusItemController>& statusItemController() const {
-        return statusItemController_;
-    }
+    // Actions of the menu.
+    void bringPrefsForward();
+    void runAtStartup();
+    void restoreWindowStates();
+    void quit();
+    void checkForUpdates();
+    void checkForUpdatesInBackground();
+    void sendFeedback();
+    void openFAQ();
 
 private:
+    void setupFabric();
     void setupAccessibility();
     void setupStatusItem();
+    void setupSparkle();
+    const ActiveWindowPlacer::Services& placing() const { return services_.controller.placing; }
 
-    StatusItemController::Services services_;
-    std::vector<std::shared_ptr<WindowState>> defaultStates_;
+    Services services_;
     std::optional<RunningApplication> frontMostAppBeforeRunning_;
     std::shared_ptr<StatusItemController> statusItemController_;
+    Registration pendingPreferences_;
 };
 
 } // namespace panewright

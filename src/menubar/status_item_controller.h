@@ -1,16 +1,21 @@
 #pragma once
 
+#include "menubar/active_window_placer.h"
 #include "menubar/focus_tracking.h"
 #include "model/window_state_applier.h"
-#include "platform/beeper.h"
-#include "services/tracking.h"
-#include "shortcuts/shortcut_text.h"
+#include "platform/login_item.h"
+#include "services/launch_agent_startup_item.h"
 
+#include <cstdint>
 #include <memory>
-#include <vector>
+#include <optional>
+#include <string>
+#include <string_view>
 
 namespace panewright {
 
+class CarbonKeyEvent;
+class Model;
 class WindowState;
 
 /// The heart of the running program: keeps the hot keys in step with the frontmost application and
@@ -20,41 +25,75 @@ class StatusItemController : public WindowStateApplier,
 public:
     /// All of it must outlive the controller.
     struct Services {
-        Accessibility& accessibility;
-        const Displays& displays;
-        Workspace& workspace;
-        const ProgramInformation& program;
-        Beeper& beeper;
-        Tracking tracking;
-        ShortcutText shortcutText;
+        ActiveWindowPlacer::Services placing;
+        const LoginItemFormat& loginItems;
     };
 
-    static std::shared_ptr<StatusItemController>
-    create(const Services& services, std::vector<std::shared_ptr<WindowState>> defaultStates);
+    /// What the menu shows of the hot key of an item.
+    struct ShownShortcut {
+        /// Empty without one.
+        std::string keyEquivalent;
+        std::uint64_t keyEquivalentModifierMask = 0;
+
+        friend bool operator==(const ShownShortcut&, const ShownShortcut&) = default;
+    };
+
+    static std::shared_ptr<StatusItemController> create(const Services& services);
 
     FocusTracking& tracking() { return *tracking_; }
+    const LaunchAgentStartupItem& launchAgentStartupItem() const { return *startupItem_; }
+    /// Whether the start-at-login item is checked.
+    bool startupItemState() const { return startupItemState_; }
+    void setStartupItemState(bool on) { startupItemState_ = on; }
+    const ShownShortcut& moveToNextDisplayItem() const { return moveToNextDisplayItem_; }
 
-    /// Starts following the frontmost application; with an application known already, tracks it and
-    /// installs the hot keys. Once only: repeating does nothing.
+    /// Sets everything up and, with an application known already, tracks it and installs the hot
+    /// keys. Once only: repeating does nothing. The store is loaded here.
     void startStatusItem();
 
     void workspaceDidActiveApplication();
 
-    /// Installs the hot keys of all states that apply now, in place of those installed before.
+    /// Installs the hot keys of all states that apply now, and the one that moves to the next
+    /// display, in place of those installed before.
     void addEventHandlers();
 
-    /// Beeps when there is no window that can be placed. Without permission to control other
-    /// programs shows the request for it and does nothing else.
+    /// The sender is not used.
+    void moveToNextDisplay(const std::shared_ptr<CarbonKeyEvent>& sender);
+
     void applyWindowStateToActiveWindow(const std::shared_ptr<WindowState>& state) override;
 
+    /// Applies the first state of that name, whatever application it belongs to, or only one saved
+    /// from the application of that name; both compare exactly. True when there is one, also if the
+    /// window could not be placed.
+    bool applyWindowStateNamed(std::string_view name);
+    bool applyWindowStateNamed(std::string_view name, std::string_view forApplicationNamed);
+
+    /// Only adds: the caller saves and refreshes the hot keys.
+    void addWindowState(const std::shared_ptr<WindowState>& state);
+
+    /// Removes and saves, and gives the hot key that the state overrode back to its owner.
+    void removeWindowState(const std::shared_ptr<WindowState>& state);
+
 private:
-    StatusItemController(const Services& services,
-                         std::vector<std::shared_ptr<WindowState>> defaultStates);
+    explicit StatusItemController(const Services& services);
+
+    void awakeFromNib();
+    void setupModel();
+    void setupStartupItem();
+    void setupUI();
+    void setupCarbonEventManager();
+    void setupNotifications();
+    void installMoveToNextDisplayKey();
+    bool applyFirst(std::string_view name, std::optional<std::string_view> applicationName);
 
     Services services_;
-    AccessibilityHelper helper_;
     std::shared_ptr<FocusTracking> tracking_;
-    std::vector<std::shared_ptr<WindowState>> defaultStates_;
+    ActiveWindowPlacer placer_;
+    Model* model_ = nullptr;
+    std::optional<LaunchAgentStartupItem> startupItem_;
+    bool startupItemState_ = false;
+    ShownShortcut moveToNextDisplayItem_;
+    bool started_ = false;
     Registration activations_;
 };
 

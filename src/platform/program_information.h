@@ -13,6 +13,9 @@ public:
 
     /// The file name of the program.
     virtual std::string executableName() const = 0;
+
+    /// Absolute path of the program that runs.
+    virtual std::string executablePath() const = 0;
 };
 
 } // namespace panewright

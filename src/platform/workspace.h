@@ -36,6 +36,12 @@ public:
 
     /// Brings our own program's windows to the front; nothing when it has none.
     virtual void bringThisApplicationToFront() = 0;
+
+    /// Opens the address in the user's browser. Returns at once; failure is ignored.
+    virtual void openUrl(const std::string& url) = 0;
+
+    /// Starts the application whose bundle stands at the path; nothing where there are no bundles.
+    virtual void launchApplication(const std::string& bundlePath) = 0;
 };
 
 } // namespace panewright

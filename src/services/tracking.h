@@ -21,5 +21,9 @@ private:
 
 // Names of the events.
 constexpr std::string_view kApplyWindowStateEvent = "ApplyWindowState";
+constexpr std::string_view kCheckForUpdatesEvent = "CheckForUpdates";
+constexpr std::string_view kMoveToNextDisplayEvent = "MoveToNextDisplay";
+constexpr std::string_view kOpenFAQEvent = "OpenFAQ";
+constexpr std::string_view kRemoveWindowStateEvent = "RemoveWindowState";
 
 } // namespace panewright

@@ -9,8 +9,8 @@
 
 namespace panewright {
 
-/// A program of another process with windows, as windows of the test's own would be ours. Goes, with
-/// its windows, with this object.
+/// A program of another process with windows, as windows of the test's own would be ours. Goes,
+/// with its windows, with this object.
 class ForeignProgram {
 public:
     struct WindowRequest {

@@ -162,14 +162,12 @@ TEST_P(HotKeysContract, RememberAKeyThatAnotherProgramHolds) {
     const auto wanted = port().registerHotKey(20, kOption, {0, 1});
     EXPECT_EQ(wanted.status, kNoError);
     add(21, 2);
-    EXPECT_TRUE(
-        rig_->eventually([&] { return port().isTakenByAnotherProgram(20, kOption); }));
+    EXPECT_TRUE(rig_->eventually([&] { return port().isTakenByAnotherProgram(20, kOption); }));
     EXPECT_FALSE(port().isTakenByAnotherProgram(21, kOption));
     EXPECT_THAT(heardAfter(20, 0), IsEmpty());
     EXPECT_THAT(heardAfter(21), ElementsAre("first2"));
     port().unregisterHotKey(wanted.ref);
-    EXPECT_TRUE(
-        rig_->eventually([&] { return !port().isTakenByAnotherProgram(20, kOption); }));
+    EXPECT_TRUE(rig_->eventually([&] { return !port().isTakenByAnotherProgram(20, kOption); }));
 }
 
 class KeyboardLayoutContract : public testing::TestWithParam<const char*> {

@@ -130,9 +130,8 @@ protected:
     /// Opens a window and returns when its program is frontmost with it.
     int open(const std::string& program, const WindowKind& kind = {}) {
         const int window = rig_->open(program, kind);
-        EXPECT_TRUE(rig_->eventually([&] {
-            return frontmostId() == program && frameOf(focusedWindow()) == kind.frame;
-        }));
+        EXPECT_TRUE(rig_->eventually(
+            [&] { return frontmostId() == program && frameOf(focusedWindow()) == kind.frame; }));
         return window;
     }
     std::optional<std::string> frontmostId() {
@@ -153,9 +152,9 @@ protected:
     Rect frameOf(const AXUIElementRef& window) {
         const auto position = port().copyAttributeValue(window, NSAccessibilityPositionAttribute);
         const auto size = port().copyAttributeValue(window, NSAccessibilitySizeAttribute);
-        return position && size ? makeRect(std::get<Point>(position.value()),
-                                           std::get<Size>(size.value()))
-                                : Rect{};
+        return position && size
+                   ? makeRect(std::get<Point>(position.value()), std::get<Size>(size.value()))
+                   : Rect{};
     }
     AXError errorOf(const AXUIElementRef& element, std::string_view attribute) {
         const auto copied = port().copyAttributeValue(element, attribute);
@@ -180,8 +179,7 @@ TEST_P(WindowsContract, FindsTheFocusedWindowOfTheFrontmostProgram) {
     EXPECT_EQ(errorOf(port().createSystemWide(), kAXFocusedApplicationAttribute),
               AXError::kNoValue);
     const int first = open("Editor");
-    const auto application =
-        elementOf(port().createSystemWide(), kAXFocusedApplicationAttribute);
+    const auto application = elementOf(port().createSystemWide(), kAXFocusedApplicationAttribute);
     const auto window = focusedWindow();
     EXPECT_EQ(port().pid(application).pid,
               rig_->workspace().frontmostApplication()->processIdentifier);
@@ -191,8 +189,9 @@ TEST_P(WindowsContract, FindsTheFocusedWindowOfTheFrontmostProgram) {
 
     open("Editor", {.frame = {300, 200, 500, 400}});
     rig_->activate(first);
-    EXPECT_TRUE(rig_->eventually(
-        [&] { return frameOf(focusedWindow()) == Rect{100, 100, 400, 300}; }));
+    EXPECT_TRUE(rig_->eventually([&] {
+        return frameOf(focusedWindow()) == Rect{100, 100, 400, 300};
+    }));
 }
 
 TEST_P(WindowsContract, TellsOfActivationsAndOfWindowsWithinOneProgramApart) {

@@ -13,6 +13,7 @@ namespace {
 
 struct Program : ProgramInformation {
     std::string bundleIdentifier() const override { return "com.quillfen.Panewright"; }
+    std::string executablePath() const override { return "/opt/" + executableName(); }
     std::string executableName() const override { return "panewright"; }
 };
 

@@ -131,8 +131,8 @@ TEST(HotKeys, LeaveAKeyToTheProgramThatHoldsIt) {
 
 TEST(HotKeys, SurviveWindowsThatVanishDuringThePress) {
     Desktop desktop;
-    // There from the start: a window made after the others could get the identifier of the last one,
-    // which openbox keeps calling active.
+    // There from the start: a window made after the others could get the identifier of the last
+    // one, which openbox keeps calling active.
     const TestClient survivor(desktop.display());
     Program program(desktop);
     constexpr int kRounds = 30;

@@ -2,6 +2,10 @@
 
 #include "platform/program_information.h"
 
+#include <filesystem>
+#include <string>
+#include <system_error>
+
 namespace panewright {
 
 /// This program as an application of the desktop: its identifier names its desktop entry, bus name
@@ -10,6 +14,10 @@ class LinuxProgram : public ProgramInformation {
 public:
     std::string bundleIdentifier() const override { return "com.quillfen.Panewright"; }
     std::string executableName() const override { return "panewright"; }
+    std::string executablePath() const override {
+        std::error_code ignored;
+        return std::filesystem::read_symlink("/proc/self/exe", ignored).string(); // proc(5)
+    }
 };
 
 } // namespace panewright

@@ -18,6 +18,8 @@ public:
         return activeWindows_.onActivation(std::move(callback));
     }
     void bringThisApplicationToFront() override;
+    void openUrl(const std::string& url) override;
+    void launchApplication(const std::string& /*bundlePath*/) override {}
 
 private:
     XConnection& connection_;

@@ -67,8 +67,8 @@ public:
     /// were sent together only the first one waits.
     bool succeeded(xcb_void_cookie_t checked);
 
-    /// To be called after anything else has used the connection: it may have read events, which will
-    /// not make the descriptor readable again.
+    /// To be called after anything else has used the connection: it may have read events, which
+    /// will not make the descriptor readable again.
     void keepQueuedEvents();
 
     /// Sends what is buffered, after the event that is being handled.

@@ -31,6 +31,9 @@ struct MemoryDesktop {
     MemoryUserDefaults userDefaults;
     MemoryBeeper beeper;
     MemoryAnalytics analytics;
+    MemorySounds sounds;
+    MemoryCrashReporter crashReporter;
+    MemorySoftwareUpdater softwareUpdater;
 };
 
 } // namespace panewright

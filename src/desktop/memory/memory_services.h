@@ -2,10 +2,14 @@
 
 #include "platform/analytics.h"
 #include "platform/beeper.h"
+#include "platform/crash_reporter.h"
 #include "platform/program_information.h"
+#include "platform/software_updater.h"
+#include "platform/sounds.h"
 #include "platform/text_services.h"
 
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -37,10 +41,44 @@ public:
     std::vector<Event> events;
 };
 
+/// Keeps the names of what was played.
+class MemorySounds : public Sounds {
+public:
+    void play(std::string_view name, float volume) override {
+        played.emplace_back(std::string(name), volume);
+    }
+
+    std::vector<std::pair<std::string, float>> played;
+};
+
+/// Counts what it is asked for.
+class MemoryCrashReporter : public CrashReporter {
+public:
+    void start() override { ++starts; }
+
+    int starts = 0;
+};
+
+class MemorySoftwareUpdater : public SoftwareUpdater {
+public:
+    void setWillShowHandler(std::function<void()> handler) override {
+        willShow = std::move(handler);
+    }
+    void checkForUpdates() override { ++checks; }
+    void checkForUpdatesInBackground() override { ++backgroundChecks; }
+
+    std::function<void()> willShow;
+    int checks = 0;
+    int backgroundChecks = 0;
+};
+
 class MemoryProgram : public ProgramInformation {
 public:
     std::string bundleIdentifier() const override { return "com.quillfen.Panewright"; }
     std::string executableName() const override { return "panewright"; }
+    std::string executablePath() const override { return path; }
+
+    std::string path = "/opt/panewright/bin/panewright";
 };
 
 /// Upper-cases the letters of ASCII.

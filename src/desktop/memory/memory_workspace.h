@@ -3,6 +3,9 @@
 #include "desktop/memory/memory_windows.h"
 #include "platform/workspace.h"
 
+#include <string>
+#include <vector>
+
 namespace panewright {
 
 /// The programs of MemoryWindows.
@@ -18,6 +21,13 @@ public:
         return windows_.onActivation(std::move(callback));
     }
     void bringThisApplicationToFront() override { windows_.activateApplication(ownPid_); }
+    void openUrl(const std::string& url) override { openedUrls.push_back(url); }
+    void launchApplication(const std::string& bundlePath) override {
+        launched.push_back(bundlePath);
+    }
+
+    std::vector<std::string> openedUrls;
+    std::vector<std::string> launched;
 
 private:
     MemoryWindows& windows_;

@@ -1,0 +1,59 @@
+#include "geometry/next_display.h"
+
+#include "geometry/window_placement.h"
+
+#include <cmath>
+
+namespace panewright {
+namespace {
+
+/// Each step rounds to 32 bits, as the sums do for which hot keys look again.
+float narrowed(double value) {
+    return static_cast<float>(value);
+}
+
+/// How far the corner lies from the display's origin. A corner on the other side of it, or of zero,
+/// is mirrored.
+float offsetOf(double display, double window) {
+    return std::fabs(std::fabs(narrowed(display)) - std::fabs(narrowed(window)));
+}
+
+Rect scaledTo(const Rect& target, const Rect& source, const Rect& window) {
+    const float ratioX = narrowed(target.width / source.width);
+    const float ratioY = narrowed(target.height / source.height);
+    const float x = offsetOf(source.x, window.x) * ratioX;
+    const float y = offsetOf(source.y, window.y) * ratioY;
+    return {x + target.x, y + target.y, ratioX * window.width, ratioY * window.height};
+}
+
+} // namespace
+
+std::optional<QuartzDisplay> getNextDisplayForWindowRect(const Displays& port, const Rect& rect) {
+    const auto screens = QuartzDisplay::screens(port);
+    bool previousHolds = false;
+    for (const auto& display : screens) {
+        if (previousHolds) {
+            return display;
+        }
+        previousHolds = contains(display.bounds(), rect.origin());
+    }
+    return screens.size() >= 2 ? std::optional(screens.front()) : std::nullopt;
+}
+
+bool isRectFullscreen(const Rect& rect, const std::optional<QuartzDisplay>& inDisplay) {
+    const Rect display = boundsOf(inDisplay);
+    const bool isBelowMenuBar = rect.x == display.x && rect.y == display.y + kMenuBarAllowance &&
+                                rect.width == display.width &&
+                                rect.height >= display.height - kFullscreenTolerance;
+    return isBelowMenuBar || rect == display;
+}
+
+Rect frameOnNextDisplay(const Rect& windowRect, const std::optional<QuartzDisplay>& current,
+                        const QuartzDisplay& next) {
+    const Rect frame = isRectFullscreen(windowRect, current)
+                           ? next.bounds()
+                           : scaledTo(next.bounds(), boundsOf(current), windowRect);
+    return {narrowed(frame.x), narrowed(frame.y), narrowed(frame.width), narrowed(frame.height)};
+}
+
+} // namespace panewright

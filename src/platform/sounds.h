@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string_view>
+
+namespace panewright {
+
+/// The system's named sounds.
+class Sounds {
+public:
+    virtual ~Sounds() = default;
+
+    /// Starts the sound and returns; `volume` from 0 to 1. A name that the system does not know
+    /// plays nothing.
+    virtual void play(std::string_view name, float volume) = 0;
+};
+
+} // namespace panewright

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "app/app_delegate.h"
+#include "desktop/memory/memory_desktop.h"
+#include "desktop/memory/memory_standard_folders.h"
+#include "model/model.h"
+#include "model/window_state.h"
+#include "services/launch_agent_format.h"
+#include "shortcuts/carbon_event_manager.h"
+#include "support/temporary_folder.h"
+
+#include <memory>
+#include <string>
+
+namespace panewright {
+
+/// The whole program on a desktop in memory, with a store of its own.
+class LaunchedProgram {
+public:
+    LaunchedProgram() {
+        CarbonEventManager::setSharedManagerFactory([this] {
+            return std::make_unique<CarbonEventManager>(CarbonEventManager::Services{
+                desktop.hotKeys, desktop.mainLoop, desktop.userDefaults});
+        });
+        Model::setFactory(
+            [this] { return std::make_unique<Model>(folders, desktop.userDefaults); });
+    }
+    ~LaunchedProgram() {
+        Model::setFactory(nullptr);
+        CarbonEventManager::setSharedManagerFactory(nullptr);
+    }
+    LaunchedProgram(const LaunchedProgram&) = delete;
+    LaunchedProgram& operator=(const LaunchedProgram&) = delete;
+
+    void launch() {
+        delegate.applicationWillFinishLaunching();
+        delegate.applicationDidFinishLaunching();
+    }
+
+    /// A program with one window, which becomes the active one.
+    MemoryWindowId open(ProcessId pid, const std::string& bundleId, const Rect& frame) {
+        desktop.windows.addApplication({pid, bundleId, bundleId});
+        const auto window = desktop.windows.openWindow({.pid = pid, .frame = frame});
+        desktop.windows.activateWindow(window);
+        desktop.mainLoop.runPending();
+        return window;
+    }
+
+    /// Adds a state that puts a window at `frame` on the main display, on Option and the key.
+    std::shared_ptr<WindowState> addState(const std::string& name, bool isGlobal,
+                                          const std::string& bundleId, std::uint64_t keyCode,
+                                          const Rect& frame) {
+        auto state = WindowState::windowStateIsDefault(false, isGlobal);
+        state->setWindowStateName(name);
+        state->setAppBundleId(bundleId);
+        state->setAppName(bundleId);
+        state->setOriginalWindowRect(frame);
+        state->setOriginalQuartzDisplayBounds(desktop.displays.bounds(1));
+        state->setKeyEvent(CarbonKeyEvent::carbonEventWithKeyCode(keyCode, 0x80000));
+        delegate.statusItemController()->addWindowState(state);
+        delegate.statusItemController()->addEventHandlers();
+        return state;
+    }
+
+    /// Presses Option and the key; false when no hot key takes it.
+    bool press(std::uint32_t keyCode) {
+        const bool taken = desktop.hotKeys.press(keyCode, 0x800);
+        desktop.mainLoop.runPending();
+        return taken;
+    }
+
+    Rect frame(MemoryWindowId window) const { return desktop.windows.find(window)->frame; }
+
+    TemporaryFolder folder;
+    MemoryStandardFolders folders{folder.path()};
+    LaunchAgentFormat loginItems{folder.path()};
+    MemoryDesktop desktop;
+    AppDelegate delegate{{{{desktop.accessibility, desktop.displays, desktop.workspace,
+                            desktop.program, desktop.beeper, Tracking(desktop.analytics),
+                            ShortcutText(desktop.keyboardLayout, desktop.text)},
+                           loginItems},
+                          desktop.mainLoop,
+                          desktop.userDefaults,
+                          desktop.crashReporter,
+                          desktop.softwareUpdater}};
+};
+
+} // namespace panewright
