@@ -82,7 +82,7 @@ void FrameWriter::write(xcb_window_t window, const Write& value) {
     advanceAllSoon();
 }
 
-std::optional<Rect> FrameWriter::settledFrame(xcb_window_t window) {
+void FrameWriter::settle(xcb_window_t window) {
     const auto deadline = Clock::now() + kPatience;
     for (auto job = jobs_.find(window); job != jobs_.end(); job = jobs_.find(window)) {
         if (!advance(window, job->second)) {
@@ -96,6 +96,10 @@ std::optional<Rect> FrameWriter::settledFrame(xcb_window_t window) {
             finish(window);
         }
     }
+}
+
+std::optional<Rect> FrameWriter::settledFrame(xcb_window_t window) {
+    settle(window);
     const auto geometry = readGeometry(connection_, manager_, window);
     if (!geometry) {
         return std::nullopt;
@@ -104,6 +108,12 @@ std::optional<Rect> FrameWriter::settledFrame(xcb_window_t window) {
     return frameToReport(geometry->frame(), memory == memories_.end()
                                                 ? std::nullopt
                                                 : std::optional(memory->second.frame));
+}
+
+void FrameWriter::settleAll() {
+    while (!jobs_.empty() && !connection_.isLost()) {
+        settle(jobs_.begin()->first);
+    }
 }
 
 void FrameWriter::advanceAllSoon() {

@@ -39,6 +39,9 @@ public:
     /// window that is gone.
     std::optional<Rect> settledFrame(xcb_window_t window);
 
+    /// Waits (at most kPatience) until everything that was written has settled.
+    void settleAll();
+
     /// Whether something written to the window has not settled yet.
     bool isBusy(xcb_window_t window) const { return jobs_.contains(window); }
 
@@ -70,6 +73,7 @@ private:
     };
 
     void write(xcb_window_t window, const Write& value);
+    void settle(xcb_window_t window);
     void advanceAllSoon();
     void advanceAll();
     /// Takes the job as far as it goes without waiting; false when it is done.

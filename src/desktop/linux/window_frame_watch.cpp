@@ -1,6 +1,7 @@
 #include "desktop/linux/window_frame_watch.h"
 
 #include <utility>
+#include <vector>
 
 namespace panewright {
 
@@ -15,6 +16,16 @@ Registration WindowFrameWatch::onMoved(xcb_window_t window, std::function<void()
 
 Registration WindowFrameWatch::onResized(xcb_window_t window, std::function<void()> callback) {
     return keepWhile(window, watch(window)->resized.add(std::move(callback)));
+}
+
+void WindowFrameWatch::checkAll() {
+    std::vector<xcb_window_t> windows;
+    for (const auto& [window, watched] : watched_) {
+        windows.push_back(window);
+    }
+    for (const auto window : windows) {
+        check(window);
+    }
 }
 
 std::shared_ptr<WindowFrameWatch::Watched> WindowFrameWatch::watch(xcb_window_t window) {

@@ -18,6 +18,9 @@ public:
     Registration onMoved(xcb_window_t window, std::function<void()> callback);
     Registration onResized(xcb_window_t window, std::function<void()> callback);
 
+    /// Tells now of every change that there has been.
+    void checkAll();
+
 private:
     struct Watched {
         Rect reported;

@@ -30,6 +30,11 @@ X11Accessibility::X11Accessibility(XConnection& connection, WindowManager& manag
     : connection_(connection), activeWindows_(activeWindows),
       writer_(connection, manager, mainLoop), frames_(connection, writer_, mainLoop) {}
 
+void X11Accessibility::settle() {
+    writer_.settleAll();
+    frames_.checkAll();
+}
+
 AXUIElementRef X11Accessibility::createSystemWide() {
     return Element::make(Element::Kind::kSystem, 0, kNoWindow);
 }

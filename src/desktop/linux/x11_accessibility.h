@@ -32,6 +32,10 @@ public:
     Registration observe(ProcessId pid, const AXUIElementRef& element,
                          std::string_view notification, std::function<void()> callback) override;
 
+    /// Waits (at most half a second) until what was written to windows has settled, and tells those
+    /// who observe them.
+    void settle();
+
 private:
     struct Element;
 

@@ -17,7 +17,9 @@ X11Desktop::X11Desktop(std::unique_ptr<XConnection> connection, MainLoop& mainLo
       activeWindows_(*connection_, manager_, std::move(ownBundleIdentifier)),
       displays(*connection_, mainLoop),
       accessibility(*connection_, manager_, activeWindows_, mainLoop),
-      hotKeys(*connection_, keymap_, mainLoop), keyboardLayout(keymap_),
-      workspace(*connection_, activeWindows_), beeper(*connection_) {}
+      hotKeys(*connection_, keymap_, mainLoop,
+              // A press means the windows as the presses before it have left them.
+              [this] { accessibility.settle(); }),
+      keyboardLayout(keymap_), workspace(*connection_, activeWindows_), beeper(*connection_) {}
 
 } // namespace panewright
