@@ -1,5 +1,5 @@
-// From the start of the process to installed hot keys, and the memory held then, beside a minimal Qt
-// program with a tray icon and a bus name, in turn in one run. Needs a session bus.
+// From the start of the process to installed hot keys, and the memory held then, beside a minimal
+// Qt program with a tray icon and a bus name, in turn in one run. Needs a session bus.
 
 #include "support/desktop.h"
 
