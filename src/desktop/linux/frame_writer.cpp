@@ -31,7 +31,7 @@ void changeMaximized(XConnection& connection, xcb_window_t window, std::uint32_t
                    kSourcePager, 0});
 }
 
-void leaveBlockingStates(XConnection& connection, xcb_window_t window, const WindowStates& states) {
+void leaveBlockingStates(XConnection& connection, xcb_window_t window, const EwmhStates& states) {
     const auto& atoms = connection.atoms();
     if (states.maximizedHorizontally || states.maximizedVertically) {
         changeMaximized(connection, window, kRemoveState);
@@ -110,10 +110,12 @@ std::optional<Rect> FrameWriter::settledFrame(xcb_window_t window) {
                                                 : std::optional(memory->second.frame));
 }
 
-void FrameWriter::settleAll() {
+bool FrameWriter::settleAll() {
+    const bool wasBusy = !jobs_.empty();
     while (!jobs_.empty() && !connection_.isLost()) {
         settle(jobs_.begin()->first);
     }
+    return wasBusy;
 }
 
 void FrameWriter::advanceAllSoon() {
@@ -154,7 +156,9 @@ bool FrameWriter::advance(xcb_window_t window, Job& job) {
 }
 
 bool FrameWriter::start(xcb_window_t window, Job& job) {
-    const auto states = readWindowStates(connection_, window);
+    const auto traits = readTraits(connection_, window);
+    const auto& states = traits.states;
+    job.gravity = traits.hints.gravity;
     if (!states.blocksPlacing()) {
         return placeWhereItStands(window, job, Phase::kPlacing);
     }
@@ -174,8 +178,8 @@ bool FrameWriter::placeWhereItStands(xcb_window_t window, Job& job, Phase phase)
     return true;
 }
 
-void FrameWriter::place(xcb_window_t window, Job& job, const WindowGeometry& geometry) {
-    const auto gravity = readSizeHints(connection_, window).gravity;
+void FrameWriter::place(xcb_window_t window, const Job& job, const WindowGeometry& geometry) {
+    const auto gravity = job.gravity;
     Rect frame = geometry.frame();
     for (const auto& write : job.writes) {
         if (const auto* position = std::get_if<Point>(&write)) {
@@ -231,7 +235,7 @@ bool FrameWriter::verify(xcb_window_t window, Job& job) {
     }
     const bool asAsked = geometry->frame() == expectedFrame(job, *geometry);
     if (asAsked || job.phase == Phase::kRepairing ||
-        readWindowStates(connection_, window).blocksPlacing()) {
+        readEwmhStates(connection_, window).blocksPlacing()) {
         remember(window, job, geometry->frame());
         return false;
     }
@@ -254,8 +258,7 @@ bool FrameWriter::hasAnswered(xcb_window_t window, const Job& job) {
         fence_.giveUp();
         return true;
     }
-    if (job.phase == Phase::kLeavingStates &&
-        readWindowStates(connection_, window).blocksPlacing()) {
+    if (job.phase == Phase::kLeavingStates && readEwmhStates(connection_, window).blocksPlacing()) {
         return false;
     }
     if (fence_.isReliable()) {

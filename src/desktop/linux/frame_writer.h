@@ -39,8 +39,9 @@ public:
     /// window that is gone.
     std::optional<Rect> settledFrame(xcb_window_t window);
 
-    /// Waits (at most kPatience) until everything that was written has settled.
-    void settleAll();
+    /// Waits (at most kPatience) until everything that was written has settled; false if that was
+    /// so already.
+    bool settleAll();
 
     /// Whether something written to the window has not settled yet.
     bool isBusy(xcb_window_t window) const { return jobs_.contains(window); }
@@ -60,6 +61,8 @@ private:
         /// As written; what was not written is what the window had.
         std::optional<Point> position;
         std::optional<Size> size;
+        /// The window's own.
+        std::uint32_t gravity = XCB_GRAVITY_NORTH_WEST;
         Phase phase = Phase::kQueued;
         ManagerFence::Id fence = 0;
         Clock::time_point asked;
@@ -80,7 +83,7 @@ private:
     bool advance(xcb_window_t window, Job& job);
     bool start(xcb_window_t window, Job& job);
     bool placeWhereItStands(xcb_window_t window, Job& job, Phase phase);
-    void place(xcb_window_t window, Job& job, const WindowGeometry& geometry);
+    void place(xcb_window_t window, const Job& job, const WindowGeometry& geometry);
     void askForPosition(xcb_window_t window, const Rect& client, const WindowGeometry& geometry,
                         std::uint32_t gravity);
     void askForSize(xcb_window_t window, const Rect& client, const WindowGeometry& geometry,

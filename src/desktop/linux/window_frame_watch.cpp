@@ -19,11 +19,20 @@ Registration WindowFrameWatch::onResized(xcb_window_t window, std::function<void
 }
 
 void WindowFrameWatch::checkAll() {
-    std::vector<xcb_window_t> windows;
     for (const auto& [window, watched] : watched_) {
-        windows.push_back(window);
+        watched->isDirty = true;
     }
-    for (const auto window : windows) {
+    checkChanged();
+}
+
+void WindowFrameWatch::checkChanged() {
+    std::vector<xcb_window_t> changed;
+    for (const auto& [window, watched] : watched_) {
+        if (watched->isDirty) {
+            changed.push_back(window);
+        }
+    }
+    for (const auto window : changed) {
         check(window);
     }
 }
@@ -44,15 +53,19 @@ Registration WindowFrameWatch::keepWhile(xcb_window_t window, Registration regis
     auto kept = std::make_shared<Registration>(std::move(registration));
     return Registration([this, alive = lifetime_.watch(), window, kept] {
         kept->release();
-        if (alive.expired()) {
-            return;
-        }
-        const auto watched = watched_.find(window);
-        if (watched != watched_.end() && watched->second->moved.empty() &&
-            watched->second->resized.empty()) {
-            watched_.erase(watched);
+        if (!alive.expired()) {
+            // Whoever observes the same window again at once finds everything still set up.
+            mainLoop_.post(lifetime_.guard([this, window] { forgetIfUnobserved(window); }));
         }
     });
+}
+
+void WindowFrameWatch::forgetIfUnobserved(xcb_window_t window) {
+    const auto watched = watched_.find(window);
+    if (watched != watched_.end() && watched->second->moved.empty() &&
+        watched->second->resized.empty()) {
+        watched_.erase(watched);
+    }
 }
 
 void WindowFrameWatch::followAncestor(xcb_window_t window, Watched& watched) {

@@ -18,8 +18,9 @@ public:
     Registration onMoved(xcb_window_t window, std::function<void()> callback);
     Registration onResized(xcb_window_t window, std::function<void()> callback);
 
-    /// Tells now of every change that there has been.
+    /// Tells now of every change that there has been, or only of those known to have been.
     void checkAll();
+    void checkChanged();
 
 private:
     struct Watched {
@@ -34,6 +35,7 @@ private:
 
     std::shared_ptr<Watched> watch(xcb_window_t window);
     Registration keepWhile(xcb_window_t window, Registration registration);
+    void forgetIfUnobserved(xcb_window_t window);
     void followAncestor(xcb_window_t window, Watched& watched);
     void handle(const xcb_generic_event_t& event);
     void checkSoon(xcb_window_t window, Watched& watched);

@@ -22,10 +22,7 @@ bool holds(const std::vector<std::uint32_t>& atoms, xcb_atom_t atom) {
     return std::find(atoms.begin(), atoms.end(), atom) != atoms.end();
 }
 
-} // namespace
-
-SizeHints readSizeHints(XConnection& connection, xcb_window_t window) {
-    const auto fields = XPropertyRequest(connection, window, XCB_ATOM_WM_NORMAL_HINTS).numbers();
+SizeHints hintsFrom(const std::vector<std::uint32_t>& fields) {
     SizeHints hints;
     if (fields.size() <= kMaxHeight) {
         return hints;
@@ -43,23 +40,34 @@ SizeHints readSizeHints(XConnection& connection, xcb_window_t window) {
     return hints;
 }
 
-WindowStates readWindowStates(XConnection& connection, xcb_window_t window) {
-    const auto& atoms = connection.atoms();
-    const auto states = XPropertyRequest(connection, window, atoms._NET_WM_STATE).numbers();
+EwmhStates statesFrom(const std::vector<std::uint32_t>& states, const XAtoms& atoms) {
     return {holds(states, atoms._NET_WM_STATE_MAXIMIZED_HORZ),
             holds(states, atoms._NET_WM_STATE_MAXIMIZED_VERT),
             holds(states, atoms._NET_WM_STATE_SHADED),
             holds(states, atoms._NET_WM_STATE_FULLSCREEN)};
 }
 
-AllowedActions readAllowedActions(XConnection& connection, xcb_window_t window) {
-    const auto& atoms = connection.atoms();
-    const auto actions =
-        XPropertyRequest(connection, window, atoms._NET_WM_ALLOWED_ACTIONS).numbers();
+AllowedActions actionsFrom(const std::vector<std::uint32_t>& actions, const XAtoms& atoms) {
     if (actions.empty()) {
         return {};
     }
     return {holds(actions, atoms._NET_WM_ACTION_MOVE), holds(actions, atoms._NET_WM_ACTION_RESIZE)};
+}
+
+} // namespace
+
+WindowTraits readTraits(XConnection& connection, xcb_window_t window) {
+    const auto& atoms = connection.atoms();
+    XPropertyRequest hints(connection, window, XCB_ATOM_WM_NORMAL_HINTS);
+    XPropertyRequest states(connection, window, atoms._NET_WM_STATE);
+    XPropertyRequest actions(connection, window, atoms._NET_WM_ALLOWED_ACTIONS);
+    return {hintsFrom(hints.numbers()), statesFrom(states.numbers(), atoms),
+            actionsFrom(actions.numbers(), atoms)};
+}
+
+EwmhStates readEwmhStates(XConnection& connection, xcb_window_t window) {
+    const auto& atoms = connection.atoms();
+    return statesFrom(XPropertyRequest(connection, window, atoms._NET_WM_STATE).numbers(), atoms);
 }
 
 } // namespace panewright

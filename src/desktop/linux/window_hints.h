@@ -17,7 +17,7 @@ struct SizeHints {
 };
 
 /// What the manager says of a window (EWMH _NET_WM_STATE, _NET_WM_ALLOWED_ACTIONS).
-struct WindowStates {
+struct EwmhStates {
     bool maximizedHorizontally = false;
     bool maximizedVertically = false;
     bool shaded = false;
@@ -32,10 +32,15 @@ struct AllowedActions {
     bool resize = true;
 };
 
-/// A window that is gone has the defaults.
-SizeHints readSizeHints(XConnection& connection, xcb_window_t window);
-WindowStates readWindowStates(XConnection& connection, xcb_window_t window);
-/// Everything is allowed where the manager does not say.
-AllowedActions readAllowedActions(XConnection& connection, xcb_window_t window);
+/// All three, in one round trip. A window that is gone has the defaults; where the manager does not
+/// say what is allowed, everything is.
+struct WindowTraits {
+    SizeHints hints;
+    EwmhStates states;
+    AllowedActions allowed;
+};
+
+WindowTraits readTraits(XConnection& connection, xcb_window_t window);
+EwmhStates readEwmhStates(XConnection& connection, xcb_window_t window);
 
 } // namespace panewright

@@ -28,11 +28,17 @@ struct X11Accessibility::Element : AXUIElement {
 X11Accessibility::X11Accessibility(XConnection& connection, WindowManager& manager,
                                    ActiveWindows& activeWindows, MainLoop& mainLoop)
     : connection_(connection), activeWindows_(activeWindows),
-      writer_(connection, manager, mainLoop), frames_(connection, writer_, mainLoop) {}
+      writer_(connection, manager, mainLoop), frames_(connection, writer_, mainLoop),
+      framesOfTurn_(mainLoop), traitsOfTurn_(mainLoop) {}
 
 void X11Accessibility::settle() {
-    writer_.settleAll();
-    frames_.checkAll();
+    forgetTurn();
+    if (writer_.settleAll()) {
+        frames_.checkAll();
+    } else {
+        frames_.checkChanged();
+    }
+    forgetTurn();
 }
 
 AXUIElementRef X11Accessibility::createSystemWide() {
@@ -93,7 +99,7 @@ Result<AXValue, AXError> X11Accessibility::attributeOfWindow(xcb_window_t window
                                                              std::string_view attribute) {
     const bool isPosition = attribute == NSAccessibilityPositionAttribute;
     if (isPosition || attribute == NSAccessibilitySizeAttribute) {
-        const auto frame = writer_.settledFrame(window);
+        const auto frame = frameOf(window);
         if (!frame) {
             return AXError::kInvalidUIElement;
         }
@@ -105,7 +111,7 @@ Result<AXValue, AXError> X11Accessibility::attributeOfWindow(xcb_window_t window
     if (attribute != NSAccessibilityTitleAttribute) {
         return AXError::kAttributeUnsupported;
     }
-    if (!exists(window)) {
+    if (!frameOf(window)) {
         return AXError::kInvalidUIElement;
     }
     auto title = titleOf(window);
@@ -122,9 +128,13 @@ std::optional<std::string> X11Accessibility::titleOf(xcb_window_t window) {
     return title ? title : plain.text();
 }
 
-bool X11Accessibility::exists(xcb_window_t window) {
-    return connection_.reply(xcb_get_geometry_reply, xcb_get_geometry(connection_, window)) !=
-           nullptr;
+std::optional<Rect> X11Accessibility::frameOf(xcb_window_t window) {
+    return framesOfTurn_.valueOf(window, [&] { return writer_.settledFrame(window); });
+}
+
+void X11Accessibility::forgetTurn() {
+    framesOfTurn_.forget();
+    traitsOfTurn_.forget();
 }
 
 AXError X11Accessibility::setAttributeValue(const AXUIElementRef& element,
@@ -136,6 +146,7 @@ AXError X11Accessibility::setAttributeValue(const AXUIElementRef& element,
     if (named->kind != Element::Kind::kWindow) {
         return AXError::kAttributeUnsupported;
     }
+    forgetTurn();
     const auto* position = std::get_if<Point>(&value);
     const auto* size = std::get_if<Size>(&value);
     bool written = false;
@@ -160,21 +171,20 @@ Result<bool, AXError> X11Accessibility::isAttributeSettable(const AXUIElementRef
         (!isSize && attribute != NSAccessibilityPositionAttribute)) {
         return false;
     }
-    if (!exists(named->window)) {
+    if (!frameOf(named->window)) {
         return AXError::kInvalidUIElement;
     }
-    const auto states = readWindowStates(connection_, named->window);
+    const auto [hints, states, allowed] = traitsOfTurn_.valueOf(
+        named->window, [&] { return readTraits(connection_, named->window); });
     if (states.fullScreen) {
         return false;
     }
-    const auto hints = readSizeHints(connection_, named->window);
     if (isSize && (hints.fixedWidth || hints.fixedHeight)) {
         return false;
     }
     if (states.blocksPlacing()) {
         return true; // what is forbidden in that state says nothing of the window
     }
-    const auto allowed = readAllowedActions(connection_, named->window);
     return isSize ? allowed.resize : allowed.move;
 }
 
@@ -183,7 +193,7 @@ Accessibility::PidAnswer X11Accessibility::pid(const AXUIElementRef& element) {
     if (!named) {
         return {AXError::kIllegalArgument, 0};
     }
-    if (named->kind == Element::Kind::kWindow && !exists(named->window)) {
+    if (named->kind == Element::Kind::kWindow && !frameOf(named->window)) {
         return {AXError::kInvalidUIElement, 0};
     }
     return {AXError::kSuccess, named->pid};

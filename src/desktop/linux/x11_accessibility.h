@@ -2,7 +2,9 @@
 
 #include "desktop/linux/active_windows.h"
 #include "desktop/linux/frame_writer.h"
+#include "desktop/linux/turn_cache.h"
 #include "desktop/linux/window_frame_watch.h"
+#include "desktop/linux/window_hints.h"
 #include "platform/accessibility.h"
 
 namespace panewright {
@@ -43,12 +45,16 @@ private:
     Result<AXValue, AXError> attributeOfApplication(ProcessId pid, std::string_view attribute);
     Result<AXValue, AXError> attributeOfWindow(xcb_window_t window, std::string_view attribute);
     std::optional<std::string> titleOf(xcb_window_t window);
-    bool exists(xcb_window_t window);
+    /// Nil for a window that is gone.
+    std::optional<Rect> frameOf(xcb_window_t window);
+    void forgetTurn();
 
     XConnection& connection_;
     ActiveWindows& activeWindows_;
     FrameWriter writer_;
     WindowFrameWatch frames_;
+    TurnCache<std::optional<Rect>> framesOfTurn_;
+    TurnCache<WindowTraits> traitsOfTurn_;
 };
 
 } // namespace panewright
