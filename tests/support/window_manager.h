@@ -8,6 +8,9 @@
 
 namespace panewright::test {
 
+/// openbox with Alt+F5 bound to what the built-in state of Alt+2 does on 1600 by 900 pixels.
+constexpr std::string_view kOpenboxWithKey = "openbox with Alt+F5";
+
 /// A window manager with a configuration of its own, in charge when the constructor returns. Takes
 /// over from one that runs already.
 class WindowManager {

@@ -1,0 +1,156 @@
+// How long it takes from a key press to the window's new outer frame, as another X client sees it:
+// for Panewright, for openbox's own key binding that does the same, and for sxhkd with xdotool, in
+// turn, on one plain window. Times are in milliseconds.
+
+#include "support/desktop.h"
+
+#include <fmt/format.h>
+#include <linux/input-event-codes.h>
+#include <poll.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdlib>
+#include <exception>
+#include <stdexcept>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+namespace panewright::test {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int kPresses = 100;
+constexpr std::chrono::milliseconds kPause{60}; // everybody is idle again before the next press
+
+constexpr Frame kElsewhere{.x = 200, .y = 150, .width = 600, .height = 400};
+constexpr Frame kTarget{.x = 80, .y = 45, .width = 1440, .height = 810};
+
+/// xdotool sizes the client, which Clearlooks gives a frame of 1, 1, 20 and 5 pixels.
+constexpr std::string_view kSxhkdConfiguration =
+    "alt + F6\n"
+    "    xdotool getactivewindow windowmove 80 45 windowsize 1438 785\n";
+
+struct Method {
+    std::string_view name;
+    std::uint16_t key;
+    std::vector<double> times;
+};
+
+class Bench {
+public:
+    Bench() {
+        window_.activate();
+        sxhkd_.emplace(
+            std::vector<std::string>{"sxhkd", "-c",
+                                     home_.write("sxhkdrc", std::string(kSxhkdConfiguration))},
+            environment());
+        program_.emplace(std::vector<std::string>{PANEWRIGHT_PROGRAM}, environment());
+        if (!program_->waitForErrorLine("panewright: ready")) {
+            throw std::runtime_error("panewright does not start: " + program_->standardError());
+        }
+        watchWindow();
+    }
+
+    /// From the key press to the target frame.
+    double measure(std::uint16_t key) {
+        placeWindow(desktop_.x(), window_.window(), kElsewhere);
+        std::this_thread::sleep_for(kPause);
+        desktop_.keyboard().press(KEY_LEFTALT);
+        const auto start = Clock::now();
+        desktop_.keyboard().press(key);
+        waitForTarget(start + std::chrono::seconds(2));
+        const std::chrono::duration<double, std::milli> time = Clock::now() - start;
+        desktop_.keyboard().release(key);
+        desktop_.keyboard().release(KEY_LEFTALT);
+        std::this_thread::sleep_for(kPause);
+        return time.count();
+    }
+
+private:
+    Environment environment() const {
+        Environment environment = desktop_.environment();
+        environment["SHELL"] = "/bin/sh"; // what sxhkd runs commands with
+        return environment;
+    }
+
+    void watchWindow() const {
+        const std::uint32_t mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+        xcb_window_t window = window_.window();
+        while (window != watcher_.root()) {
+            xcb_change_window_attributes(watcher_.connection(), window, XCB_CW_EVENT_MASK, &mask);
+            const ReplyPointer<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(
+                watcher_.connection(), xcb_query_tree(watcher_.connection(), window), nullptr));
+            window = tree ? tree->parent : watcher_.root();
+        }
+        watcher_.synchronize();
+    }
+
+    /// Looks at the window whenever something is told of it, so that waiting costs no processor.
+    void waitForTarget(Clock::time_point deadline) const {
+        while (outerFrame(watcher_, window_.window()) != kTarget) {
+            const auto left =
+                std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
+            if (left.count() <= 0) {
+                throw std::runtime_error("the window does not come to its place");
+            }
+            if (const ReplyPointer<xcb_generic_event_t> event{
+                    xcb_poll_for_event(watcher_.connection())}) {
+                continue;
+            }
+            pollfd readable{xcb_get_file_descriptor(watcher_.connection()), POLLIN, 0};
+            poll(&readable, 1, static_cast<int>(left.count()));
+        }
+    }
+
+    PrivateHome home_;
+    Desktop desktop_{{}, kOpenboxWithKey};
+    XClient watcher_{desktop_.display()};
+    TestClient window_{desktop_.display()};
+    std::optional<ChildProcess> sxhkd_;
+    std::optional<ChildProcess> program_;
+};
+
+double percentile(std::vector<double> times, double share) {
+    std::sort(times.begin(), times.end());
+    return times[static_cast<std::size_t>(share * static_cast<double>(times.size() - 1))];
+}
+
+void run() {
+    Bench bench;
+    std::array<Method, 3> methods{{{"Panewright", KEY_2, {}},
+                                   {"openbox, its own key binding", KEY_F5, {}},
+                                   {"sxhkd with xdotool", KEY_F6, {}}}};
+    for (auto& method : methods) {
+        bench.measure(method.key); // the first press of each reads its program from disk
+    }
+    for (int press = 0; press < kPresses; ++press) {
+        for (auto& method : methods) {
+            method.times.push_back(bench.measure(method.key));
+        }
+    }
+    const double ours = percentile(methods.front().times, 0.5);
+    fmt::print("{} presses each, milliseconds from key press to new frame\n", kPresses);
+    fmt::print("{:<30}{:>9}{:>9}{:>20}\n", "", "median", "95 %", "Panewright is");
+    for (const auto& method : methods) {
+        const double median = percentile(method.times, 0.5);
+        fmt::print("{:<30}{:>9.2f}{:>9.2f}{:>14.2f} times\n", method.name, median,
+                   percentile(method.times, 0.95), ours / median);
+    }
+}
+
+} // namespace
+} // namespace panewright::test
+
+int main() {
+    try {
+        panewright::test::run();
+    } catch (const std::exception& error) {
+        fmt::print(stderr, "latency_bench: {}\n", error.what());
+        return EXIT_FAILURE;
+    }
+    return EXIT_SUCCESS;
+}
