@@ -1,12 +1,23 @@
 #include "support/desktop.h"
 
+#include <utility>
+
 namespace panewright::test {
 
 Desktop::Desktop() : Desktop(XServer::Options{}) {}
 
 Desktop::Desktop(const XServer::Options& options, std::string_view windowManager)
-    : server_(options, home_.environment()), x_(server_.display()), keyboard_(x_),
-      windowManager_(windowManager, x_, home_, environment()) {}
+    : server_(options, home_.environment()), x_(server_.display()), keyboard_(x_) {
+    if (!windowManager.empty()) {
+        manageWith(windowManager);
+    }
+}
+
+void Desktop::manageWith(std::string_view windowManager) {
+    // The one before goes when the new one has taken over.
+    auto successor = std::make_unique<WindowManager>(windowManager, x_, home_, environment());
+    windowManager_ = std::move(successor);
+}
 
 Environment Desktop::environment() const {
     Environment environment = home_.environment();

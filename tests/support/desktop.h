@@ -13,12 +13,17 @@ namespace panewright::test {
 class Desktop {
 public:
     Desktop();
+    /// An empty name stands for no window manager at all.
     explicit Desktop(const XServer::Options& options, std::string_view windowManager = "openbox");
 
     XServer& server() { return server_; }
     const XClient& x() const { return x_; }
     const Keyboard& keyboard() const { return keyboard_; }
     const std::string& display() const { return server_.display(); }
+
+    /// Starts a window manager, which takes over from the one before.
+    void manageWith(std::string_view windowManager);
+    void killWindowManager() { windowManager_->kill(); }
 
     /// What a program needs to run on this desktop.
     Environment environment() const;
@@ -32,7 +37,7 @@ private:
     XServer server_;
     XClient x_;
     Keyboard keyboard_;
-    WindowManager windowManager_;
+    std::unique_ptr<WindowManager> windowManager_;
 };
 
 } // namespace panewright::test

@@ -3,6 +3,7 @@
 #include "support/x_client.h"
 
 #include <iosfwd>
+#include <string>
 
 namespace panewright::test {
 
@@ -18,11 +19,19 @@ struct Frame {
 
 std::ostream& operator<<(std::ostream& stream, const Frame& frame);
 
+/// Whether a window manager is in charge, and whether it says how wide its frames are.
+bool isManaged(const XClient& x);
+bool tellsFrameExtents(const XClient& x);
+
 /// All zero for a window that is gone.
 Frame outerFrame(const XClient& x, xcb_window_t window);
 
 /// The frame once it is the expected one, or what it is when patience ends.
 Frame frameOnceItIs(const Frame& expected, const XClient& x, xcb_window_t window);
+
+/// Adds one or two states (EWMH, _NET_WM_STATE) to the window and waits until it has them, if the
+/// manager knows them.
+void addStates(const XClient& x, xcb_window_t window, const std::vector<std::string>& states);
 
 /// Moves the window through the window manager and waits until it is there.
 void placeWindow(const XClient& x, xcb_window_t window, const Frame& frame);

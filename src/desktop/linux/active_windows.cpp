@@ -1,5 +1,6 @@
 #include "desktop/linux/active_windows.h"
 
+#include "desktop/linux/window_hints.h"
 #include "desktop/linux/x_properties.h"
 
 #include <algorithm>
@@ -7,9 +8,9 @@
 
 namespace panewright {
 
-ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager,
+ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager, MainLoop& mainLoop,
                              std::string ownBundleIdentifier)
-    : connection_(connection), manager_(manager),
+    : connection_(connection), manager_(manager), mainLoop_(mainLoop),
       identity_(connection, std::move(ownBundleIdentifier)),
       rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE)),
       events_(connection.onEvent([this](const auto& event) { handle(event); })) {
@@ -54,10 +55,14 @@ void ActiveWindows::update() {
     moveToFront(active, application.processIdentifier);
     if (frontmost_ != application) {
         frontmost_ = std::move(application);
-        activated_.notify();
+        notifySoon([this] { activated_.notify(); });
     } else if (active != before) {
-        windowChanged_.notify(frontmost_->processIdentifier);
+        notifySoon([this, pid = frontmost_->processIdentifier] { windowChanged_.notify(pid); });
     }
+}
+
+void ActiveWindows::notifySoon(std::function<void()> notify) {
+    mainLoop_.post(lifetime_.guard(std::move(notify))); // whoever asks is not called back meanwhile
 }
 
 xcb_window_t ActiveWindows::readActiveWindow() {
@@ -76,7 +81,9 @@ bool ActiveWindows::isDesktopOrDock(xcb_window_t window) {
 bool ActiveWindows::isShown(xcb_window_t window) {
     const auto attributes = connection_.reply(xcb_get_window_attributes_reply,
                                               xcb_get_window_attributes(connection_, window));
-    return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+    // Some managers unmap a window that they shade.
+    return attributes && (attributes->map_state == XCB_MAP_STATE_VIEWABLE ||
+                          readEwmhStates(connection_, window).shaded);
 }
 
 void ActiveWindows::moveToFront(xcb_window_t window, ProcessId pid) {

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "base/lifetime.h"
 #include "base/observer_list.h"
 #include "desktop/linux/client_identity.h"
 #include "desktop/linux/window_manager.h"
 #include "desktop/linux/x_connection.h"
 #include "platform/workspace.h"
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -17,10 +19,15 @@ namespace panewright {
 /// program, but never its focused window.
 class ActiveWindows {
 public:
-    ActiveWindows(XConnection& connection, WindowManager& manager, std::string ownBundleIdentifier);
+    ActiveWindows(XConnection& connection, WindowManager& manager, MainLoop& mainLoop,
+                  std::string ownBundleIdentifier);
 
-    /// The application of the last active window; nil before there was one.
-    const std::optional<RunningApplication>& frontmost() const { return frontmost_; }
+    /// The application of the last active window; nil before there was one. Asks the server: a key
+    /// press may be handled before the event that tells of another active window.
+    const std::optional<RunningApplication>& frontmost() {
+        update();
+        return frontmost_;
+    }
 
     /// The application's last active window that is still shown; nil if there is none, or the
     /// desktop or a dock of it is active.
@@ -55,10 +62,12 @@ private:
     xcb_window_t readActiveWindow();
     bool isDesktopOrDock(xcb_window_t window);
     bool isShown(xcb_window_t window);
+    void notifySoon(std::function<void()> notify);
     void moveToFront(xcb_window_t window, ProcessId pid);
 
     XConnection& connection_;
     WindowManager& manager_;
+    MainLoop& mainLoop_;
     ClientIdentity identity_;
     std::vector<Window> windows_;
     std::optional<RunningApplication> frontmost_;
@@ -66,6 +75,8 @@ private:
     ObserverList<ProcessId> windowChanged_;
     Registration rootSelection_;
     Registration events_;
+    Registration managerChanges_;
+    Lifetime lifetime_;
 };
 
 } // namespace panewright

@@ -234,8 +234,8 @@ bool FrameWriter::verify(xcb_window_t window, Job& job) {
         return false;
     }
     const bool asAsked = geometry->frame() == expectedFrame(job, *geometry);
-    if (asAsked || job.phase == Phase::kRepairing ||
-        readEwmhStates(connection_, window).blocksPlacing()) {
+    const auto states = readEwmhStates(connection_, window);
+    if (asAsked || job.phase == Phase::kRepairing || states.blocksPlacing() || states.fullScreen) {
         remember(window, job, geometry->frame());
         return false;
     }

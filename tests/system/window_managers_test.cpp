@@ -1,0 +1,208 @@
+#include "system/program.h"
+
+#include <array>
+#include <deque>
+#include <gmock/gmock.h>
+#include <linux/input-event-codes.h>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace panewright::test {
+namespace {
+
+/// Of Alt+1 to Alt+4, on a display of 1600 by 900.
+using FourFrames = std::array<Frame, 4>;
+constexpr FourFrames kStates{
+    {{0, 0, 1600, 900}, {80, 45, 1440, 810}, {160, 90, 1280, 720}, {280, 158, 1040, 585}}};
+
+struct Manager {
+    std::string name;
+    /// Whether it lets a window have whole steps only.
+    bool obeysIncrements = true;
+    /// Where it puts a window that wants 1500 by 700 at least.
+    FourFrames withMinimum;
+    /// Where it puts a test window that draws its own frame and the shadow around it.
+    FourFrames withShadow = kStates;
+};
+
+std::ostream& operator<<(std::ostream& stream, const Manager& manager) {
+    return stream << manager.name;
+}
+
+const std::vector<Manager> kManagers{
+    {.name = "openbox",
+     .withMinimum =
+         {{{0, 0, 1600, 900}, {80, 45, 1502, 810}, {160, 90, 1502, 725}, {280, 158, 1502, 725}}}},
+    {.name = "xfwm4",
+     .obeysIncrements = false,
+     .withMinimum =
+         {{{0, 0, 1600, 900}, {80, 45, 1510, 810}, {160, 90, 1510, 734}, {280, 158, 1510, 734}}}},
+    // These three push a window back onto the screen, and so does marco with the shadow of one that
+    // draws its own frame.
+    {.name = "marco",
+     .withMinimum =
+         {{{0, 0, 1600, 900}, {80, 45, 1506, 810}, {94, 90, 1506, 726}, {94, 158, 1506, 726}}},
+     .withShadow =
+         {{{20, 22, 1559, 855}, {80, 45, 1440, 810}, {160, 90, 1280, 720}, {280, 158, 1040, 585}}}},
+    {.name = "metacity",
+     .withMinimum =
+         {{{0, 0, 1600, 900}, {80, 45, 1500, 810}, {100, 90, 1500, 737}, {100, 158, 1500, 737}}}},
+    {.name = "mutter",
+     .withMinimum =
+         {{{0, 0, 1600, 900}, {80, 45, 1500, 810}, {100, 90, 1500, 737}, {100, 158, 1500, 737}}}},
+    // It takes no notice of a floating window's limits.
+    {.name = "i3", .obeysIncrements = false, .withMinimum = kStates},
+    {.name = "kwin_x11",
+     .withMinimum =
+         {{{0, 0, 1600, 900}, {80, 45, 1500, 810}, {160, 90, 1500, 720}, {280, 158, 1500, 700}}}},
+};
+
+std::vector<Manager> installedManagers() {
+    std::vector<Manager> installed;
+    std::ranges::copy_if(kManagers, std::back_inserter(installed), [](const Manager& manager) {
+        return WindowManager::isInstalled(manager.name);
+    });
+    return installed;
+}
+
+class WindowManagers : public testing::TestWithParam<Manager> {
+protected:
+    void press(std::size_t state) const {
+        desktop_.keyboard().tap(KEY_LEFTALT, static_cast<std::uint16_t>(KEY_1 + state));
+    }
+
+    /// Presses Alt+4 to Alt+1 and checks where the window then is.
+    void expectFrames(xcb_window_t window, const FourFrames& expected) const {
+        for (std::size_t state = expected.size(); state-- > 0;) {
+            press(state);
+            EXPECT_EQ(frameOnceItIs(expected.at(state), desktop_.x(), window), expected.at(state));
+        }
+    }
+
+    /// The same for a window that takes whole steps, up to `step` pixels high and wide.
+    void expectFramesInSteps(xcb_window_t window, int step) const {
+        if (!GetParam().obeysIncrements) {
+            expectFrames(window, kStates);
+            return;
+        }
+        for (const std::size_t state : {3U, 2U, 1U}) {
+            const Frame& full = kStates.at(state);
+            press(state);
+            const auto fits = [&] {
+                const Frame frame = outerFrame(desktop_.x(), window);
+                return frame.x == full.x && frame.y == full.y && frame.width <= full.width &&
+                       frame.width > full.width - step && frame.height <= full.height &&
+                       frame.height > full.height - step;
+            };
+            EXPECT_TRUE(eventually(fits)) << outerFrame(desktop_.x(), window);
+        }
+    }
+
+    void expectNothingHappens(xcb_window_t window) const {
+        const Frame before = outerFrame(desktop_.x(), window);
+        press(1);
+        // There is nothing to wait for; what could happen takes a few milliseconds.
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        EXPECT_EQ(outerFrame(desktop_.x(), window), before);
+    }
+
+    Desktop desktop_{{}, GetParam().name};
+    // The hot keys are there from the start, as there is a window to press them in.
+    TestClient first_{desktop_.display()};
+    Program program_{(first_.activate(), desktop_)};
+};
+
+TEST_P(WindowManagers, TakeWindowsOutOfStatesThatBlockPlacing) {
+    const auto window = first_.window();
+    expectFrames(window, kStates);
+    const std::vector<std::vector<std::string>> cases{
+        {"_NET_WM_STATE_MAXIMIZED_VERT", "_NET_WM_STATE_MAXIMIZED_HORZ"},
+        {"_NET_WM_STATE_SHADED"},
+        {"_NET_WM_STATE_MAXIMIZED_VERT"}, // also what a window tiled to a side says
+    };
+    for (const auto& states : cases) {
+        SCOPED_TRACE(states.front());
+        for (const std::size_t state : {3U, 1U}) {
+            addStates(desktop_.x(), window, states);
+            press(state);
+            EXPECT_EQ(frameOnceItIs(kStates.at(state), desktop_.x(), window), kStates.at(state));
+        }
+    }
+    addStates(desktop_.x(), window, {"_NET_WM_STATE_FULLSCREEN"});
+    // kwin says so before it has done it.
+    const Frame full{.x = 0, .y = 0, .width = 1600, .height = 900};
+    ASSERT_EQ(frameOnceItIs(full, desktop_.x(), window), full);
+    expectNothingHappens(window);
+}
+
+TEST_P(WindowManagers, PlaceWindowsOfEveryGravity) {
+    std::deque<TestClient> clients; // all stay, so that none gets the identifier of another
+    for (int gravity = XCB_GRAVITY_NORTH_WEST; gravity <= XCB_GRAVITY_STATIC; ++gravity) {
+        SCOPED_TRACE(gravity);
+        const TestClient::Options options{.gravity = static_cast<xcb_gravity_t>(gravity)};
+        const auto& client = clients.emplace_back(desktop_.display(), options);
+        client.activate();
+        expectFrames(client.window(), kStates);
+    }
+}
+
+TEST_P(WindowManagers, PlaceWindowsWithLimitsAsFarAsTheyGo) {
+    using Extent = TestClient::Extent;
+    const TestClient large(desktop_.display(), {.minimumSize = Extent{1500, 700}});
+    large.activate();
+    expectFrames(large.window(), GetParam().withMinimum);
+
+    const TestClient steps(desktop_.display(), {.increments = Extent{37, 41}});
+    steps.activate();
+    expectFramesInSteps(steps.window(), 41);
+
+    const TestClient fixed(desktop_.display(),
+                           {.minimumSize = Extent{400, 300}, .maximumSize = Extent{400, 300}});
+    fixed.activate();
+    expectNothingHappens(fixed.window());
+
+    const TestClient ownFrame(desktop_.display(), {.gtkFrameExtents = {{20, 21, 22, 23}}});
+    ownFrame.activate();
+    expectFrames(ownFrame.window(), GetParam().withShadow);
+}
+
+TEST_P(WindowManagers, PlaceTheWindowsOfToolkits) {
+    Environment environment = desktop_.environment();
+    environment.insert({{"GTK_CSD", "1"}, {"NO_AT_BRIDGE", "1"}, {"GSETTINGS_BACKEND", "memory"}});
+    const auto activeWindow = [&] {
+        const auto active = desktop_.x().property(desktop_.x().root(), "_NET_ACTIVE_WINDOW");
+        return active.empty() ? static_cast<xcb_window_t>(XCB_NONE) : active.front();
+    };
+    struct Case {
+        std::vector<std::string> command;
+        int step;
+    };
+    const std::vector<Case> cases{{{"xterm", "-e", "sh", "-c", "exec cat"}, 20},
+                                  {{"yad", "--text-info"}, 1},
+                                  {{QT_WINDOW}, 1}};
+    for (const auto& [command, step] : cases) {
+        SCOPED_TRACE(command.front());
+        const ChildProcess program(command, environment);
+        ASSERT_TRUE(eventually(
+            [&] { return activeWindow() != XCB_NONE && activeWindow() != first_.window(); }));
+        expectFramesInSteps(activeWindow(), step);
+        first_.activate();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(, WindowManagers, testing::ValuesIn(installedManagers()),
+                         [](const auto& manager) { return manager.param.name; });
+
+TEST(TilingWindowManager, KeepsItsTiles) {
+    const Desktop desktop({}, "i3");
+    const TestClient tile(desktop.display(), {.windowClass = "Tiled"});
+    tile.activate();
+    const Program program(desktop);
+    desktop.keyboard().tap(KEY_LEFTALT, KEY_4);
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    EXPECT_EQ(outerFrame(desktop.x(), tile.window()), (Frame{0, 0, 1600, 900}));
+}
+
+} // namespace
+} // namespace panewright::test
