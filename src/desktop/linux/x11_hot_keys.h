@@ -15,7 +15,7 @@ namespace panewright {
 /// every state of the lock keys. Option is the keyboard's Alt, Command its Super.
 class X11HotKeys : public HotKeys {
 public:
-    /// `beforePress` is called before each press is delivered.
+    /// `beforePress` is called before each press is looked at.
     X11HotKeys(XConnection& connection, XkbKeymap& keymap, MainLoop& mainLoop,
                std::function<void()> beforePress);
     ~X11HotKeys() override;
