@@ -1,6 +1,5 @@
 #include "desktop/linux/active_windows.h"
 
-#include "desktop/linux/window_hints.h"
 #include "desktop/linux/x_properties.h"
 
 #include <algorithm>
@@ -8,13 +7,16 @@
 
 namespace panewright {
 
-ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager, MainLoop& mainLoop,
+ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager,
+                             WindowFactsReader& facts, MainLoop& mainLoop,
                              std::string ownBundleIdentifier)
-    : connection_(connection), manager_(manager), mainLoop_(mainLoop),
+    : connection_(connection), manager_(manager), facts_(facts), mainLoop_(mainLoop),
       identity_(connection, std::move(ownBundleIdentifier)),
-      rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE)),
-      events_(connection.onEvent([this](const auto& event) { handle(event); })) {
-    update();
+      rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE |
+                                                                    XCB_EVENT_MASK_FOCUS_CHANGE)),
+      events_(connection.onEvent([this](const auto& event) { handle(event); })),
+      managerChanges_(manager.onChange([this] { update(readActiveWindow()); })) {
+    update(readActiveWindow());
 }
 
 std::optional<xcb_window_t> ActiveWindows::focusedWindowOf(ProcessId pid) {
@@ -37,7 +39,11 @@ void ActiveWindows::handle(const xcb_generic_event_t& event) {
         const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
         if (change.window == connection_.root() &&
             change.atom == connection_.atoms()._NET_ACTIVE_WINDOW) {
-            update();
+            update(readActiveWindow());
+        }
+    } else if (event.response_type == XCB_FOCUS_IN || event.response_type == XCB_FOCUS_OUT) {
+        if (!manager_.isRunning()) {
+            update(readActiveWindow());
         }
     } else if (event.response_type == XCB_DESTROY_NOTIFY) {
         const auto gone = reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window;
@@ -45,8 +51,7 @@ void ActiveWindows::handle(const xcb_generic_event_t& event) {
     }
 }
 
-void ActiveWindows::update() {
-    const auto active = readActiveWindow();
+void ActiveWindows::update(xcb_window_t active) {
     if (active == kNoWindow) {
         return;
     }
@@ -66,10 +71,22 @@ void ActiveWindows::notifySoon(std::function<void()> notify) {
 }
 
 xcb_window_t ActiveWindows::readActiveWindow() {
-    const auto active =
-        XPropertyRequest(connection_, connection_.root(), connection_.atoms()._NET_ACTIVE_WINDOW)
-            .number();
-    return manager_.isRunning() ? active.value_or(kNoWindow) : kNoWindow;
+    if (!manager_.isRunning()) {
+        return readFocusedTopLevel(); // what a manager that is gone has left behind says nothing
+    }
+    return XPropertyRequest(connection_, connection_.root(), connection_.atoms()._NET_ACTIVE_WINDOW)
+        .number()
+        .value_or(kNoWindow);
+}
+
+xcb_window_t ActiveWindows::readFocusedTopLevel() {
+    const auto focus =
+        connection_.reply(xcb_get_input_focus_reply, xcb_get_input_focus(connection_));
+    if (!focus || focus->focus == connection_.root() || focus->focus == XCB_NONE ||
+        focus->focus == XCB_INPUT_FOCUS_POINTER_ROOT) {
+        return kNoWindow;
+    }
+    return outermostAncestor(connection_, focus->focus).value_or(kNoWindow);
 }
 
 bool ActiveWindows::isDesktopOrDock(xcb_window_t window) {
@@ -79,11 +96,9 @@ bool ActiveWindows::isDesktopOrDock(xcb_window_t window) {
 }
 
 bool ActiveWindows::isShown(xcb_window_t window) {
-    const auto attributes = connection_.reply(xcb_get_window_attributes_reply,
-                                              xcb_get_window_attributes(connection_, window));
+    const auto& facts = facts_.of(window);
     // Some managers unmap a window that they shade.
-    return attributes && (attributes->map_state == XCB_MAP_STATE_VIEWABLE ||
-                          readWindowStates(connection_, window).shaded);
+    return facts && (facts->isViewable || facts->states.shaded);
 }
 
 void ActiveWindows::moveToFront(xcb_window_t window, ProcessId pid) {
@@ -92,7 +107,8 @@ void ActiveWindows::moveToFront(xcb_window_t window, ProcessId pid) {
     if (known == windows_.end()) {
         windows_.insert(windows_.begin(),
                         Window{window, pid, !isDesktopOrDock(window),
-                               connection_.selectEvents(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY)});
+                               connection_.selectEvents(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY |
+                                                                    XCB_EVENT_MASK_FOCUS_CHANGE)});
     } else {
         std::rotate(windows_.begin(), known, known + 1);
     }

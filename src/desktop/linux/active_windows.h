@@ -3,6 +3,7 @@
 #include "base/lifetime.h"
 #include "base/observer_list.h"
 #include "desktop/linux/client_identity.h"
+#include "desktop/linux/window_facts.h"
 #include "desktop/linux/window_manager.h"
 #include "desktop/linux/x_connection.h"
 #include "platform/workspace.h"
@@ -15,17 +16,22 @@ namespace panewright {
 
 /// Which windows were active, the last one first, and whose they are.
 ///
+/// Without a window manager the top-level window that holds the input focus counts as active.
+///
 /// No window being active leaves everything as it was. The desktop and docks are windows of their
 /// program, but never its focused window.
 class ActiveWindows {
 public:
-    ActiveWindows(XConnection& connection, WindowManager& manager, MainLoop& mainLoop,
-                  std::string ownBundleIdentifier);
+    ActiveWindows(XConnection& connection, WindowManager& manager, WindowFactsReader& facts,
+                  MainLoop& mainLoop, std::string ownBundleIdentifier);
 
     /// The application of the last active window; nil before there was one. Asks the server: a key
     /// press may be handled before the event that tells of another active window.
     const std::optional<RunningApplication>& frontmost() {
-        update();
+        if (const auto active = readActiveWindow();
+            windows_.empty() || active != windows_.front().window) {
+            update(active);
+        }
         return frontmost_;
     }
 
@@ -58,8 +64,9 @@ private:
     };
 
     void handle(const xcb_generic_event_t& event);
-    void update();
+    void update(xcb_window_t active);
     xcb_window_t readActiveWindow();
+    xcb_window_t readFocusedTopLevel();
     bool isDesktopOrDock(xcb_window_t window);
     bool isShown(xcb_window_t window);
     void notifySoon(std::function<void()> notify);
@@ -67,6 +74,7 @@ private:
 
     XConnection& connection_;
     WindowManager& manager_;
+    WindowFactsReader& facts_;
     MainLoop& mainLoop_;
     ClientIdentity identity_;
     std::vector<Window> windows_;

@@ -31,7 +31,8 @@ void changeMaximized(XConnection& connection, xcb_window_t window, std::uint32_t
                    kSourcePager, 0});
 }
 
-void leaveBlockingStates(XConnection& connection, xcb_window_t window, const WindowStates& states) {
+void leaveBlockingStates(XConnection& connection, xcb_window_t window,
+                         const ManagedStates& states) {
     const auto& atoms = connection.atoms();
     if (states.maximizedHorizontally || states.maximizedVertically) {
         changeMaximized(connection, window, kRemoveState);
@@ -44,8 +45,10 @@ void leaveBlockingStates(XConnection& connection, xcb_window_t window, const Win
 
 } // namespace
 
-FrameWriter::FrameWriter(XConnection& connection, WindowManager& manager, MainLoop& mainLoop)
-    : connection_(connection), manager_(manager), mainLoop_(mainLoop), fence_(connection, manager),
+FrameWriter::FrameWriter(XConnection& connection, WindowManager& manager, WindowFactsReader& facts,
+                         MainLoop& mainLoop)
+    : connection_(connection), manager_(manager), facts_(facts), mainLoop_(mainLoop),
+      fence_(connection, manager),
       events_(connection.onEvent([this](const auto& event) { handle(event); })),
       managerChanges_(manager.onChange([this] {
           fence_.giveUp();
@@ -84,6 +87,7 @@ void FrameWriter::write(xcb_window_t window, const Write& value) {
 
 std::optional<Rect> FrameWriter::settledFrame(xcb_window_t window) {
     const auto deadline = Clock::now() + kPatience;
+    const bool waits = isBusy(window);
     for (auto job = jobs_.find(window); job != jobs_.end(); job = jobs_.find(window)) {
         if (!advance(window, job->second)) {
             finish(window);
@@ -96,14 +100,14 @@ std::optional<Rect> FrameWriter::settledFrame(xcb_window_t window) {
             finish(window);
         }
     }
-    const auto geometry = readGeometry(connection_, manager_, window);
-    if (!geometry) {
+    const auto& facts = waits ? facts_.readAnew(window) : facts_.of(window);
+    if (!facts) {
         return std::nullopt;
     }
     const auto memory = memories_.find(window);
-    return frameToReport(geometry->frame(), memory == memories_.end()
-                                                ? std::nullopt
-                                                : std::optional(memory->second.frame));
+    return frameToReport(facts->geometry.frame(), memory == memories_.end()
+                                                      ? std::nullopt
+                                                      : std::optional(memory->second.frame));
 }
 
 void FrameWriter::advanceAllSoon() {
@@ -139,33 +143,36 @@ bool FrameWriter::advance(xcb_window_t window, Job& job) {
         }
         return true;
     }
-    return job.phase == Phase::kLeavingStates ? placeWhereItStands(window, job, Phase::kPlacing)
+    return job.phase == Phase::kLeavingStates ? placeWhereItStands(window, job)
                                               : verify(window, job);
 }
 
 bool FrameWriter::start(xcb_window_t window, Job& job) {
-    const auto states = readWindowStates(connection_, window);
-    if (!states.blocksPlacing()) {
-        return placeWhereItStands(window, job, Phase::kPlacing);
+    const auto& facts = facts_.of(window);
+    if (!facts) {
+        return false;
+    }
+    if (!facts->states.blocksPlacing()) {
+        place(window, job, *facts, Phase::kPlacing);
+        return true;
     }
     job.selection = connection_.selectEvents(window, XCB_EVENT_MASK_PROPERTY_CHANGE);
-    leaveBlockingStates(connection_, window, states);
+    leaveBlockingStates(connection_, window, facts->states);
     ask(job, Phase::kLeavingStates);
     return true;
 }
 
-bool FrameWriter::placeWhereItStands(xcb_window_t window, Job& job, Phase phase) {
-    const auto geometry = readGeometry(connection_, manager_, window);
-    if (!geometry) {
-        return false;
+bool FrameWriter::placeWhereItStands(xcb_window_t window, Job& job) {
+    const auto& facts = facts_.readAnew(window);
+    if (facts) {
+        place(window, job, *facts, Phase::kPlacing);
     }
-    place(window, job, *geometry);
-    ask(job, phase);
-    return true;
+    return facts.has_value();
 }
 
-void FrameWriter::place(xcb_window_t window, Job& job, const WindowGeometry& geometry) {
-    const auto gravity = readSizeHints(connection_, window).gravity;
+void FrameWriter::place(xcb_window_t window, Job& job, const WindowFacts& facts, Phase phase) {
+    const auto& geometry = facts.geometry;
+    const auto gravity = facts.hints.gravity;
     Rect frame = geometry.frame();
     for (const auto& write : job.writes) {
         if (const auto* position = std::get_if<Point>(&write)) {
@@ -176,6 +183,7 @@ void FrameWriter::place(xcb_window_t window, Job& job, const WindowGeometry& geo
             askForSize(window, geometry.clientOf(frame), geometry, gravity);
         }
     }
+    ask(job, phase);
 }
 
 void FrameWriter::askForPosition(xcb_window_t window, const Rect& client,
@@ -215,14 +223,15 @@ void FrameWriter::askForSize(xcb_window_t window, const Rect& client,
 }
 
 bool FrameWriter::verify(xcb_window_t window, Job& job) {
-    const auto geometry = readGeometry(connection_, manager_, window);
-    if (!geometry) {
+    const auto& facts = facts_.readAnew(window);
+    if (!facts) {
         return false;
     }
-    const bool asAsked = geometry->frame() == expectedFrame(job, *geometry);
-    const auto states = readWindowStates(connection_, window);
+    const auto& geometry = facts->geometry;
+    const auto& states = facts->states;
+    const bool asAsked = geometry.frame() == expectedFrame(job, geometry);
     if (asAsked || job.phase == Phase::kRepairing || states.blocksPlacing() || states.fullScreen) {
-        remember(window, job, geometry->frame());
+        remember(window, job, geometry.frame());
         return false;
     }
     if (manager_.name() == "KWin") {
@@ -230,8 +239,7 @@ bool FrameWriter::verify(xcb_window_t window, Job& job) {
         changeMaximized(connection_, window, kAddState);
         changeMaximized(connection_, window, kRemoveState);
     }
-    place(window, job, *geometry);
-    ask(job, Phase::kRepairing);
+    place(window, job, *facts, Phase::kRepairing);
     return true;
 }
 

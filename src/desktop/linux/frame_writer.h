@@ -5,7 +5,7 @@
 #include "base/observer_list.h"
 #include "desktop/linux/frame_requests.h"
 #include "desktop/linux/manager_fence.h"
-#include "desktop/linux/window_geometry.h"
+#include "desktop/linux/window_facts.h"
 #include "desktop/linux/window_manager.h"
 #include "desktop/linux/x_connection.h"
 
@@ -28,7 +28,8 @@ public:
     /// How long anybody waits for a manager.
     static constexpr std::chrono::milliseconds kPatience{500};
 
-    FrameWriter(XConnection& connection, WindowManager& manager, MainLoop& mainLoop);
+    FrameWriter(XConnection& connection, WindowManager& manager, WindowFactsReader& facts,
+                MainLoop& mainLoop);
 
     /// False, and nothing is written, for what X cannot express.
     bool writePosition(xcb_window_t window, Point position);
@@ -75,8 +76,8 @@ private:
     /// Takes the job as far as it goes without waiting; false when it is done.
     bool advance(xcb_window_t window, Job& job);
     bool start(xcb_window_t window, Job& job);
-    bool placeWhereItStands(xcb_window_t window, Job& job, Phase phase);
-    void place(xcb_window_t window, Job& job, const WindowGeometry& geometry);
+    bool placeWhereItStands(xcb_window_t window, Job& job);
+    void place(xcb_window_t window, Job& job, const WindowFacts& facts, Phase phase);
     void askForPosition(xcb_window_t window, const Rect& client, const WindowGeometry& geometry,
                         std::uint32_t gravity);
     void askForSize(xcb_window_t window, const Rect& client, const WindowGeometry& geometry,
@@ -91,6 +92,7 @@ private:
 
     XConnection& connection_;
     WindowManager& manager_;
+    WindowFactsReader& facts_;
     MainLoop& mainLoop_;
     ManagerFence fence_;
     std::map<xcb_window_t, Job> jobs_;

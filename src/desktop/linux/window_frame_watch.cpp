@@ -36,12 +36,17 @@ Registration WindowFrameWatch::keepWhile(xcb_window_t window, Registration regis
         if (alive.expired()) {
             return;
         }
-        const auto watched = watched_.find(window);
-        if (watched != watched_.end() && watched->second->moved.empty() &&
-            watched->second->resized.empty()) {
-            watched_.erase(watched);
-        }
+        // Tracking drops its observers and makes new ones of the same window at every press.
+        mainLoop_.post(lifetime_.guard([this, window] { forgetIfUnused(window); }));
     });
+}
+
+void WindowFrameWatch::forgetIfUnused(xcb_window_t window) {
+    const auto watched = watched_.find(window);
+    if (watched != watched_.end() && watched->second->moved.empty() &&
+        watched->second->resized.empty()) {
+        watched_.erase(watched);
+    }
 }
 
 void WindowFrameWatch::followAncestor(xcb_window_t window, Watched& watched) {

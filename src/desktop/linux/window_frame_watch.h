@@ -31,6 +31,7 @@ private:
 
     std::shared_ptr<Watched> watch(xcb_window_t window);
     Registration keepWhile(xcb_window_t window, Registration registration);
+    void forgetIfUnused(xcb_window_t window);
     void followAncestor(xcb_window_t window, Watched& watched);
     void handle(const xcb_generic_event_t& event);
     void checkSoon(xcb_window_t window, Watched& watched);

@@ -1,7 +1,5 @@
 #include "desktop/linux/window_hints.h"
 
-#include "desktop/linux/x_properties.h"
-
 #include <algorithm>
 #include <cstddef>
 
@@ -22,10 +20,22 @@ bool holds(const std::vector<std::uint32_t>& atoms, xcb_atom_t atom) {
     return std::find(atoms.begin(), atoms.end(), atom) != atoms.end();
 }
 
+ManagedStates statesFrom(const std::vector<std::uint32_t>& states, const XAtoms& atoms) {
+    return {holds(states, atoms._NET_WM_STATE_MAXIMIZED_HORZ),
+            holds(states, atoms._NET_WM_STATE_MAXIMIZED_VERT),
+            holds(states, atoms._NET_WM_STATE_SHADED),
+            holds(states, atoms._NET_WM_STATE_FULLSCREEN)};
+}
+
 } // namespace
 
-SizeHints readSizeHints(XConnection& connection, xcb_window_t window) {
-    const auto fields = XPropertyRequest(connection, window, XCB_ATOM_WM_NORMAL_HINTS).numbers();
+WindowHintsRequest::WindowHintsRequest(XConnection& connection, xcb_window_t window)
+    : atoms_(connection.atoms()), size_(connection, window, XCB_ATOM_WM_NORMAL_HINTS),
+      states_(connection, window, atoms_._NET_WM_STATE),
+      actions_(connection, window, atoms_._NET_WM_ALLOWED_ACTIONS) {}
+
+SizeHints WindowHintsRequest::size() {
+    const auto fields = size_.numbers();
     SizeHints hints;
     if (fields.size() <= kMaxHeight) {
         return hints;
@@ -43,23 +53,22 @@ SizeHints readSizeHints(XConnection& connection, xcb_window_t window) {
     return hints;
 }
 
-WindowStates readWindowStates(XConnection& connection, xcb_window_t window) {
-    const auto& atoms = connection.atoms();
-    const auto states = XPropertyRequest(connection, window, atoms._NET_WM_STATE).numbers();
-    return {holds(states, atoms._NET_WM_STATE_MAXIMIZED_HORZ),
-            holds(states, atoms._NET_WM_STATE_MAXIMIZED_VERT),
-            holds(states, atoms._NET_WM_STATE_SHADED),
-            holds(states, atoms._NET_WM_STATE_FULLSCREEN)};
+ManagedStates WindowHintsRequest::states() {
+    return statesFrom(states_.numbers(), atoms_);
 }
 
-AllowedActions readAllowedActions(XConnection& connection, xcb_window_t window) {
-    const auto& atoms = connection.atoms();
-    const auto actions =
-        XPropertyRequest(connection, window, atoms._NET_WM_ALLOWED_ACTIONS).numbers();
+AllowedActions WindowHintsRequest::actions() {
+    const auto actions = actions_.numbers();
     if (actions.empty()) {
         return {};
     }
-    return {holds(actions, atoms._NET_WM_ACTION_MOVE), holds(actions, atoms._NET_WM_ACTION_RESIZE)};
+    return {holds(actions, atoms_._NET_WM_ACTION_MOVE),
+            holds(actions, atoms_._NET_WM_ACTION_RESIZE)};
+}
+
+ManagedStates readWindowStates(XConnection& connection, xcb_window_t window) {
+    const auto& atoms = connection.atoms();
+    return statesFrom(XPropertyRequest(connection, window, atoms._NET_WM_STATE).numbers(), atoms);
 }
 
 } // namespace panewright

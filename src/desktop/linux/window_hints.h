@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/linux/x_connection.h"
+#include "desktop/linux/x_properties.h"
 
 #include <cstdint>
 #include <optional>
@@ -17,7 +18,7 @@ struct SizeHints {
 };
 
 /// What the manager says of a window (EWMH _NET_WM_STATE, _NET_WM_ALLOWED_ACTIONS).
-struct WindowStates {
+struct ManagedStates {
     bool maximizedHorizontally = false;
     bool maximizedVertically = false;
     bool shaded = false;
@@ -32,10 +33,24 @@ struct AllowedActions {
     bool resize = true;
 };
 
-/// A window that is gone has the defaults.
-SizeHints readSizeHints(XConnection& connection, xcb_window_t window);
-WindowStates readWindowStates(XConnection& connection, xcb_window_t window);
-/// Everything is allowed where the manager does not say.
-AllowedActions readAllowedActions(XConnection& connection, xcb_window_t window);
+/// The hints and states of a window, asked for together. A window that is gone has the defaults.
+class WindowHintsRequest {
+public:
+    WindowHintsRequest(XConnection& connection, xcb_window_t window);
+
+    // Each takes an answer, once.
+    SizeHints size();
+    ManagedStates states();
+    /// Everything is allowed where the manager does not say.
+    AllowedActions actions();
+
+private:
+    const XAtoms& atoms_;
+    XPropertyRequest size_;
+    XPropertyRequest states_;
+    XPropertyRequest actions_;
+};
+
+ManagedStates readWindowStates(XConnection& connection, xcb_window_t window);
 
 } // namespace panewright

@@ -1,6 +1,5 @@
 #include "desktop/linux/x11_accessibility.h"
 
-#include "desktop/linux/window_hints.h"
 #include "desktop/linux/x_properties.h"
 
 namespace panewright {
@@ -26,9 +25,10 @@ struct X11Accessibility::Element : AXUIElement {
 };
 
 X11Accessibility::X11Accessibility(XConnection& connection, WindowManager& manager,
-                                   ActiveWindows& activeWindows, MainLoop& mainLoop)
-    : connection_(connection), activeWindows_(activeWindows),
-      writer_(connection, manager, mainLoop), frames_(connection, writer_, mainLoop) {}
+                                   ActiveWindows& activeWindows, WindowFactsReader& facts,
+                                   MainLoop& mainLoop)
+    : connection_(connection), activeWindows_(activeWindows), facts_(facts),
+      writer_(connection, manager, facts, mainLoop), frames_(connection, writer_, mainLoop) {}
 
 AXUIElementRef X11Accessibility::createSystemWide() {
     return Element::make(Element::Kind::kSystem, 0, kNoWindow);
@@ -117,11 +117,6 @@ std::optional<std::string> X11Accessibility::titleOf(xcb_window_t window) {
     return title ? title : plain.text();
 }
 
-bool X11Accessibility::exists(xcb_window_t window) {
-    return connection_.reply(xcb_get_geometry_reply, xcb_get_geometry(connection_, window)) !=
-           nullptr;
-}
-
 AXError X11Accessibility::setAttributeValue(const AXUIElementRef& element,
                                             std::string_view attribute, const AXValue& value) {
     const auto* named = Element::from(element);
@@ -155,22 +150,18 @@ Result<bool, AXError> X11Accessibility::isAttributeSettable(const AXUIElementRef
         (!isSize && attribute != NSAccessibilityPositionAttribute)) {
         return false;
     }
-    if (!exists(named->window)) {
+    const auto& facts = facts_.of(named->window);
+    if (!facts) {
         return AXError::kInvalidUIElement;
     }
-    const auto states = readWindowStates(connection_, named->window);
-    if (states.fullScreen) {
+    if (facts->states.fullScreen ||
+        (isSize && (facts->hints.fixedWidth || facts->hints.fixedHeight))) {
         return false;
     }
-    const auto hints = readSizeHints(connection_, named->window);
-    if (isSize && (hints.fixedWidth || hints.fixedHeight)) {
-        return false;
-    }
-    if (states.blocksPlacing()) {
+    if (facts->states.blocksPlacing()) {
         return true; // what is forbidden in that state says nothing of the window
     }
-    const auto allowed = readAllowedActions(connection_, named->window);
-    return isSize ? allowed.resize : allowed.move;
+    return isSize ? facts->actions.resize : facts->actions.move;
 }
 
 Accessibility::PidAnswer X11Accessibility::pid(const AXUIElementRef& element) {

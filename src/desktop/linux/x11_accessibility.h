@@ -12,7 +12,7 @@ namespace panewright {
 class X11Accessibility : public Accessibility {
 public:
     X11Accessibility(XConnection& connection, WindowManager& manager, ActiveWindows& activeWindows,
-                     MainLoop& mainLoop);
+                     WindowFactsReader& facts, MainLoop& mainLoop);
 
     /// Holds while the connection to the X server lives.
     bool isProcessTrusted() const override { return !connection_.isLost(); }
@@ -39,10 +39,11 @@ private:
     Result<AXValue, AXError> attributeOfApplication(ProcessId pid, std::string_view attribute);
     Result<AXValue, AXError> attributeOfWindow(xcb_window_t window, std::string_view attribute);
     std::optional<std::string> titleOf(xcb_window_t window);
-    bool exists(xcb_window_t window);
+    bool exists(xcb_window_t window) { return facts_.of(window).has_value(); }
 
     XConnection& connection_;
     ActiveWindows& activeWindows_;
+    WindowFactsReader& facts_;
     FrameWriter writer_;
     WindowFrameWatch frames_;
 };
