@@ -130,6 +130,9 @@ TEST_P(WindowManagers, TakeWindowsOutOfStatesThatBlockPlacing) {
         }
     }
     addStates(desktop_.x(), window, {"_NET_WM_STATE_FULLSCREEN"});
+    // kwin says so before it has done it.
+    const Frame full{.x = 0, .y = 0, .width = 1600, .height = 900};
+    ASSERT_EQ(frameOnceItIs(full, desktop_.x(), window), full);
     expectNothingHappens(window);
 }
 

@@ -1,5 +1,7 @@
 #include "desktop/linux/active_windows.h"
 
+#include "desktop/linux/window_geometry.h"
+#include "desktop/linux/window_hints.h"
 #include "desktop/linux/x_properties.h"
 
 #include <algorithm>
@@ -7,10 +9,9 @@
 
 namespace panewright {
 
-ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager,
-                             WindowFactsReader& facts, MainLoop& mainLoop,
+ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager, MainLoop& mainLoop,
                              std::string ownBundleIdentifier)
-    : connection_(connection), manager_(manager), facts_(facts), mainLoop_(mainLoop),
+    : connection_(connection), manager_(manager), mainLoop_(mainLoop),
       identity_(connection, std::move(ownBundleIdentifier)),
       rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE |
                                                                     XCB_EVENT_MASK_FOCUS_CHANGE)),
@@ -82,8 +83,9 @@ xcb_window_t ActiveWindows::readActiveWindow() {
 xcb_window_t ActiveWindows::readFocusedTopLevel() {
     const auto focus =
         connection_.reply(xcb_get_input_focus_reply, xcb_get_input_focus(connection_));
-    if (!focus || focus->focus == connection_.root() || focus->focus == XCB_NONE ||
-        focus->focus == XCB_INPUT_FOCUS_POINTER_ROOT) {
+    if (!focus || focus->focus == connection_.root() ||
+        focus->focus == static_cast<xcb_window_t>(XCB_INPUT_FOCUS_NONE) ||
+        focus->focus == static_cast<xcb_window_t>(XCB_INPUT_FOCUS_POINTER_ROOT)) {
         return kNoWindow;
     }
     return outermostAncestor(connection_, focus->focus).value_or(kNoWindow);
@@ -96,9 +98,11 @@ bool ActiveWindows::isDesktopOrDock(xcb_window_t window) {
 }
 
 bool ActiveWindows::isShown(xcb_window_t window) {
-    const auto& facts = facts_.of(window);
+    const auto attributes = connection_.reply(xcb_get_window_attributes_reply,
+                                              xcb_get_window_attributes(connection_, window));
     // Some managers unmap a window that they shade.
-    return facts && (facts->isViewable || facts->states.shaded);
+    return attributes && (attributes->map_state == XCB_MAP_STATE_VIEWABLE ||
+                          readEwmhStates(connection_, window).shaded);
 }
 
 void ActiveWindows::moveToFront(xcb_window_t window, ProcessId pid) {

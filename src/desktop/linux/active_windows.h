@@ -3,7 +3,6 @@
 #include "base/lifetime.h"
 #include "base/observer_list.h"
 #include "desktop/linux/client_identity.h"
-#include "desktop/linux/window_facts.h"
 #include "desktop/linux/window_manager.h"
 #include "desktop/linux/x_connection.h"
 #include "platform/workspace.h"
@@ -22,8 +21,8 @@ namespace panewright {
 /// program, but never its focused window.
 class ActiveWindows {
 public:
-    ActiveWindows(XConnection& connection, WindowManager& manager, WindowFactsReader& facts,
-                  MainLoop& mainLoop, std::string ownBundleIdentifier);
+    ActiveWindows(XConnection& connection, WindowManager& manager, MainLoop& mainLoop,
+                  std::string ownBundleIdentifier);
 
     /// The application of the last active window; nil before there was one. Asks the server: a key
     /// press may be handled before the event that tells of another active window.
@@ -74,7 +73,6 @@ private:
 
     XConnection& connection_;
     WindowManager& manager_;
-    WindowFactsReader& facts_;
     MainLoop& mainLoop_;
     ClientIdentity identity_;
     std::vector<Window> windows_;

@@ -31,8 +31,7 @@ void changeMaximized(XConnection& connection, xcb_window_t window, std::uint32_t
                    kSourcePager, 0});
 }
 
-void leaveBlockingStates(XConnection& connection, xcb_window_t window,
-                         const ManagedStates& states) {
+void leaveBlockingStates(XConnection& connection, xcb_window_t window, const EwmhStates& states) {
     const auto& atoms = connection.atoms();
     if (states.maximizedHorizontally || states.maximizedVertically) {
         changeMaximized(connection, window, kRemoveState);
@@ -45,10 +44,8 @@ void leaveBlockingStates(XConnection& connection, xcb_window_t window,
 
 } // namespace
 
-FrameWriter::FrameWriter(XConnection& connection, WindowManager& manager, WindowFactsReader& facts,
-                         MainLoop& mainLoop)
-    : connection_(connection), manager_(manager), facts_(facts), mainLoop_(mainLoop),
-      fence_(connection, manager),
+FrameWriter::FrameWriter(XConnection& connection, WindowManager& manager, MainLoop& mainLoop)
+    : connection_(connection), manager_(manager), mainLoop_(mainLoop), fence_(connection, manager),
       events_(connection.onEvent([this](const auto& event) { handle(event); })),
       managerChanges_(manager.onChange([this] {
           fence_.giveUp();
@@ -85,9 +82,8 @@ void FrameWriter::write(xcb_window_t window, const Write& value) {
     advanceAllSoon();
 }
 
-std::optional<Rect> FrameWriter::settledFrame(xcb_window_t window) {
+void FrameWriter::settle(xcb_window_t window) {
     const auto deadline = Clock::now() + kPatience;
-    const bool waits = isBusy(window);
     for (auto job = jobs_.find(window); job != jobs_.end(); job = jobs_.find(window)) {
         if (!advance(window, job->second)) {
             finish(window);
@@ -100,14 +96,26 @@ std::optional<Rect> FrameWriter::settledFrame(xcb_window_t window) {
             finish(window);
         }
     }
-    const auto& facts = waits ? facts_.readAnew(window) : facts_.of(window);
-    if (!facts) {
+}
+
+std::optional<Rect> FrameWriter::settledFrame(xcb_window_t window) {
+    settle(window);
+    const auto geometry = readGeometry(connection_, manager_, window);
+    if (!geometry) {
         return std::nullopt;
     }
     const auto memory = memories_.find(window);
-    return frameToReport(facts->geometry.frame(), memory == memories_.end()
-                                                      ? std::nullopt
-                                                      : std::optional(memory->second.frame));
+    return frameToReport(geometry->frame(), memory == memories_.end()
+                                                ? std::nullopt
+                                                : std::optional(memory->second.frame));
+}
+
+bool FrameWriter::settleAll() {
+    const bool wasBusy = !jobs_.empty();
+    while (!jobs_.empty() && !connection_.isLost()) {
+        settle(jobs_.begin()->first);
+    }
+    return wasBusy;
 }
 
 void FrameWriter::advanceAllSoon() {
@@ -143,36 +151,35 @@ bool FrameWriter::advance(xcb_window_t window, Job& job) {
         }
         return true;
     }
-    return job.phase == Phase::kLeavingStates ? placeWhereItStands(window, job)
+    return job.phase == Phase::kLeavingStates ? placeWhereItStands(window, job, Phase::kPlacing)
                                               : verify(window, job);
 }
 
 bool FrameWriter::start(xcb_window_t window, Job& job) {
-    const auto& facts = facts_.of(window);
-    if (!facts) {
-        return false;
-    }
-    if (!facts->states.blocksPlacing()) {
-        place(window, job, *facts, Phase::kPlacing);
-        return true;
+    const auto traits = readTraits(connection_, window);
+    const auto& states = traits.states;
+    job.gravity = traits.hints.gravity;
+    if (!states.blocksPlacing()) {
+        return placeWhereItStands(window, job, Phase::kPlacing);
     }
     job.selection = connection_.selectEvents(window, XCB_EVENT_MASK_PROPERTY_CHANGE);
-    leaveBlockingStates(connection_, window, facts->states);
+    leaveBlockingStates(connection_, window, states);
     ask(job, Phase::kLeavingStates);
     return true;
 }
 
-bool FrameWriter::placeWhereItStands(xcb_window_t window, Job& job) {
-    const auto& facts = facts_.readAnew(window);
-    if (facts) {
-        place(window, job, *facts, Phase::kPlacing);
+bool FrameWriter::placeWhereItStands(xcb_window_t window, Job& job, Phase phase) {
+    const auto geometry = readGeometry(connection_, manager_, window);
+    if (!geometry) {
+        return false;
     }
-    return facts.has_value();
+    place(window, job, *geometry);
+    ask(job, phase);
+    return true;
 }
 
-void FrameWriter::place(xcb_window_t window, Job& job, const WindowFacts& facts, Phase phase) {
-    const auto& geometry = facts.geometry;
-    const auto gravity = facts.hints.gravity;
+void FrameWriter::place(xcb_window_t window, const Job& job, const WindowGeometry& geometry) {
+    const auto gravity = job.gravity;
     Rect frame = geometry.frame();
     for (const auto& write : job.writes) {
         if (const auto* position = std::get_if<Point>(&write)) {
@@ -183,7 +190,6 @@ void FrameWriter::place(xcb_window_t window, Job& job, const WindowFacts& facts,
             askForSize(window, geometry.clientOf(frame), geometry, gravity);
         }
     }
-    ask(job, phase);
 }
 
 void FrameWriter::askForPosition(xcb_window_t window, const Rect& client,
@@ -223,15 +229,14 @@ void FrameWriter::askForSize(xcb_window_t window, const Rect& client,
 }
 
 bool FrameWriter::verify(xcb_window_t window, Job& job) {
-    const auto& facts = facts_.readAnew(window);
-    if (!facts) {
+    const auto geometry = readGeometry(connection_, manager_, window);
+    if (!geometry) {
         return false;
     }
-    const auto& geometry = facts->geometry;
-    const auto& states = facts->states;
-    const bool asAsked = geometry.frame() == expectedFrame(job, geometry);
+    const bool asAsked = geometry->frame() == expectedFrame(job, *geometry);
+    const auto states = readEwmhStates(connection_, window);
     if (asAsked || job.phase == Phase::kRepairing || states.blocksPlacing() || states.fullScreen) {
-        remember(window, job, geometry.frame());
+        remember(window, job, geometry->frame());
         return false;
     }
     if (manager_.name() == "KWin") {
@@ -239,7 +244,8 @@ bool FrameWriter::verify(xcb_window_t window, Job& job) {
         changeMaximized(connection_, window, kAddState);
         changeMaximized(connection_, window, kRemoveState);
     }
-    place(window, job, *facts, Phase::kRepairing);
+    place(window, job, *geometry);
+    ask(job, Phase::kRepairing);
     return true;
 }
 
@@ -252,8 +258,7 @@ bool FrameWriter::hasAnswered(xcb_window_t window, const Job& job) {
         fence_.giveUp();
         return true;
     }
-    if (job.phase == Phase::kLeavingStates &&
-        readWindowStates(connection_, window).blocksPlacing()) {
+    if (job.phase == Phase::kLeavingStates && readEwmhStates(connection_, window).blocksPlacing()) {
         return false;
     }
     if (fence_.isReliable()) {

@@ -5,7 +5,7 @@
 #include "base/observer_list.h"
 #include "desktop/linux/frame_requests.h"
 #include "desktop/linux/manager_fence.h"
-#include "desktop/linux/window_facts.h"
+#include "desktop/linux/window_geometry.h"
 #include "desktop/linux/window_manager.h"
 #include "desktop/linux/x_connection.h"
 
@@ -28,8 +28,7 @@ public:
     /// How long anybody waits for a manager.
     static constexpr std::chrono::milliseconds kPatience{500};
 
-    FrameWriter(XConnection& connection, WindowManager& manager, WindowFactsReader& facts,
-                MainLoop& mainLoop);
+    FrameWriter(XConnection& connection, WindowManager& manager, MainLoop& mainLoop);
 
     /// False, and nothing is written, for what X cannot express.
     bool writePosition(xcb_window_t window, Point position);
@@ -39,6 +38,10 @@ public:
     /// kPatience): the written one where the window stood still since, else the true one. Nil for a
     /// window that is gone.
     std::optional<Rect> settledFrame(xcb_window_t window);
+
+    /// Waits (at most kPatience) until everything that was written has settled; false if that was
+    /// so already.
+    bool settleAll();
 
     /// Whether something written to the window has not settled yet.
     bool isBusy(xcb_window_t window) const { return jobs_.contains(window); }
@@ -58,6 +61,8 @@ private:
         /// As written; what was not written is what the window had.
         std::optional<Point> position;
         std::optional<Size> size;
+        /// The window's own.
+        std::uint32_t gravity = XCB_GRAVITY_NORTH_WEST;
         Phase phase = Phase::kQueued;
         ManagerFence::Id fence = 0;
         Clock::time_point asked;
@@ -71,13 +76,14 @@ private:
     };
 
     void write(xcb_window_t window, const Write& value);
+    void settle(xcb_window_t window);
     void advanceAllSoon();
     void advanceAll();
     /// Takes the job as far as it goes without waiting; false when it is done.
     bool advance(xcb_window_t window, Job& job);
     bool start(xcb_window_t window, Job& job);
-    bool placeWhereItStands(xcb_window_t window, Job& job);
-    void place(xcb_window_t window, Job& job, const WindowFacts& facts, Phase phase);
+    bool placeWhereItStands(xcb_window_t window, Job& job, Phase phase);
+    void place(xcb_window_t window, const Job& job, const WindowGeometry& geometry);
     void askForPosition(xcb_window_t window, const Rect& client, const WindowGeometry& geometry,
                         std::uint32_t gravity);
     void askForSize(xcb_window_t window, const Rect& client, const WindowGeometry& geometry,
@@ -92,7 +98,6 @@ private:
 
     XConnection& connection_;
     WindowManager& manager_;
-    WindowFactsReader& facts_;
     MainLoop& mainLoop_;
     ManagerFence fence_;
     std::map<xcb_window_t, Job> jobs_;

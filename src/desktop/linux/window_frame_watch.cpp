@@ -1,6 +1,7 @@
 #include "desktop/linux/window_frame_watch.h"
 
 #include <utility>
+#include <vector>
 
 namespace panewright {
 
@@ -15,6 +16,25 @@ Registration WindowFrameWatch::onMoved(xcb_window_t window, std::function<void()
 
 Registration WindowFrameWatch::onResized(xcb_window_t window, std::function<void()> callback) {
     return keepWhile(window, watch(window)->resized.add(std::move(callback)));
+}
+
+void WindowFrameWatch::checkAll() {
+    for (const auto& [window, watched] : watched_) {
+        watched->isDirty = true;
+    }
+    checkChanged();
+}
+
+void WindowFrameWatch::checkChanged() {
+    std::vector<xcb_window_t> changed;
+    for (const auto& [window, watched] : watched_) {
+        if (watched->isDirty) {
+            changed.push_back(window);
+        }
+    }
+    for (const auto window : changed) {
+        check(window);
+    }
 }
 
 std::shared_ptr<WindowFrameWatch::Watched> WindowFrameWatch::watch(xcb_window_t window) {
@@ -33,15 +53,14 @@ Registration WindowFrameWatch::keepWhile(xcb_window_t window, Registration regis
     auto kept = std::make_shared<Registration>(std::move(registration));
     return Registration([this, alive = lifetime_.watch(), window, kept] {
         kept->release();
-        if (alive.expired()) {
-            return;
+        if (!alive.expired()) {
+            // Whoever observes the same window again at once finds everything still set up.
+            mainLoop_.post(lifetime_.guard([this, window] { forgetIfUnobserved(window); }));
         }
-        // Tracking drops its observers and makes new ones of the same window at every press.
-        mainLoop_.post(lifetime_.guard([this, window] { forgetIfUnused(window); }));
     });
 }
 
-void WindowFrameWatch::forgetIfUnused(xcb_window_t window) {
+void WindowFrameWatch::forgetIfUnobserved(xcb_window_t window) {
     const auto watched = watched_.find(window);
     if (watched != watched_.end() && watched->second->moved.empty() &&
         watched->second->resized.empty()) {

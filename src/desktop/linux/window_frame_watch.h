@@ -18,6 +18,10 @@ public:
     Registration onMoved(xcb_window_t window, std::function<void()> callback);
     Registration onResized(xcb_window_t window, std::function<void()> callback);
 
+    /// Tells now of every change that there has been, or only of those known to have been.
+    void checkAll();
+    void checkChanged();
+
 private:
     struct Watched {
         Rect reported;
@@ -31,7 +35,7 @@ private:
 
     std::shared_ptr<Watched> watch(xcb_window_t window);
     Registration keepWhile(xcb_window_t window, Registration registration);
-    void forgetIfUnused(xcb_window_t window);
+    void forgetIfUnobserved(xcb_window_t window);
     void followAncestor(xcb_window_t window, Watched& watched);
     void handle(const xcb_generic_event_t& event);
     void checkSoon(xcb_window_t window, Watched& watched);

@@ -1,5 +1,7 @@
 #include "desktop/linux/window_hints.h"
 
+#include "desktop/linux/x_properties.h"
+
 #include <algorithm>
 #include <cstddef>
 
@@ -20,22 +22,7 @@ bool holds(const std::vector<std::uint32_t>& atoms, xcb_atom_t atom) {
     return std::find(atoms.begin(), atoms.end(), atom) != atoms.end();
 }
 
-ManagedStates statesFrom(const std::vector<std::uint32_t>& states, const XAtoms& atoms) {
-    return {holds(states, atoms._NET_WM_STATE_MAXIMIZED_HORZ),
-            holds(states, atoms._NET_WM_STATE_MAXIMIZED_VERT),
-            holds(states, atoms._NET_WM_STATE_SHADED),
-            holds(states, atoms._NET_WM_STATE_FULLSCREEN)};
-}
-
-} // namespace
-
-WindowHintsRequest::WindowHintsRequest(XConnection& connection, xcb_window_t window)
-    : atoms_(connection.atoms()), size_(connection, window, XCB_ATOM_WM_NORMAL_HINTS),
-      states_(connection, window, atoms_._NET_WM_STATE),
-      actions_(connection, window, atoms_._NET_WM_ALLOWED_ACTIONS) {}
-
-SizeHints WindowHintsRequest::size() {
-    const auto fields = size_.numbers();
+SizeHints hintsFrom(const std::vector<std::uint32_t>& fields) {
     SizeHints hints;
     if (fields.size() <= kMaxHeight) {
         return hints;
@@ -53,20 +40,32 @@ SizeHints WindowHintsRequest::size() {
     return hints;
 }
 
-ManagedStates WindowHintsRequest::states() {
-    return statesFrom(states_.numbers(), atoms_);
+EwmhStates statesFrom(const std::vector<std::uint32_t>& states, const XAtoms& atoms) {
+    return {holds(states, atoms._NET_WM_STATE_MAXIMIZED_HORZ),
+            holds(states, atoms._NET_WM_STATE_MAXIMIZED_VERT),
+            holds(states, atoms._NET_WM_STATE_SHADED),
+            holds(states, atoms._NET_WM_STATE_FULLSCREEN)};
 }
 
-AllowedActions WindowHintsRequest::actions() {
-    const auto actions = actions_.numbers();
+AllowedActions actionsFrom(const std::vector<std::uint32_t>& actions, const XAtoms& atoms) {
     if (actions.empty()) {
         return {};
     }
-    return {holds(actions, atoms_._NET_WM_ACTION_MOVE),
-            holds(actions, atoms_._NET_WM_ACTION_RESIZE)};
+    return {holds(actions, atoms._NET_WM_ACTION_MOVE), holds(actions, atoms._NET_WM_ACTION_RESIZE)};
 }
 
-ManagedStates readWindowStates(XConnection& connection, xcb_window_t window) {
+} // namespace
+
+WindowTraits readTraits(XConnection& connection, xcb_window_t window) {
+    const auto& atoms = connection.atoms();
+    XPropertyRequest hints(connection, window, XCB_ATOM_WM_NORMAL_HINTS);
+    XPropertyRequest states(connection, window, atoms._NET_WM_STATE);
+    XPropertyRequest actions(connection, window, atoms._NET_WM_ALLOWED_ACTIONS);
+    return {hintsFrom(hints.numbers()), statesFrom(states.numbers(), atoms),
+            actionsFrom(actions.numbers(), atoms)};
+}
+
+EwmhStates readEwmhStates(XConnection& connection, xcb_window_t window) {
     const auto& atoms = connection.atoms();
     return statesFrom(XPropertyRequest(connection, window, atoms._NET_WM_STATE).numbers(), atoms);
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "desktop/linux/x_connection.h"
-#include "desktop/linux/x_properties.h"
 
 #include <cstdint>
 #include <optional>
@@ -18,7 +17,7 @@ struct SizeHints {
 };
 
 /// What the manager says of a window (EWMH _NET_WM_STATE, _NET_WM_ALLOWED_ACTIONS).
-struct ManagedStates {
+struct EwmhStates {
     bool maximizedHorizontally = false;
     bool maximizedVertically = false;
     bool shaded = false;
@@ -33,24 +32,15 @@ struct AllowedActions {
     bool resize = true;
 };
 
-/// The hints and states of a window, asked for together. A window that is gone has the defaults.
-class WindowHintsRequest {
-public:
-    WindowHintsRequest(XConnection& connection, xcb_window_t window);
-
-    // Each takes an answer, once.
-    SizeHints size();
-    ManagedStates states();
-    /// Everything is allowed where the manager does not say.
-    AllowedActions actions();
-
-private:
-    const XAtoms& atoms_;
-    XPropertyRequest size_;
-    XPropertyRequest states_;
-    XPropertyRequest actions_;
+/// All three, in one round trip. A window that is gone has the defaults; where the manager does not
+/// say what is allowed, everything is.
+struct WindowTraits {
+    SizeHints hints;
+    EwmhStates states;
+    AllowedActions allowed;
 };
 
-ManagedStates readWindowStates(XConnection& connection, xcb_window_t window);
+WindowTraits readTraits(XConnection& connection, xcb_window_t window);
+EwmhStates readEwmhStates(XConnection& connection, xcb_window_t window);
 
 } // namespace panewright

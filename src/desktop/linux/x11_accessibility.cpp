@@ -1,5 +1,6 @@
 #include "desktop/linux/x11_accessibility.h"
 
+#include "desktop/linux/window_hints.h"
 #include "desktop/linux/x_properties.h"
 
 namespace panewright {
@@ -25,10 +26,20 @@ struct X11Accessibility::Element : AXUIElement {
 };
 
 X11Accessibility::X11Accessibility(XConnection& connection, WindowManager& manager,
-                                   ActiveWindows& activeWindows, WindowFactsReader& facts,
-                                   MainLoop& mainLoop)
-    : connection_(connection), activeWindows_(activeWindows), facts_(facts),
-      writer_(connection, manager, facts, mainLoop), frames_(connection, writer_, mainLoop) {}
+                                   ActiveWindows& activeWindows, MainLoop& mainLoop)
+    : connection_(connection), activeWindows_(activeWindows),
+      writer_(connection, manager, mainLoop), frames_(connection, writer_, mainLoop),
+      framesOfTurn_(mainLoop), traitsOfTurn_(mainLoop) {}
+
+void X11Accessibility::settle() {
+    forgetTurn();
+    if (writer_.settleAll()) {
+        frames_.checkAll();
+    } else {
+        frames_.checkChanged();
+    }
+    forgetTurn();
+}
 
 AXUIElementRef X11Accessibility::createSystemWide() {
     return Element::make(Element::Kind::kSystem, 0, kNoWindow);
@@ -88,7 +99,7 @@ Result<AXValue, AXError> X11Accessibility::attributeOfWindow(xcb_window_t window
                                                              std::string_view attribute) {
     const bool isPosition = attribute == NSAccessibilityPositionAttribute;
     if (isPosition || attribute == NSAccessibilitySizeAttribute) {
-        const auto frame = writer_.settledFrame(window);
+        const auto frame = frameOf(window);
         if (!frame) {
             return AXError::kInvalidUIElement;
         }
@@ -100,7 +111,7 @@ Result<AXValue, AXError> X11Accessibility::attributeOfWindow(xcb_window_t window
     if (attribute != NSAccessibilityTitleAttribute) {
         return AXError::kAttributeUnsupported;
     }
-    if (!exists(window)) {
+    if (!frameOf(window)) {
         return AXError::kInvalidUIElement;
     }
     auto title = titleOf(window);
@@ -117,6 +128,15 @@ std::optional<std::string> X11Accessibility::titleOf(xcb_window_t window) {
     return title ? title : plain.text();
 }
 
+std::optional<Rect> X11Accessibility::frameOf(xcb_window_t window) {
+    return framesOfTurn_.valueOf(window, [&] { return writer_.settledFrame(window); });
+}
+
+void X11Accessibility::forgetTurn() {
+    framesOfTurn_.forget();
+    traitsOfTurn_.forget();
+}
+
 AXError X11Accessibility::setAttributeValue(const AXUIElementRef& element,
                                             std::string_view attribute, const AXValue& value) {
     const auto* named = Element::from(element);
@@ -126,6 +146,7 @@ AXError X11Accessibility::setAttributeValue(const AXUIElementRef& element,
     if (named->kind != Element::Kind::kWindow) {
         return AXError::kAttributeUnsupported;
     }
+    forgetTurn();
     const auto* position = std::get_if<Point>(&value);
     const auto* size = std::get_if<Size>(&value);
     bool written = false;
@@ -150,18 +171,21 @@ Result<bool, AXError> X11Accessibility::isAttributeSettable(const AXUIElementRef
         (!isSize && attribute != NSAccessibilityPositionAttribute)) {
         return false;
     }
-    const auto& facts = facts_.of(named->window);
-    if (!facts) {
+    if (!frameOf(named->window)) {
         return AXError::kInvalidUIElement;
     }
-    if (facts->states.fullScreen ||
-        (isSize && (facts->hints.fixedWidth || facts->hints.fixedHeight))) {
+    const auto [hints, states, allowed] = traitsOfTurn_.valueOf(
+        named->window, [&] { return readTraits(connection_, named->window); });
+    if (states.fullScreen) {
         return false;
     }
-    if (facts->states.blocksPlacing()) {
+    if (isSize && (hints.fixedWidth || hints.fixedHeight)) {
+        return false;
+    }
+    if (states.blocksPlacing()) {
         return true; // what is forbidden in that state says nothing of the window
     }
-    return isSize ? facts->actions.resize : facts->actions.move;
+    return isSize ? allowed.resize : allowed.move;
 }
 
 Accessibility::PidAnswer X11Accessibility::pid(const AXUIElementRef& element) {
@@ -169,7 +193,7 @@ Accessibility::PidAnswer X11Accessibility::pid(const AXUIElementRef& element) {
     if (!named) {
         return {AXError::kIllegalArgument, 0};
     }
-    if (named->kind == Element::Kind::kWindow && !exists(named->window)) {
+    if (named->kind == Element::Kind::kWindow && !frameOf(named->window)) {
         return {AXError::kInvalidUIElement, 0};
     }
     return {AXError::kSuccess, named->pid};

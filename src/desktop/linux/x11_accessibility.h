@@ -2,7 +2,9 @@
 
 #include "desktop/linux/active_windows.h"
 #include "desktop/linux/frame_writer.h"
+#include "desktop/linux/turn_cache.h"
 #include "desktop/linux/window_frame_watch.h"
+#include "desktop/linux/window_hints.h"
 #include "platform/accessibility.h"
 
 namespace panewright {
@@ -12,7 +14,7 @@ namespace panewright {
 class X11Accessibility : public Accessibility {
 public:
     X11Accessibility(XConnection& connection, WindowManager& manager, ActiveWindows& activeWindows,
-                     WindowFactsReader& facts, MainLoop& mainLoop);
+                     MainLoop& mainLoop);
 
     /// Holds while the connection to the X server lives.
     bool isProcessTrusted() const override { return !connection_.isLost(); }
@@ -32,6 +34,10 @@ public:
     Registration observe(ProcessId pid, const AXUIElementRef& element,
                          std::string_view notification, std::function<void()> callback) override;
 
+    /// Waits (at most half a second) until what was written to windows has settled, and tells those
+    /// who observe them.
+    void settle();
+
 private:
     struct Element;
 
@@ -39,13 +45,16 @@ private:
     Result<AXValue, AXError> attributeOfApplication(ProcessId pid, std::string_view attribute);
     Result<AXValue, AXError> attributeOfWindow(xcb_window_t window, std::string_view attribute);
     std::optional<std::string> titleOf(xcb_window_t window);
-    bool exists(xcb_window_t window) { return facts_.of(window).has_value(); }
+    /// Nil for a window that is gone.
+    std::optional<Rect> frameOf(xcb_window_t window);
+    void forgetTurn();
 
     XConnection& connection_;
     ActiveWindows& activeWindows_;
-    WindowFactsReader& facts_;
     FrameWriter writer_;
     WindowFrameWatch frames_;
+    TurnCache<std::optional<Rect>> framesOfTurn_;
+    TurnCache<WindowTraits> traitsOfTurn_;
 };
 
 } // namespace panewright

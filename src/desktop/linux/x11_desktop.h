@@ -2,7 +2,6 @@
 
 #include "desktop/linux/active_windows.h"
 #include "desktop/linux/randr_displays.h"
-#include "desktop/linux/window_facts.h"
 #include "desktop/linux/window_manager.h"
 #include "desktop/linux/x11_accessibility.h"
 #include "desktop/linux/x11_hot_keys.h"
@@ -26,7 +25,6 @@ public:
 private:
     std::unique_ptr<XConnection> connection_;
     WindowManager manager_;
-    WindowFactsReader facts_;
     XkbKeymap keymap_;
     ActiveWindows activeWindows_;
 

@@ -35,9 +35,10 @@ std::optional<std::uint32_t> stateOf(std::uint32_t modifiers, const ModifierMask
 
 } // namespace
 
-X11HotKeys::X11HotKeys(XConnection& connection, XkbKeymap& keymap, MainLoop& mainLoop)
+X11HotKeys::X11HotKeys(XConnection& connection, XkbKeymap& keymap, MainLoop& mainLoop,
+                       std::function<void()> beforePress)
     : connection_(connection), keymap_(keymap), mainLoop_(mainLoop),
-      grabbedWith_(keymap.modifiers()),
+      beforePress_(std::move(beforePress)), grabbedWith_(keymap.modifiers()),
       events_(connection.onEvent([this](const auto& event) { handle(event); })),
       keymapChanges_(keymap.onChange([this] { regrabAll(); })) {}
 
@@ -206,8 +207,9 @@ void X11HotKeys::pressed(const xcb_key_press_event_t& press) {
     for (const auto& [ref, hotKey] : hotKeys_) {
         const auto grabs = grabsOf(hotKey.virtualKeyCode, hotKey.modifiers);
         if (std::find(grabs.begin(), grabs.end(), arrived) != grabs.end()) {
-            handlers_.deliver(
-                {{kEventClassKeyboard, kEventHotKeyPressed}, kNoError, HotKeyId(hotKey.id)});
+            const HotKeyId id = hotKey.id;
+            beforePress_();
+            handlers_.deliver({{kEventClassKeyboard, kEventHotKeyPressed}, kNoError, id});
             return;
         }
     }

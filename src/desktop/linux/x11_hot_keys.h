@@ -15,7 +15,9 @@ namespace panewright {
 /// every state of the lock keys. Option is the keyboard's Alt, Command its Super.
 class X11HotKeys : public HotKeys {
 public:
-    X11HotKeys(XConnection& connection, XkbKeymap& keymap, MainLoop& mainLoop);
+    /// `beforePress` is called before each press is delivered.
+    X11HotKeys(XConnection& connection, XkbKeymap& keymap, MainLoop& mainLoop,
+               std::function<void()> beforePress);
     ~X11HotKeys() override;
 
     Registered registerHotKey(std::uint32_t virtualKeyCode, std::uint32_t modifiers,
@@ -53,6 +55,7 @@ private:
     XConnection& connection_;
     XkbKeymap& keymap_;
     MainLoop& mainLoop_;
+    std::function<void()> beforePress_;
     HotKeyHandlers handlers_;
     std::map<HotKeyRef, HotKey> hotKeys_;
     HotKeyRef lastRef_ = 0;

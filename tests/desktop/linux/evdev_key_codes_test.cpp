@@ -1,0 +1,57 @@
+#include "desktop/linux/evdev_key_codes.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <linux/input-event-codes.h>
+
+#include <set>
+
+namespace panewright {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(EvdevKeyCodes, NameThePhysicalKeys) {
+    const std::pair<std::uint16_t, std::uint32_t> keys[] = {
+        {0, KEY_A},          {10, KEY_102ND},   {18, KEY_1},        {21, KEY_4},
+        {22, KEY_6},         {23, KEY_5},       {50, KEY_GRAVE},    {51, KEY_BACKSPACE},
+        {53, KEY_ESC},       {71, KEY_NUMLOCK}, {82, KEY_KP0},      {92, KEY_KP9},
+        {96, KEY_F5},        {105, KEY_F13},    {110, KEY_COMPOSE}, {117, KEY_DELETE},
+        {121, KEY_PAGEDOWN}, {122, KEY_F1},     {123, KEY_LEFT},    {126, KEY_UP},
+    };
+    for (const auto& [virtualKeyCode, evdevCode] : keys) {
+        EXPECT_THAT(evdevCodesOf(virtualKeyCode), ElementsAre(evdevCode)) << virtualKeyCode;
+        EXPECT_EQ(virtualKeyCodeOf(evdevCode), virtualKeyCode) << evdevCode;
+    }
+}
+
+TEST(EvdevKeyCodes, KnowTheOtherKeyboardsNamesOfAKey) {
+    EXPECT_THAT(evdevCodesOf(114), ElementsAre(KEY_INSERT, KEY_HELP));
+    EXPECT_THAT(evdevCodesOf(102), ElementsAre(KEY_HANJA, KEY_MUHENKAN));
+    EXPECT_EQ(virtualKeyCodeOf(KEY_HENKAN), 104);
+    EXPECT_EQ(virtualKeyCodeOf(KEY_KPJPCOMMA), 95);
+}
+
+TEST(EvdevKeyCodes, LeaveOutOnlyTheUnassignedOnes) {
+    std::set<std::uint32_t> unassigned;
+    std::set<std::uint32_t> seen;
+    for (std::uint16_t code = 0; code <= 127; ++code) {
+        if (evdevCodesOf(code).empty()) {
+            unassigned.insert(code);
+        }
+        for (const auto evdevCode : evdevCodesOf(code)) {
+            EXPECT_TRUE(seen.insert(evdevCode).second) << evdevCode << " stands there twice";
+            EXPECT_EQ(virtualKeyCodeOf(evdevCode), code);
+        }
+    }
+    EXPECT_THAT(unassigned, ElementsAre(52, 66, 68, 70, 77, 108, 112, 127));
+    EXPECT_THAT(evdevCodesOf(128), IsEmpty());
+    for (const std::uint32_t code : {KEY_RESERVED, KEY_SYSRQ, KEY_SCROLLLOCK, KEY_PAUSE, KEY_F21,
+                                     KEY_F24, KEY_PLAYPAUSE, KEY_NEXTSONG}) {
+        EXPECT_EQ(virtualKeyCodeOf(code), std::nullopt) << code;
+    }
+}
+
+} // namespace
+} // namespace panewright
