@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 constexpr auto kLongestHang = 500ms;
 /// What allocators and caches may take in a test: far less than losing a window, display or manager
 /// each time would add up to.
-constexpr long kMemoryMargin = 512; // kB
+constexpr long kMemoryMargin = 256; // kB
 
 struct Press {
     std::uint16_t key;
@@ -43,7 +43,7 @@ long statusNumber(const std::filesystem::path& file, const std::string& name) {
 }
 
 long residentMemory(pid_t pid) {
-    return statusNumber("/proc/" + std::to_string(pid) + "/status", "VmRSS");
+    return statusNumber("/proc/" + std::to_string(pid) + "/status", "RssAnon");
 }
 
 long contextSwitches(pid_t pid) {
