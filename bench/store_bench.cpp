@@ -115,15 +115,20 @@ void measure(int count) {
                save / plainSave);
 }
 
-/// The longest that a call of save() took while the writer was at work, and the median.
+/// The longest that a call of save() took while the writer was at work, and the median, of a store
+/// that was loaded as the program does.
 void measureHold(int count) {
     std::string name = "/tmp/store-bench-XXXXXX";
     const std::filesystem::path folder(::mkdtemp(name.data()));
     {
         const MemoryStandardFolders folders(folder);
         MemoryUserDefaults defaults;
+        {
+            Model before(folders, defaults);
+            before.setWindowStates(makeStates(count));
+            before.save();
+        }
         Model model(folders, defaults);
-        model.setWindowStates(makeStates(count));
         double longest = 0;
         const double median = medianOf(21, [&] {
             const auto start = std::chrono::steady_clock::now();
