@@ -34,7 +34,7 @@ private:
     struct Grab {
         xcb_keycode_t key = 0;
         std::uint32_t state = 0;
-        auto operator<=>(const Grab&) const = default;
+        auto operator<=>(const Grab&) const = default; // NOLINT(modernize-use-nullptr): no pointers
     };
     struct HotKey {
         std::uint32_t virtualKeyCode;
