@@ -72,6 +72,7 @@ std::shared_ptr<WindowState> WindowState::initWithCoder(const KeyedDecoder& deco
         state->keyEvent_ =
             std::dynamic_pointer_cast<CarbonKeyEvent>(decoder.decodeObject(kKeyEventKey));
     }
+    state->copyForArchiving(); // here, where time matters less than in a save
     return state;
 }
 
