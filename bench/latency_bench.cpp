@@ -27,9 +27,9 @@ constexpr int kPresses = 100;
 constexpr std::chrono::milliseconds kPause{60}; // everybody is idle again before the next press
 
 constexpr Frame kElsewhere{.x = 200, .y = 150, .width = 600, .height = 400};
-constexpr Frame kTarget{.x = 80, .y = 45, .width = 1440, .height = 810};
 
-/// xdotool sizes the client, which Clearlooks gives a frame of 1, 1, 20 and 5 pixels.
+/// The client in that frame: Clearlooks adds 1, 1, 20 and 5 pixels. xdotool sizes the client.
+constexpr Frame kTargetClient{.x = 81, .y = 65, .width = 1438, .height = 785};
 constexpr std::string_view kSxhkdConfiguration =
     "alt + F6\n"
     "    xdotool getactivewindow windowmove 80 45 windowsize 1438 785\n";
@@ -89,9 +89,23 @@ private:
         watcher_.synchronize();
     }
 
+    /// One round trip, so that watching takes as little of the server's time as can be.
+    Frame clientRect() const {
+        xcb_connection_t* connection = watcher_.connection();
+        const auto size = xcb_get_geometry(connection, window_.window());
+        const auto origin =
+            xcb_translate_coordinates(connection, window_.window(), watcher_.root(), 0, 0);
+        const ReplyPointer<xcb_get_geometry_reply_t> geometry(
+            xcb_get_geometry_reply(connection, size, nullptr));
+        const ReplyPointer<xcb_translate_coordinates_reply_t> at(
+            xcb_translate_coordinates_reply(connection, origin, nullptr));
+        return geometry && at ? Frame{at->dst_x, at->dst_y, geometry->width, geometry->height}
+                              : Frame{};
+    }
+
     /// Looks at the window whenever something is told of it, so that waiting costs no processor.
     void waitForTarget(Clock::time_point deadline) const {
-        while (outerFrame(watcher_, window_.window()) != kTarget) {
+        while (clientRect() != kTargetClient) {
             const auto left =
                 std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
             if (left.count() <= 0) {

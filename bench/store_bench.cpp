@@ -131,12 +131,12 @@ void measureHold(int count) {
     {
         const MemoryStandardFolders folders(folder);
         MemoryUserDefaults defaults;
+        {
+            Model before(folders, defaults);
+            before.setWindowStates(makeStates(count));
+            before.save();
+        }
         Model model(folders, defaults);
-        model.setWindowStates(makeStates(count));
-        model.save();
-        model.finishSaving();
-        model.setWindowStates(
-            unarchivedWindowStates(readFile(folder / "Panewright/keyEvents.data").value()));
         double longest = 0;
         const double median = medianOf(21, [&] {
             const auto& states = *model.windowStates();

@@ -13,7 +13,9 @@ namespace panewright {
 /// The X11 adapter on a desktop of the test's own.
 class X11Rig {
 public:
-    explicit X11Rig(const test::XServer::Options& options = {}) : desktop(options) {
+    explicit X11Rig(const test::XServer::Options& options = {},
+                    std::string_view windowManager = "openbox")
+        : desktop(options, windowManager) {
         setenv("DISPLAY", desktop.display().c_str(), 1);
         ports = X11Desktop::open(loop, "com.quillfen.Panewright");
     }

@@ -63,7 +63,8 @@ bool tellsFrameExtents(const XClient& x) {
 }
 
 Frame outerFrame(const XClient& x, xcb_window_t window) {
-    const bool isTold = !isManaged(x) || tellsFrameExtents(x);
+    // A manager that is gone has left its extents behind.
+    const bool isTold = isManaged(x) && tellsFrameExtents(x);
     const Frame frame = borderedFrame(x, isTold ? window : outermostAncestor(x, window));
     if (frame == Frame{}) {
         return frame;

@@ -76,6 +76,11 @@ void TestClient::setHints(const Options& options) const {
     }
 }
 
+void TestClient::takeFocus() const {
+    xcb_set_input_focus(x_.connection(), XCB_INPUT_FOCUS_POINTER_ROOT, window_, XCB_CURRENT_TIME);
+    x_.synchronize();
+}
+
 bool TestClient::isActive() const {
     const auto active = x_.property(x_.root(), "_NET_ACTIVE_WINDOW");
     return !active.empty() && active.front() == window_; // xfwm4 adds a second number

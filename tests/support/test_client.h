@@ -37,6 +37,9 @@ public:
     void activate() const;
     bool isActive() const;
 
+    /// Takes the input focus, without asking a window manager.
+    void takeFocus() const;
+
     /// How many key presses have come to the window, or through a key that this client grabbed.
     int keyPresses();
 

@@ -1,5 +1,6 @@
 #include "desktop/linux/active_windows.h"
 
+#include "desktop/linux/window_geometry.h"
 #include "desktop/linux/window_hints.h"
 #include "desktop/linux/x_properties.h"
 
@@ -12,8 +13,10 @@ ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager,
                              std::string ownBundleIdentifier)
     : connection_(connection), manager_(manager),
       identity_(connection, std::move(ownBundleIdentifier)),
-      rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE)),
-      events_(connection.onEvent([this](const auto& event) { handle(event); })) {
+      rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE |
+                                                                    XCB_EVENT_MASK_FOCUS_CHANGE)),
+      events_(connection.onEvent([this](const auto& event) { handle(event); })),
+      managerChanges_(manager.onChange([this] { update(); })) {
     update();
 }
 
@@ -37,6 +40,10 @@ void ActiveWindows::handle(const xcb_generic_event_t& event) {
         const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
         if (change.window == connection_.root() &&
             change.atom == connection_.atoms()._NET_ACTIVE_WINDOW) {
+            update();
+        }
+    } else if (event.response_type == XCB_FOCUS_IN || event.response_type == XCB_FOCUS_OUT) {
+        if (!manager_.isRunning()) {
             update();
         }
     } else if (event.response_type == XCB_DESTROY_NOTIFY) {
@@ -63,10 +70,23 @@ void ActiveWindows::update() {
 }
 
 xcb_window_t ActiveWindows::readActiveWindow() {
-    const auto active =
-        XPropertyRequest(connection_, connection_.root(), connection_.atoms()._NET_ACTIVE_WINDOW)
-            .number();
-    return manager_.isRunning() ? active.value_or(kNoWindow) : kNoWindow;
+    if (!manager_.isRunning()) {
+        return readFocusedTopLevel(); // what a manager that is gone has left behind says nothing
+    }
+    return XPropertyRequest(connection_, connection_.root(), connection_.atoms()._NET_ACTIVE_WINDOW)
+        .number()
+        .value_or(kNoWindow);
+}
+
+xcb_window_t ActiveWindows::readFocusedTopLevel() {
+    const auto focus =
+        connection_.reply(xcb_get_input_focus_reply, xcb_get_input_focus(connection_));
+    if (!focus || focus->focus == connection_.root() ||
+        focus->focus == static_cast<xcb_window_t>(XCB_INPUT_FOCUS_NONE) ||
+        focus->focus == static_cast<xcb_window_t>(XCB_INPUT_FOCUS_POINTER_ROOT)) {
+        return kNoWindow;
+    }
+    return outermostAncestor(connection_, focus->focus).value_or(kNoWindow);
 }
 
 bool ActiveWindows::isDesktopOrDock(xcb_window_t window) {
@@ -89,7 +109,8 @@ void ActiveWindows::moveToFront(xcb_window_t window, ProcessId pid) {
     if (known == windows_.end()) {
         windows_.insert(windows_.begin(),
                         Window{window, pid, !isDesktopOrDock(window),
-                               connection_.selectEvents(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY)});
+                               connection_.selectEvents(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY |
+                                                                    XCB_EVENT_MASK_FOCUS_CHANGE)});
     } else {
         std::rotate(windows_.begin(), known, known + 1);
     }

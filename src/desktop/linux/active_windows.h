@@ -14,6 +14,8 @@ namespace panewright {
 
 /// Which windows were active, the last one first, and whose they are.
 ///
+/// Without a window manager the top-level window that holds the input focus counts as active.
+///
 /// No window being active leaves everything as it was. The desktop and docks are windows of their
 /// program, but never its focused window.
 class ActiveWindows {
@@ -57,6 +59,7 @@ private:
 
     void handle(const xcb_generic_event_t& event);
     xcb_window_t readActiveWindow();
+    xcb_window_t readFocusedTopLevel();
     bool isDesktopOrDock(xcb_window_t window);
     bool isShown(xcb_window_t window);
     void moveToFront(xcb_window_t window, ProcessId pid);
@@ -73,6 +76,7 @@ private:
     ObserverList<ProcessId> windowChanged_;
     Registration rootSelection_;
     Registration events_;
+    Registration managerChanges_;
 };
 
 } // namespace panewright

@@ -1,5 +1,6 @@
 #include "desktop/linux/client_identity.h"
 
+#include "base/unicode.h"
 #include "desktop/linux/x_properties.h"
 
 #include <sys/utsname.h>
@@ -19,10 +20,17 @@ std::string hostName() {
     return uname(&names) == 0 ? names.nodename : "";
 }
 
-/// The second of the two texts in WM_CLASS (ICCCM 4.1.2.5); empty if it is missing.
-std::string classPart(const std::string& wmClass) {
+/// The two texts in WM_CLASS (ICCCM 4.1.2.5); empty where they are missing.
+struct WindowClass {
+    std::string instance;
+    std::string name;
+};
+
+WindowClass windowClassFrom(const std::string& wmClass) {
     const auto end = wmClass.find('\0');
-    return end == std::string::npos ? "" : std::string(wmClass.c_str() + end + 1);
+    return end == std::string::npos
+               ? WindowClass{}
+               : WindowClass{wmClass.substr(0, end), wellFormedUtf8(wmClass.c_str() + end + 1)};
 }
 
 } // namespace
@@ -40,16 +48,37 @@ ClientIdentity::ClientIdentity(XConnection& connection, std::string ownBundleIde
 
 RunningApplication ClientIdentity::applicationOf(xcb_window_t window) {
     XPropertyRequest wmClass(connection_, window, XCB_ATOM_WM_CLASS);
+    XPropertyRequest gtkId(connection_, window, connection_.atoms()._GTK_APPLICATION_ID);
+    XPropertyRequest kdeFile(connection_, window, connection_.atoms()._KDE_NET_WM_DESKTOP_FILE);
     RunningApplication application;
     application.processIdentifier = pidOf(window);
     if (application.processIdentifier == getpid()) {
         application.bundleIdentifier = ownBundleIdentifier_;
         application.localizedName = ownBundleIdentifier_;
-    } else if (const auto name = classPart(wmClass.text().value_or("")); !name.empty()) {
+    } else {
+        identify(application, wmClass.text().value_or(""), gtkId.text().value_or(""),
+                 kdeFile.text().value_or(""));
+    }
+    return application;
+}
+
+void ClientIdentity::identify(RunningApplication& application, const std::string& wmClass,
+                              const std::string& gtkId, const std::string& kdeFile) {
+    const auto [instance, name] = windowClassFrom(wmClass);
+    const auto* entry = gtkId.empty() ? nullptr : entries_.withId(gtkId);
+    if (!entry && !kdeFile.empty()) {
+        entry = entries_.withId(kdeFile);
+    }
+    if (!entry) {
+        entry = entries_.ofWindowClass(instance, name);
+    }
+    if (entry) {
+        application.bundleIdentifier = entry->id;
+        application.localizedName = entry->name.empty() ? entry->id : entry->name;
+    } else if (!name.empty()) {
         application.bundleIdentifier = name;
         application.localizedName = name;
     }
-    return application;
 }
 
 ProcessId ClientIdentity::pidOf(xcb_window_t window) {

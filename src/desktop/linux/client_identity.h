@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/linux/desktop_entries.h"
 #include "desktop/linux/x_connection.h"
 #include "platform/workspace.h"
 
@@ -14,10 +15,13 @@ public:
     /// Windows of this process belong to the application `ownBundleIdentifier`.
     ClientIdentity(XConnection& connection, std::string ownBundleIdentifier);
 
-    /// A window that is gone belongs to an application without names.
+    /// The application is known by its desktop entry; without one, by its window class. A window
+    /// that is gone belongs to an application without names.
     RunningApplication applicationOf(xcb_window_t window);
 
 private:
+    void identify(RunningApplication& application, const std::string& wmClass,
+                  const std::string& gtkId, const std::string& kdeFile);
     ProcessId pidOf(xcb_window_t window);
     std::optional<ProcessId> pidFromServer(xcb_window_t window);
     std::optional<ProcessId> pidFromProperty(xcb_window_t window);
@@ -25,6 +29,7 @@ private:
 
     XConnection& connection_;
     std::string ownBundleIdentifier_;
+    DesktopEntries entries_ = DesktopEntries::ofSession();
     bool hasXRes_ = false;
     /// By the client's range of resources.
     std::map<std::uint32_t, ProcessId> privatePids_;
