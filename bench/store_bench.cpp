@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
+#include <ctime>
 #include <functional>
 #include <vector>
 
@@ -115,8 +116,15 @@ void measure(int count) {
                save / plainSave);
 }
 
-/// The longest that a call of save() took while the writer was at work, and the median, of a store
-/// that was loaded as the program does.
+/// What this thread has worked: the processor that other programs take meanwhile does not count.
+double threadMilliseconds() {
+    timespec time{};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
+/// The longest that a call of save() held its thread while the writer was at work, and the median.
+/// As in the program, the store is loaded and one state changes before each save.
 void measureHold(int count) {
     std::string name = "/tmp/store-bench-XXXXXX";
     const std::filesystem::path folder(::mkdtemp(name.data()));
@@ -131,11 +139,11 @@ void measureHold(int count) {
         Model model(folders, defaults);
         double longest = 0;
         const double median = medianOf(21, [&] {
-            const auto start = std::chrono::steady_clock::now();
+            const auto& states = *model.windowStates();
+            states.rbegin()->second->front()->setPrefersDisplay(true);
+            const double start = threadMilliseconds();
             model.save();
-            const std::chrono::duration<double, std::milli> time =
-                std::chrono::steady_clock::now() - start;
-            longest = std::max(longest, time.count());
+            longest = std::max(longest, threadMilliseconds() - start);
         });
         fmt::print(" {:>8.2f} {:>8.2f}", median, longest);
     }
