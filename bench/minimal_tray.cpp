@@ -1,4 +1,5 @@
-// What a program with a tray icon and a bus name costs at the least: the yardstick of startup_bench.
+// What a program with a tray icon and a bus name costs at the least: the yardstick of
+// startup_bench.
 
 #include <QApplication>
 #include <QDBusConnection>
