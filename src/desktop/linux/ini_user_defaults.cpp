@@ -33,7 +33,11 @@ std::optional<DefaultsValue> IniUserDefaults::objectForKey(std::string_view key)
 
 void IniUserDefaults::setObject(std::string_view key, const DefaultsValue& value) {
     readIfChanged();
-    document_.setValue(kSection, iniKeyOf(key), iniTextOf(value));
+    const auto text = iniTextOf(value);
+    if (!isDirty_ && document_.value(kSection, iniKeyOf(key)) == text) {
+        return; // every start sets a key, which is no reason to wait for the disk
+    }
+    document_.setValue(kSection, iniKeyOf(key), text);
     write();
 }
 

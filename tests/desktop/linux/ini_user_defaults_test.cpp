@@ -29,6 +29,11 @@ TEST_F(IniUserDefaultsTest, WritesEachChangeAtOnce) {
     store_.setObject("MoveToNextWindowKeyEventKeyCode", std::int64_t{124});
     store_.removeObjectForKey("AllowMoveWindow");
     EXPECT_EQ(contentOf(file_), "[General]\nMoveToNextWindowKeyEventKeyCode=124\n");
+
+    const fs::file_time_type longAgo{};
+    fs::last_write_time(file_, longAgo);
+    store_.setObject("MoveToNextWindowKeyEventKeyCode", std::int64_t{124});
+    EXPECT_EQ(fs::last_write_time(file_), longAgo) << "that stands there already";
 }
 
 TEST_F(IniUserDefaultsTest, ChangesNothingButTheOneLine) {
