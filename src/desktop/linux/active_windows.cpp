@@ -11,7 +11,7 @@ namespace panewright {
 
 ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager, MainLoop& mainLoop,
                              std::string ownBundleIdentifier)
-    : connection_(connection), manager_(manager), mainLoop_(mainLoop),
+    : connection_(connection), manager_(manager), mainLoop_(mainLoop), activeOfTurn_(mainLoop),
       identity_(connection, std::move(ownBundleIdentifier)),
       rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE |
                                                                     XCB_EVENT_MASK_FOCUS_CHANGE)),
@@ -36,6 +36,7 @@ std::optional<xcb_window_t> ActiveWindows::focusedWindowOf(ProcessId pid) {
 }
 
 void ActiveWindows::handle(const xcb_generic_event_t& event) {
+    activeOfTurn_.forget();
     if (event.response_type == XCB_PROPERTY_NOTIFY) {
         const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
         if (change.window == connection_.root() &&

@@ -3,6 +3,7 @@
 #include "base/lifetime.h"
 #include "base/observer_list.h"
 #include "desktop/linux/client_identity.h"
+#include "desktop/linux/turn_cache.h"
 #include "desktop/linux/window_manager.h"
 #include "desktop/linux/x_connection.h"
 #include "platform/workspace.h"
@@ -27,7 +28,8 @@ public:
     /// The application of the last active window; nil before there was one. Asks the server: a key
     /// press may be handled before the event that tells of another active window.
     const std::optional<RunningApplication>& frontmost() {
-        if (const auto active = readActiveWindow();
+        if (const auto active =
+                activeOfTurn_.valueOf(connection_.root(), [this] { return readActiveWindow(); });
             windows_.empty() || active != windows_.front().window) {
             update(active);
         }
@@ -74,6 +76,7 @@ private:
     XConnection& connection_;
     WindowManager& manager_;
     MainLoop& mainLoop_;
+    TurnCache<xcb_window_t> activeOfTurn_;
     ClientIdentity identity_;
     std::vector<Window> windows_;
     std::optional<RunningApplication> frontmost_;
