@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
+#include <ctime>
 #include <functional>
 #include <vector>
 
@@ -115,22 +116,34 @@ void measure(int count) {
                save / plainSave);
 }
 
-/// The longest that a call of save() took while the writer was at work, and the median.
+/// What this thread has worked: the processor that other programs take meanwhile does not count.
+double threadMilliseconds() {
+    timespec time{};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
+/// The longest that a call of save() held its thread while the writer was at work, and the median.
+/// As in the program, the store is loaded and one state changes before each save.
 void measureHold(int count) {
     std::string name = "/tmp/store-bench-XXXXXX";
     const std::filesystem::path folder(::mkdtemp(name.data()));
     {
         const MemoryStandardFolders folders(folder);
         MemoryUserDefaults defaults;
+        {
+            Model before(folders, defaults);
+            before.setWindowStates(makeStates(count));
+            before.save();
+        }
         Model model(folders, defaults);
-        model.setWindowStates(makeStates(count));
         double longest = 0;
         const double median = medianOf(21, [&] {
-            const auto start = std::chrono::steady_clock::now();
+            const auto& states = *model.windowStates();
+            states.rbegin()->second->front()->setPrefersDisplay(true);
+            const double start = threadMilliseconds();
             model.save();
-            const std::chrono::duration<double, std::milli> time =
-                std::chrono::steady_clock::now() - start;
-            longest = std::max(longest, time.count());
+            longest = std::max(longest, threadMilliseconds() - start);
         });
         fmt::print(" {:>8.2f} {:>8.2f}", median, longest);
     }

@@ -103,8 +103,8 @@ void AccessibilityElement::addObserver(const std::shared_ptr<AccessibilityObserv
 }
 
 void AccessibilityElement::removeObserver(const std::shared_ptr<AccessibilityObserver>& observer) {
-    // The argument may be the list's own entry.
-    const auto kept = observer;
+    // The argument may be the list's own entry, and its last owner.
+    const auto kept = observer; // NOLINT(performance-unnecessary-copy-initialization)
     kept->uninstallObserver();
     std::erase(observers_, kept);
 }

@@ -19,10 +19,6 @@ ArchiveValue::ArchiveValue(ObjectPtr value) {
     }
 }
 
-bool ArchiveValue::isNil() const {
-    return std::holds_alternative<std::monostate>(content_);
-}
-
 const std::string* ArchiveValue::string() const {
     return std::get_if<std::string>(&content_);
 }
@@ -42,16 +38,6 @@ const ArchiveDictionary* ArchiveValue::dictionary() const {
 ArchiveValue::ObjectPtr ArchiveValue::object() const {
     const auto* object = std::get_if<ObjectPtr>(&content_);
     return object ? *object : nullptr;
-}
-
-std::optional<std::uint64_t> ArchiveValue::unsignedNumber() const {
-    if (const auto* number = std::get_if<std::uint64_t>(&content_)) {
-        return *number;
-    }
-    if (const auto* number = std::get_if<std::int64_t>(&content_)) {
-        return static_cast<std::uint64_t>(*number);
-    }
-    return std::nullopt;
 }
 
 bool operator==(const ArchiveValue& a, const ArchiveValue& b) {

@@ -5,7 +5,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <utility>
 #include <variant>
@@ -42,18 +41,12 @@ public:
     /// A null object is nil.
     ArchiveValue(ObjectPtr value);
 
-    bool isNil() const;
-
     /// Null when the value is of another kind.
     const std::string* string() const;
     const Size* size() const;
     const ArchiveArray* array() const;
     const ArchiveDictionary* dictionary() const;
     ObjectPtr object() const;
-
-    /// A whole number as unsigned, a negative one as its two's complement. The file does not tell
-    /// signed numbers from unsigned ones. Nothing when the value is of another kind.
-    std::optional<std::uint64_t> unsignedNumber() const;
 
     const Content& content() const { return content_; }
 

@@ -72,6 +72,8 @@ std::shared_ptr<WindowState> WindowState::initWithCoder(const KeyedDecoder& deco
         state->keyEvent_ =
             std::dynamic_pointer_cast<CarbonKeyEvent>(decoder.decodeObject(kKeyEventKey));
     }
+    // Loading takes its time anyway; the save of everything after it must hold nobody up.
+    state->copyForArchiving();
     return state;
 }
 

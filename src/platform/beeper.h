@@ -2,7 +2,7 @@
 
 namespace panewright {
 
-/// The system's alert sound.
+/// The system's alert sound. Main thread only.
 class Beeper {
 public:
     virtual ~Beeper() = default;

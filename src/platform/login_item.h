@@ -17,7 +17,8 @@ struct LaunchAgent {
     std::optional<std::vector<std::string>> programArguments;
 };
 
-/// How the desktop wants to be told of such programs: by a file in a folder of the user.
+/// How the desktop wants to be told of such programs: by a file in a folder of the user. It only
+/// says what stands where, and touches no file. Callable from any thread.
 class LoginItemFormat {
 public:
     virtual ~LoginItemFormat() = default;
@@ -28,6 +29,7 @@ public:
     /// The name that the desktop wants for the agent file `name`.
     virtual std::string fileName(std::string_view name) const = 0;
 
+    /// The content of the agent's file. A form without labels leaves the label out.
     virtual std::string encode(const LaunchAgent& agent) const = 0;
 
     /// The program that the content starts; nil when it is damaged or names none.

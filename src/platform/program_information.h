@@ -4,7 +4,8 @@
 
 namespace panewright {
 
-/// Who we are: the facts of the program's main bundle.
+/// Who we are: the facts of the program's main bundle, which stay the same while it runs. Callable
+/// from any thread.
 class ProgramInformation {
 public:
     virtual ~ProgramInformation() = default;

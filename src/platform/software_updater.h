@@ -4,12 +4,14 @@
 
 namespace panewright {
 
-/// Looks for newer versions of the program. Where packages do that, an adapter does nothing.
+/// Looks for newer versions of the program. Where packages do that, an adapter does nothing. Main
+/// thread only.
 class SoftwareUpdater {
 public:
     virtual ~SoftwareUpdater() = default;
 
-    /// Called before the updater shows a window of its own.
+    /// Called on the main loop before the updater shows a window of its own; replaces the handler
+    /// set before, and an empty one ends it.
     virtual void setWillShowHandler(std::function<void()> handler) = 0;
 
     /// Looks now and shows what it finds.

@@ -4,7 +4,7 @@
 
 namespace panewright {
 
-/// The system's named sounds.
+/// The system's named sounds. Main thread only.
 class Sounds {
 public:
     virtual ~Sounds() = default;

@@ -6,7 +6,7 @@
 namespace panewright {
 
 /// What only a Unicode library knows about text. Text is UTF-8; bytes that are not come back as
-/// U+FFFD.
+/// U+FFFD. Callable from any thread.
 class TextServices {
 public:
     virtual ~TextServices() = default;

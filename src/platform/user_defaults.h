@@ -20,6 +20,7 @@ public:
 
     /// Nil when the user has set nothing under the key.
     virtual std::optional<DefaultsValue> objectForKey(std::string_view key) const = 0;
+    /// Holds at once, also when it cannot be written (which is logged).
     virtual void setObject(std::string_view key, const DefaultsValue& value) = 0;
 
     /// Harmless when there is none.

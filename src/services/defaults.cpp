@@ -1,12 +1,8 @@
 #include "services/defaults.h"
 
-#include <fmt/format.h>
-
 #include <charconv>
 #include <cmath>
 #include <limits>
-#include <locale>
-#include <sstream>
 
 namespace panewright {
 namespace {
@@ -53,14 +49,6 @@ std::int64_t integerOf(double value) {
     return value < -0x1p63 ? Limits::min() : static_cast<std::int64_t>(value);
 }
 
-double doubleOf(std::string_view text) {
-    std::istringstream input{std::string(text)};
-    input.imbue(std::locale::classic());
-    double value = 0;
-    input >> value;
-    return value;
-}
-
 /// One function for each kind that a value may have.
 template <class... Functions>
 struct Overloaded : Functions... {
@@ -104,39 +92,6 @@ std::int64_t Defaults::integerForKey(std::string_view key) const {
                                          [](const Bytes&) { return std::int64_t{0}; }},
                               *value)
                  : 0;
-}
-
-double Defaults::doubleForKey(std::string_view key) const {
-    const auto value = objectForKey(key);
-    return value ? std::visit(
-                       Overloaded{[](bool flag) { return flag ? 1.0 : 0.0; },
-                                  [](std::int64_t number) { return static_cast<double>(number); },
-                                  [](double number) { return number; },
-                                  [](const std::string& text) { return doubleOf(text); },
-                                  [](const Bytes&) { return 0.0; }},
-                       *value)
-                 : 0;
-}
-
-std::optional<std::string> Defaults::stringForKey(std::string_view key) const {
-    const auto value = objectForKey(key);
-    if (!value) {
-        return std::nullopt;
-    }
-    using Text = std::optional<std::string>;
-    return std::visit(
-        Overloaded{[](bool flag) { return Text(flag ? "1" : "0"); },
-                   [](std::int64_t number) { return Text(fmt::format("{}", number)); },
-                   [](double number) { return Text(fmt::format("{}", number)); },
-                   [](const std::string& text) { return Text(text); },
-                   [](const Bytes&) { return Text(); }},
-        *value);
-}
-
-std::optional<Bytes> Defaults::dataForKey(std::string_view key) const {
-    const auto value = objectForKey(key);
-    const auto* data = value ? std::get_if<Bytes>(&*value) : nullptr;
-    return data ? std::optional(*data) : std::nullopt;
 }
 
 } // namespace panewright

@@ -21,12 +21,9 @@ public:
     /// What the user set, else what is registered, else nil.
     std::optional<DefaultsValue> objectForKey(std::string_view key) const;
 
-    /// Zero, false or nil where there is no value, or none that can be read as the kind.
+    /// False or zero where there is no value, or none that can be read as the kind.
     bool boolForKey(std::string_view key) const;
     std::int64_t integerForKey(std::string_view key) const;
-    double doubleForKey(std::string_view key) const;
-    std::optional<std::string> stringForKey(std::string_view key) const;
-    std::optional<Bytes> dataForKey(std::string_view key) const;
 
     void setBool(std::string_view key, bool value) { store_.setObject(key, value); }
     void setInteger(std::string_view key, std::int64_t value) { store_.setObject(key, value); }

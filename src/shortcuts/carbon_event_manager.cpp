@@ -93,7 +93,7 @@ CarbonEventManager::KeyEventPtr CarbonEventManager::keyEventFromHotKeyId(std::ui
 void CarbonEventManager::addCarbonKeyEvent(const KeyEventPtr& event) {
     const auto key = keyForKeyCode(event->keyCode(), event->modifierFlags());
     if (const auto stored = keyEvents_.find(key); stored != keyEvents_.end()) {
-        removeEntry(key, stored->second);
+        removeCarbonKeyEvent(stored->second); // under its own shortcut, which may be another one
     }
     auto& registration = event->registration_;
     registration.hotKeyId.id = hotKeyIds().take();

@@ -16,7 +16,7 @@ constexpr std::string_view kTagKey = "tag";
 
 std::shared_ptr<CarbonKeyEvent> CarbonKeyEvent::carbonEventWithKeyCode(std::uint64_t keyCode,
                                                                        std::uint64_t modifiers) {
-    const std::shared_ptr<CarbonKeyEvent> event(new CarbonKeyEvent);
+    std::shared_ptr<CarbonKeyEvent> event(new CarbonKeyEvent);
     event->keyCode_ = keyCode;
     event->modifierFlags_ = modifiers;
     return event;

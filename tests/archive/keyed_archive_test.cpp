@@ -188,7 +188,7 @@ TEST(KeyedUnarchiver, ReadsTheOtherShapesThatWritersUse) {
     ASSERT_EQ(items.size(), 4U);
     EXPECT_EQ(items[0], ArchiveValue("mutable"));
     EXPECT_EQ(items[1], ArchiveValue("inline"));
-    EXPECT_EQ(items[2].unsignedNumber(), 7U);
+    EXPECT_EQ(items[2], ArchiveValue(std::uint64_t{7}));
     const auto card = std::dynamic_pointer_cast<Card>(items[3].object());
     ASSERT_TRUE(card);
     EXPECT_EQ(card->title, "mutable");

@@ -150,8 +150,10 @@ TEST_F(CarbonEventManagerTest, SharesOneEntryBetweenAnIdAndAShortcutOfEqualValue
     manager().addCarbonKeyEvent(first);
     const auto second = event(idOf(first), 0);
     manager().addCarbonKeyEvent(second);
-    // The second is taken for a registered event of that shortcut, and takes its entry.
+    // The first is taken for a registered event of that shortcut, and goes.
     EXPECT_EQ(manager().keyEventFromHotKeyId(idOf(first)), second);
+    EXPECT_FALSE(manager().hasCarbonKeyEvent(*first));
+    EXPECT_EQ(hotKeys_.registeredCount(), 1U);
 }
 
 TEST_F(CarbonEventManagerTest, RemovesEverything) {

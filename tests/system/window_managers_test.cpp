@@ -184,8 +184,10 @@ TEST_P(WindowManagers, PlaceTheWindowsOfToolkits) {
     for (const auto& [command, step] : cases) {
         SCOPED_TRACE(command.front());
         const ChildProcess program(command, environment);
-        ASSERT_TRUE(eventually(
-            [&] { return activeWindow() != XCB_NONE && activeWindow() != first_.window(); }));
+        ASSERT_TRUE(eventually([&] {
+            return activeWindow() != first_.window() &&
+                   outerFrame(desktop_.x(), activeWindow()).width > 0;
+        }));
         expectFramesInSteps(activeWindow(), step);
         first_.activate();
     }

@@ -9,15 +9,15 @@
 
 namespace panewright {
 
-ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager, MainLoop& mainLoop,
+ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager,
                              std::string ownBundleIdentifier)
-    : connection_(connection), manager_(manager), mainLoop_(mainLoop), activeOfTurn_(mainLoop),
+    : connection_(connection), manager_(manager),
       identity_(connection, std::move(ownBundleIdentifier)),
       rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE |
                                                                     XCB_EVENT_MASK_FOCUS_CHANGE)),
       events_(connection.onEvent([this](const auto& event) { handle(event); })),
-      managerChanges_(manager.onChange([this] { update(readActiveWindow()); })) {
-    update(readActiveWindow());
+      managerChanges_(manager.onChange([this] { update(); })) {
+    update();
 }
 
 std::optional<xcb_window_t> ActiveWindows::focusedWindowOf(ProcessId pid) {
@@ -36,40 +36,37 @@ std::optional<xcb_window_t> ActiveWindows::focusedWindowOf(ProcessId pid) {
 }
 
 void ActiveWindows::handle(const xcb_generic_event_t& event) {
-    activeOfTurn_.forget();
     if (event.response_type == XCB_PROPERTY_NOTIFY) {
         const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
         if (change.window == connection_.root() &&
             change.atom == connection_.atoms()._NET_ACTIVE_WINDOW) {
-            update(readActiveWindow());
+            update();
         }
     } else if (event.response_type == XCB_FOCUS_IN || event.response_type == XCB_FOCUS_OUT) {
         if (!manager_.isRunning()) {
-            update(readActiveWindow());
+            update();
         }
     } else if (event.response_type == XCB_DESTROY_NOTIFY) {
         const auto gone = reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window;
         std::erase_if(windows_, [gone](const Window& window) { return window.window == gone; });
+        active_ = active_ == gone ? kNoWindow : active_;
     }
 }
 
-void ActiveWindows::update(xcb_window_t active) {
-    if (active == kNoWindow) {
+void ActiveWindows::update() {
+    const auto active = readActiveWindow();
+    if (active == kNoWindow || active == active_) {
         return;
     }
-    const auto before = windows_.empty() ? kNoWindow : windows_.front().window;
+    active_ = active;
     auto application = identity_.applicationOf(active);
     moveToFront(active, application.processIdentifier);
     if (frontmost_ != application) {
         frontmost_ = std::move(application);
-        notifySoon([this] { activated_.notify(); });
-    } else if (active != before) {
-        notifySoon([this, pid = frontmost_->processIdentifier] { windowChanged_.notify(pid); });
+        activated_.notify();
+    } else {
+        windowChanged_.notify(frontmost_->processIdentifier);
     }
-}
-
-void ActiveWindows::notifySoon(std::function<void()> notify) {
-    mainLoop_.post(lifetime_.guard(std::move(notify))); // whoever asks is not called back meanwhile
 }
 
 xcb_window_t ActiveWindows::readActiveWindow() {

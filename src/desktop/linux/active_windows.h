@@ -1,9 +1,7 @@
 #pragma once
 
-#include "base/lifetime.h"
 #include "base/observer_list.h"
 #include "desktop/linux/client_identity.h"
-#include "desktop/linux/turn_cache.h"
 #include "desktop/linux/window_manager.h"
 #include "desktop/linux/x_connection.h"
 #include "platform/workspace.h"
@@ -22,19 +20,14 @@ namespace panewright {
 /// program, but never its focused window.
 class ActiveWindows {
 public:
-    ActiveWindows(XConnection& connection, WindowManager& manager, MainLoop& mainLoop,
-                  std::string ownBundleIdentifier);
+    ActiveWindows(XConnection& connection, WindowManager& manager, std::string ownBundleIdentifier);
 
-    /// The application of the last active window; nil before there was one. Asks the server: a key
-    /// press may be handled before the event that tells of another active window.
-    const std::optional<RunningApplication>& frontmost() {
-        if (const auto active =
-                activeOfTurn_.valueOf(connection_.root(), [this] { return readActiveWindow(); });
-            windows_.empty() || active != windows_.front().window) {
-            update(active);
-        }
-        return frontmost_;
-    }
+    /// The application of the last active window; nil before there was one.
+    const std::optional<RunningApplication>& frontmost() const { return frontmost_; }
+
+    /// Asks the server which window is active and tells of a change at once. Otherwise that is done
+    /// when the event of a change comes, which may be after a key press that it was made for.
+    void update();
 
     /// The application's last active window that is still shown; nil if there is none, or the
     /// desktop or a dock of it is active.
@@ -65,27 +58,25 @@ private:
     };
 
     void handle(const xcb_generic_event_t& event);
-    void update(xcb_window_t active);
     xcb_window_t readActiveWindow();
     xcb_window_t readFocusedTopLevel();
     bool isDesktopOrDock(xcb_window_t window);
     bool isShown(xcb_window_t window);
-    void notifySoon(std::function<void()> notify);
     void moveToFront(xcb_window_t window, ProcessId pid);
 
     XConnection& connection_;
     WindowManager& manager_;
-    MainLoop& mainLoop_;
-    TurnCache<xcb_window_t> activeOfTurn_;
     ClientIdentity identity_;
+    /// The last active one first.
     std::vector<Window> windows_;
+    /// The last active one, unless it is gone.
+    xcb_window_t active_ = kNoWindow;
     std::optional<RunningApplication> frontmost_;
     ObserverList<> activated_;
     ObserverList<ProcessId> windowChanged_;
     Registration rootSelection_;
     Registration events_;
     Registration managerChanges_;
-    Lifetime lifetime_;
 };
 
 } // namespace panewright

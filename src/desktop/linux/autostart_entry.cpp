@@ -18,9 +18,9 @@ std::string quoted(const std::string& argument) {
     std::string text = "\"";
     for (const char character : argument) {
         if (character == '"' || character == '`' || character == '$') {
-            text += "\\\\";
+            text += R"(\\)";
         } else if (character == '\\') {
-            text += "\\\\\\";
+            text += R"(\\\)";
         } else if (character == '%') {
             text += '%';
         }

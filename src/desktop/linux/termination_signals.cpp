@@ -1,6 +1,6 @@
 #include "desktop/linux/termination_signals.h"
 
-#include <signal.h>
+#include <signal.h> // NOLINT(modernize-deprecated-headers): <csignal> need not declare pthread_sigmask
 #include <sys/signalfd.h>
 #include <unistd.h>
 

@@ -14,12 +14,16 @@ std::unique_ptr<X11Desktop> X11Desktop::open(MainLoop& mainLoop, std::string own
 X11Desktop::X11Desktop(std::unique_ptr<XConnection> connection, MainLoop& mainLoop,
                        std::string ownBundleIdentifier)
     : connection_(std::move(connection)), manager_(*connection_), keymap_(*connection_, mainLoop),
-      activeWindows_(*connection_, manager_, mainLoop, std::move(ownBundleIdentifier)),
+      activeWindows_(*connection_, manager_, std::move(ownBundleIdentifier)),
       displays(*connection_, mainLoop),
       accessibility(*connection_, manager_, activeWindows_, mainLoop),
       hotKeys(*connection_, keymap_, mainLoop,
-              // A press means the windows as the presses before it have left them.
-              [this] { accessibility.settle(); }),
+              // A press means the window that is active now, and windows as the presses before it
+              // have left them.
+              [this] {
+                  activeWindows_.update();
+                  accessibility.settle();
+              }),
       keyboardLayout(keymap_), workspace(*connection_, activeWindows_), beeper(*connection_) {}
 
 } // namespace panewright

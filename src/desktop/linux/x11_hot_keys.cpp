@@ -200,6 +200,7 @@ void X11HotKeys::pressed(const xcb_key_press_event_t& press) {
     if (!down_.insert(press.detail).second) {
         return; // auto-repeat
     }
+    beforePress_(); // it may change which hot keys there are
     // While a grab is active every key arrives, so which key it is must be looked at.
     const std::uint32_t modifiers = press.state & (XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL |
                                                    grabbedWith_.alt | grabbedWith_.super);
@@ -208,7 +209,6 @@ void X11HotKeys::pressed(const xcb_key_press_event_t& press) {
         const auto grabs = grabsOf(hotKey.virtualKeyCode, hotKey.modifiers);
         if (std::find(grabs.begin(), grabs.end(), arrived) != grabs.end()) {
             const HotKeyId id = hotKey.id;
-            beforePress_();
             handlers_.deliver({{kEventClassKeyboard, kEventHotKeyPressed}, kNoError, id});
             return;
         }

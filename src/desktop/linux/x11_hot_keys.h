@@ -15,7 +15,7 @@ namespace panewright {
 /// every state of the lock keys. Option is the keyboard's Alt, Command its Super.
 class X11HotKeys : public HotKeys {
 public:
-    /// `beforePress` is called before each press is delivered.
+    /// `beforePress` is called before each press is looked at.
     X11HotKeys(XConnection& connection, XkbKeymap& keymap, MainLoop& mainLoop,
                std::function<void()> beforePress);
     ~X11HotKeys() override;
@@ -34,7 +34,7 @@ private:
     struct Grab {
         xcb_keycode_t key = 0;
         std::uint32_t state = 0;
-        auto operator<=>(const Grab&) const = default;
+        auto operator<=>(const Grab&) const = default; // NOLINT(modernize-use-nullptr): no pointers
     };
     struct HotKey {
         std::uint32_t virtualKeyCode;

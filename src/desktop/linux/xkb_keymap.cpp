@@ -1,7 +1,7 @@
 #include "desktop/linux/xkb_keymap.h"
 
 // A member of a C structure in this header is named like a keyword of C++.
-#define explicit explicitMember // NOLINT
+#define explicit explicitMember
 #include <xcb/xkb.h>
 #undef explicit
 #include <xkbcommon/xkbcommon-keysyms.h>
@@ -88,13 +88,13 @@ XkbKeymap::XkbKeymap(XConnection& connection, MainLoop& mainLoop)
 }
 
 void XkbKeymap::selectXkbEvents() {
-    constexpr std::uint16_t events =
+    constexpr std::uint16_t kEvents =
         XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY;
-    constexpr std::uint16_t mapParts =
+    constexpr std::uint16_t kMapParts =
         XCB_XKB_MAP_PART_KEY_TYPES | XCB_XKB_MAP_PART_KEY_SYMS | XCB_XKB_MAP_PART_MODIFIER_MAP;
     const xcb_xkb_select_events_details_t details{};
-    xcb_xkb_select_events_aux(connection_, XCB_XKB_ID_USE_CORE_KBD, events, 0, events, mapParts,
-                              mapParts, &details);
+    xcb_xkb_select_events_aux(connection_, XCB_XKB_ID_USE_CORE_KBD, kEvents, 0, kEvents, kMapParts,
+                              kMapParts, &details);
     // A key that is held then sends presses only, without releases between them.
     const auto repeat = xcb_xkb_per_client_flags(
         connection_, XCB_XKB_ID_USE_CORE_KBD, XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT,

@@ -3,6 +3,8 @@
 
     foreign_store.py write FILE          a store as the platform's own archiver lays it out
     foreign_store.py write-plain FILE    the same, not compressed
+    foreign_store.py write-own FILE      only a state of the program "Own": 5 with Option puts its
+                                         window at (40, 60) with 500 by 400
     foreign_store.py read FILE           prints what a store holds, as JSON
 """
 import gzip
@@ -49,6 +51,26 @@ class Archive:
         entry["$class"] = self.class_entry("WindowState", "NSObject")
         return self.add(entry)
 
+    def data(self, root, arrays):
+        self.objects[root.data] = {
+            "NS.keys": [self.add(key) for key in arrays], "NS.objects": list(arrays.values()),
+            "$class": self.class_entry("NSMutableDictionary", "NSDictionary", "NSObject")}
+        return plistlib.dumps({"$version": 100000, "$archiver": "NSKeyedArchiver",
+                               "$top": {"root": root}, "$objects": self.objects},
+                              fmt=plistlib.FMT_BINARY)
+
+
+def own_store():
+    a = Archive()
+    root = a.add({})
+    no = a.add(False)
+    state = a.state(PrefersDisplay=no, IsGlobal=no, AppBundleId=a.add("Own"), AppName=a.add("Own"),
+                    OriginalWindowRect=a.add("{{40, 60}, {500, 400}}"),
+                    OriginalQuartzDisplayBounds=a.add("{{0, 0}, {1600, 900}}"),
+                    WindowStateName=a.add("Corner"), IsDefault=no, CenterWindow=no,
+                    WindowScale=a.size("{0, 0}"), KeyEvent=a.key_event(23, 0x80000, 0))
+    return a.data(root, {"Own": a.array([state])})
+
 
 def store():
     a = Archive()
@@ -66,14 +88,8 @@ def store():
                   WindowStateName=a.add("左半分 🪟"), IsDefault=no, CenterWindow=no,
                   WindowScale=a.size("{0, 0}"), KeyEvent=a.key_event(123, 0x1E0000, -5))
     sparse = a.state(IsGlobal=a.add(1), WindowStateName=UID(0))
-    keys = [a.add(key) for key in ("defaults", "org.gnome.Terminal", "globals")]
-    a.objects[root.data] = {
-        "NS.keys": keys,
-        "NS.objects": [a.array([built_in]), a.array([own]), a.array([sparse])],
-        "$class": a.class_entry("NSMutableDictionary", "NSDictionary", "NSObject")}
-    return plistlib.dumps({"$version": 100000, "$archiver": "NSKeyedArchiver",
-                           "$top": {"root": root}, "$objects": a.objects},
-                          fmt=plistlib.FMT_BINARY)
+    return a.data(root, {"defaults": a.array([built_in]), "org.gnome.Terminal": a.array([own]),
+                         "globals": a.array([sparse])})
 
 
 def plain(archive, value):
@@ -109,8 +125,9 @@ def main():
                   sort_keys=True, indent=1)
         print()
     else:
+        content = own_store() if command == "write-own" else store()
         with open(path, "wb") as file:
-            file.write(gzip.compress(store()) if command == "write" else store())
+            file.write(content if command == "write-plain" else gzip.compress(content))
 
 
 if __name__ == "__main__":
