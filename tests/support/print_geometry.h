@@ -8,8 +8,8 @@ namespace panewright {
 
 // How failing expectations show the values; found by GoogleTest beside the types.
 
-inline void PrintTo(const Point& point,
-                    std::ostream* out) { // NOLINT(readability-identifier-naming)
+// NOLINTNEXTLINE(readability-identifier-naming)
+inline void PrintTo(const Point& point, std::ostream* out) {
     *out << "(" << point.x << ", " << point.y << ")";
 }
 

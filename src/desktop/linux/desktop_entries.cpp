@@ -34,18 +34,9 @@ std::string unescaped(std::string_view value) {
             text += value[i];
             continue;
         }
-        switch (value[++i]) {
-        case 's':
-            text += ' ';
-            break;
-        case 'n':
-        case 'r':
-        case 't':
-            text += ' '; // nothing that is shown in one line has them
-            break;
-        default:
-            text += value[i];
-        }
+        // Escapes of spaces; nothing that is shown in one line has tabs or line ends.
+        const char escaped = value[++i];
+        text += std::string_view("sntr").find(escaped) == std::string_view::npos ? escaped : ' ';
     }
     return wellFormedUtf8(std::move(text));
 }
@@ -155,10 +146,10 @@ std::optional<DesktopEntry> parseDesktopEntry(std::string_view text,
     return entry;
 }
 
-DesktopEntries::DesktopEntries(std::vector<fs::path> dataFolders, std::string_view locale)
+DesktopEntries::DesktopEntries(const std::vector<fs::path>& dataFolders, std::string_view locale)
     : locales_(localeNames(locale)) {
-    for (auto& folder : dataFolders) {
-        folders_.push_back(std::move(folder) / "applications");
+    for (const auto& folder : dataFolders) {
+        folders_.push_back(folder / "applications");
     }
 }
 
@@ -178,7 +169,7 @@ DesktopEntries DesktopEntries::ofSession() {
         }
         rest.remove_prefix(std::min(end + 1, rest.size()));
     }
-    return {std::move(folders), messagesLocale()};
+    return {folders, messagesLocale()};
 }
 
 const DesktopEntry* DesktopEntries::withId(std::string_view id) {

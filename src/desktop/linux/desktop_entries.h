@@ -36,7 +36,7 @@ std::vector<std::string> localeNames(std::string_view locale);
 /// until the next call.
 class DesktopEntries {
 public:
-    DesktopEntries(std::vector<std::filesystem::path> dataFolders, std::string_view locale);
+    DesktopEntries(const std::vector<std::filesystem::path>& dataFolders, std::string_view locale);
 
     /// Those of the user and the system, as the environment names them.
     static DesktopEntries ofSession();

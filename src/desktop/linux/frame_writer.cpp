@@ -156,11 +156,18 @@ bool FrameWriter::advance(xcb_window_t window, Job& job) {
 }
 
 bool FrameWriter::start(xcb_window_t window, Job& job) {
-    const auto traits = readTraits(connection_, window);
+    TraitsRequest request(connection_, window); // answered in the same round trip
+    const auto geometry = readGeometry(connection_, manager_, window);
+    if (!geometry) {
+        return false;
+    }
+    const auto traits = request.take();
     const auto& states = traits.states;
     job.gravity = traits.hints.gravity;
     if (!states.blocksPlacing()) {
-        return placeWhereItStands(window, job, Phase::kPlacing);
+        place(window, job, *geometry);
+        ask(job, Phase::kPlacing);
+        return true;
     }
     job.selection = connection_.selectEvents(window, XCB_EVENT_MASK_PROPERTY_CHANGE);
     leaveBlockingStates(connection_, window, states);

@@ -1,7 +1,5 @@
 #include "desktop/linux/window_hints.h"
 
-#include "desktop/linux/x_properties.h"
-
 #include <algorithm>
 #include <cstddef>
 
@@ -56,13 +54,18 @@ AllowedActions actionsFrom(const std::vector<std::uint32_t>& actions, const XAto
 
 } // namespace
 
+TraitsRequest::TraitsRequest(XConnection& connection, xcb_window_t window)
+    : atoms_(connection.atoms()), hints_(connection, window, XCB_ATOM_WM_NORMAL_HINTS),
+      states_(connection, window, atoms_._NET_WM_STATE),
+      actions_(connection, window, atoms_._NET_WM_ALLOWED_ACTIONS) {}
+
+WindowTraits TraitsRequest::take() {
+    return {hintsFrom(hints_.numbers()), statesFrom(states_.numbers(), atoms_),
+            actionsFrom(actions_.numbers(), atoms_)};
+}
+
 WindowTraits readTraits(XConnection& connection, xcb_window_t window) {
-    const auto& atoms = connection.atoms();
-    XPropertyRequest hints(connection, window, XCB_ATOM_WM_NORMAL_HINTS);
-    XPropertyRequest states(connection, window, atoms._NET_WM_STATE);
-    XPropertyRequest actions(connection, window, atoms._NET_WM_ALLOWED_ACTIONS);
-    return {hintsFrom(hints.numbers()), statesFrom(states.numbers(), atoms),
-            actionsFrom(actions.numbers(), atoms)};
+    return TraitsRequest(connection, window).take();
 }
 
 EwmhStates readEwmhStates(XConnection& connection, xcb_window_t window) {

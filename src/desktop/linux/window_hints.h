@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/linux/x_connection.h"
+#include "desktop/linux/x_properties.h"
 
 #include <cstdint>
 #include <optional>
@@ -38,6 +39,20 @@ struct WindowTraits {
     SizeHints hints;
     EwmhStates states;
     AllowedActions allowed;
+};
+
+/// Traits that have been asked for, so that other questions can join the round trip.
+class TraitsRequest {
+public:
+    TraitsRequest(XConnection& connection, xcb_window_t window);
+    /// Once.
+    WindowTraits take();
+
+private:
+    const XAtoms& atoms_;
+    XPropertyRequest hints_;
+    XPropertyRequest states_;
+    XPropertyRequest actions_;
 };
 
 WindowTraits readTraits(XConnection& connection, xcb_window_t window);
