@@ -71,7 +71,8 @@ public:
                                            void* userData) = 0;
     virtual void removeHandler(EventHandlerRef ref) = 0;
 
-    /// Whether this key was registered by us and another program holds it.
+    /// Whether another program holds this key, so that registering it has no effect. Need not be
+    /// registered by us: a key that is not is tried out and let go.
     virtual bool isTakenByAnotherProgram(std::uint32_t virtualKeyCode,
                                          std::uint32_t modifiers) const = 0;
 };
