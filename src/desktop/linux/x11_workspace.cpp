@@ -17,6 +17,8 @@ void X11Workspace::bringThisApplicationToFront() {
     }
 }
 
+void X11Workspace::hideThisApplication() {}
+
 void X11Workspace::openUrl(const std::string& url) {
     std::string command = "xdg-open";
     std::string address = url;

@@ -18,6 +18,7 @@ public:
         return activeWindows_.onActivation(std::move(callback));
     }
     void bringThisApplicationToFront() override;
+    void hideThisApplication() override;
     void openUrl(const std::string& url) override;
     void launchApplication(const std::string& /*bundlePath*/) override {}
 
