@@ -11,8 +11,7 @@ namespace panewright {
 /// An icon that shows whose it is.
 class MemoryIcon : public Image {
 public:
-    explicit MemoryIcon(std::string bundleIdentifier)
-        : bundleIdentifier(std::move(bundleIdentifier)) {}
+    explicit MemoryIcon(std::string identifier) : bundleIdentifier(std::move(identifier)) {}
 
     /// Of the program that the picture is the icon of; empty for any other picture and for null.
     static std::string identifierOf(const ImagePtr& image) {
