@@ -2,7 +2,6 @@
 
 #include "menubar/status_item_controller.h"
 #include "platform/crash_reporter.h"
-#include "platform/main_loop.h"
 #include "platform/software_updater.h"
 #include "platform/user_defaults.h"
 
@@ -13,19 +12,18 @@
 namespace panewright {
 
 /// The program's life: start-up in its order, and the actions that belong to the whole program.
-class AppDelegate {
+class AppDelegate : public ApplicationActions {
 public:
     /// All of it must outlive the delegate.
     struct Services {
         StatusItemController::Services controller;
-        MainLoop& mainLoop;
         UserDefaults& userDefaults;
         CrashReporter& crashReporter;
         SoftwareUpdater& softwareUpdater;
     };
 
     explicit AppDelegate(const Services& services);
-    ~AppDelegate();
+    ~AppDelegate() override;
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
 
@@ -49,13 +47,14 @@ public:
 
     // Actions of the menu.
     void bringPrefsForward();
-    void runAtStartup();
+    void runAtStartup() override;
     void restoreWindowStates();
-    void quit();
-    void checkForUpdates();
+    void quit() override;
+    void checkForUpdates() override;
     void checkForUpdatesInBackground();
-    void sendFeedback();
+    void sendFeedback() override;
     void openFAQ();
+    void crash() override;
 
 private:
     void setupFabric();

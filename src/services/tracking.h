@@ -21,9 +21,11 @@ private:
 
 // Names of the events.
 constexpr std::string_view kApplyWindowStateEvent = "ApplyWindowState";
+constexpr std::string_view kCancelSaveWindowStateEvent = "CancelSaveWindowState";
 constexpr std::string_view kCheckForUpdatesEvent = "CheckForUpdates";
 constexpr std::string_view kMoveToNextDisplayEvent = "MoveToNextDisplay";
 constexpr std::string_view kOpenFAQEvent = "OpenFAQ";
 constexpr std::string_view kRemoveWindowStateEvent = "RemoveWindowState";
+constexpr std::string_view kSaveWindowStateEvent = "SaveWindowState";
 
 } // namespace panewright

@@ -221,8 +221,8 @@ TEST_F(SeveralDisplaysTest, StaysOnTheOnlyDisplay) {
 
 TEST_F(SeveralDisplaysTest, MovesToTheNextDisplayWithItsKeyAndShowsIt) {
     program_.launch();
-    EXPECT_EQ(controller().moveToNextDisplayItem(),
-              (StatusItemController::ShownShortcut{"N", 0x80000}));
+    EXPECT_EQ(controller().moveToNextDisplayItem().keyEquivalent, "N");
+    EXPECT_EQ(controller().moveToNextDisplayItem().keyEquivalentModifierMask, 0x80000U);
     program_.press(kNextKey);
     EXPECT_EQ(frame(), (Rect{1573.3333740234375, 60.000003814697266, 1066.666748046875, 720}));
     program_.press(kNextKey);
@@ -236,7 +236,7 @@ TEST_F(SeveralDisplaysTest, MovesToTheNextDisplayWithItsKeyAndShowsIt) {
 
     desktop().userDefaults.removeObjectForKey("MoveToNextWindowKeyEventKeyCode");
     controller().addEventHandlers();
-    EXPECT_EQ(controller().moveToNextDisplayItem(), StatusItemController::ShownShortcut{});
+    EXPECT_EQ(controller().moveToNextDisplayItem().keyEquivalent, "");
     EXPECT_FALSE(program_.press(kNextKey));
 }
 

@@ -78,8 +78,9 @@ public:
     AppDelegate delegate{{{{desktop.accessibility, desktop.displays, desktop.workspace,
                             desktop.program, desktop.beeper, Tracking(desktop.analytics),
                             ShortcutText(desktop.keyboardLayout, desktop.text)},
-                           loginItems},
-                          desktop.mainLoop,
+                           loginItems, desktop.mainLoop, desktop.hotKeys, desktop.text,
+                           desktop.workAreas, desktop.icons, desktop.statusItem, desktop.menuView,
+                           desktop.popoverViews},
                           desktop.userDefaults,
                           desktop.crashReporter,
                           desktop.softwareUpdater}};

@@ -7,7 +7,9 @@
 #include "desktop/memory/memory_keyboard_layout.h"
 #include "desktop/memory/memory_main_loop.h"
 #include "desktop/memory/memory_native_key_codes.h"
+#include "desktop/memory/memory_popover_views.h"
 #include "desktop/memory/memory_services.h"
+#include "desktop/memory/memory_status_item.h"
 #include "desktop/memory/memory_system_tray.h"
 #include "desktop/memory/memory_user_defaults.h"
 #include "desktop/memory/memory_windows.h"
@@ -35,6 +37,9 @@ struct MemoryDesktop {
     MemoryNativeKeyCodes nativeKeyCodes;
     MemoryKeyboardLayout keyboardLayout;
     MemorySystemTray tray{mainLoop};
+    MemoryStatusItem statusItem;
+    MemoryMenuView menuView;
+    MemoryPopoverViews popoverViews{windows, kOwnPid};
     MemoryTextServices text;
     MemoryUserDefaults userDefaults;
     MemoryBeeper beeper;
