@@ -5,9 +5,18 @@
 #include "desktop/linux/x_properties.h"
 
 #include <algorithm>
+#include <unistd.h>
 #include <utility>
 
 namespace panewright {
+
+namespace {
+
+bool isOurs(const std::optional<RunningApplication>& application) {
+    return application && application->processIdentifier == getpid();
+}
+
+} // namespace
 
 ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager,
                              std::string ownBundleIdentifier)
@@ -25,7 +34,7 @@ std::optional<xcb_window_t> ActiveWindows::focusedWindowOf(ProcessId pid) {
         if (window.pid != pid) {
             continue;
         }
-        if (!window.isPlaceable) {
+        if (window.kind != Kind::kOrdinary) {
             return std::nullopt;
         }
         if (isShown(window.window)) {
@@ -33,6 +42,31 @@ std::optional<xcb_window_t> ActiveWindows::focusedWindowOf(ProcessId pid) {
         }
     }
     return std::nullopt;
+}
+
+std::vector<xcb_window_t> ActiveWindows::windowsOf(ProcessId pid) {
+    XPropertyRequest clients(connection_, connection_.root(), connection_.atoms()._NET_CLIENT_LIST,
+                             kMaxClients);
+    return identity_.windowsOf(pid, clients.numbers());
+}
+
+std::optional<xcb_window_t> ActiveWindows::windowBeforeOurs() {
+    const auto active = readActiveWindow();
+    const bool isOursActive = active == kNoWindow ? isOurs(frontmost_) : pidOf(active) == getpid();
+    // The event of a change may still be under way, so what was frontmost counts too.
+    const bool wasOursActive = isOurs(frontmost_);
+    if (!isOursActive && (!wasOursActive || (active_ != kNoWindow && isShown(active_)))) {
+        return std::nullopt;
+    }
+    const auto before = wasOursActive ? beforeOurs_ : lastOfOthers();
+    return before != kNoWindow && isShown(before) ? std::optional(before) : std::nullopt;
+}
+
+xcb_window_t ActiveWindows::lastOfOthers() const {
+    const auto found = std::find_if(windows_.begin(), windows_.end(), [](const Window& window) {
+        return window.pid != getpid() && window.kind != Kind::kDock;
+    });
+    return found == windows_.end() ? kNoWindow : found->window;
 }
 
 void ActiveWindows::handle(const xcb_generic_event_t& event) {
@@ -50,6 +84,7 @@ void ActiveWindows::handle(const xcb_generic_event_t& event) {
         const auto gone = reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window;
         std::erase_if(windows_, [gone](const Window& window) { return window.window == gone; });
         active_ = active_ == gone ? kNoWindow : active_;
+        beforeOurs_ = beforeOurs_ == gone ? kNoWindow : beforeOurs_;
     }
 }
 
@@ -60,6 +95,9 @@ void ActiveWindows::update() {
     }
     active_ = active;
     auto application = identity_.applicationOf(active);
+    if (application.processIdentifier == getpid() && !isOurs(frontmost_)) {
+        beforeOurs_ = lastOfOthers();
+    }
     moveToFront(active, application.processIdentifier);
     if (frontmost_ != application) {
         frontmost_ = std::move(application);
@@ -89,10 +127,13 @@ xcb_window_t ActiveWindows::readFocusedTopLevel() {
     return outermostAncestor(connection_, focus->focus).value_or(kNoWindow);
 }
 
-bool ActiveWindows::isDesktopOrDock(xcb_window_t window) {
+ActiveWindows::Kind ActiveWindows::kindOf(xcb_window_t window) {
     const auto& atoms = connection_.atoms();
     const auto type = XPropertyRequest(connection_, window, atoms._NET_WM_WINDOW_TYPE).number();
-    return type == atoms._NET_WM_WINDOW_TYPE_DESKTOP || type == atoms._NET_WM_WINDOW_TYPE_DOCK;
+    if (type == atoms._NET_WM_WINDOW_TYPE_DESKTOP) {
+        return Kind::kDesktop;
+    }
+    return type == atoms._NET_WM_WINDOW_TYPE_DOCK ? Kind::kDock : Kind::kOrdinary;
 }
 
 bool ActiveWindows::isShown(xcb_window_t window) {
@@ -108,7 +149,7 @@ void ActiveWindows::moveToFront(xcb_window_t window, ProcessId pid) {
                                     [&](const Window& w) { return w.window == window; });
     if (known == windows_.end()) {
         windows_.insert(windows_.begin(),
-                        Window{window, pid, !isDesktopOrDock(window),
+                        Window{window, pid, kindOf(window),
                                connection_.selectEvents(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY |
                                                                     XCB_EVENT_MASK_FOCUS_CHANGE)});
     } else {

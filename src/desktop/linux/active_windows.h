@@ -33,10 +33,21 @@ public:
     /// desktop or a dock of it is active.
     std::optional<xcb_window_t> focusedWindowOf(ProcessId pid);
 
+    /// The windows of the process that the manager shows, the newest last (EWMH,
+    /// _NET_CLIENT_LIST).
+    std::vector<xcb_window_t> windowsOf(ProcessId pid);
+
+    /// The window that was active before one of ours, for giving the keyboard back. Nil if it is
+    /// not shown any more, and while another program has the keyboard; but not when the manager has
+    /// just given it to one because our window went.
+    std::optional<xcb_window_t> windowBeforeOurs();
+
     /// The process that a window belongs to.
     ProcessId pidOf(xcb_window_t window) {
         return identity_.applicationOf(window).processIdentifier;
     }
+
+    ClientIdentity& identity() { return identity_; }
 
     /// Called after another application, or the same program under another identifier, got the
     /// active window.
@@ -50,17 +61,19 @@ public:
     }
 
 private:
+    enum class Kind { kOrdinary, kDesktop, kDock };
     struct Window {
         xcb_window_t window = kNoWindow;
         ProcessId pid = 0;
-        bool isPlaceable = true;
+        Kind kind = Kind::kOrdinary;
         Registration selection;
     };
 
     void handle(const xcb_generic_event_t& event);
     xcb_window_t readActiveWindow();
     xcb_window_t readFocusedTopLevel();
-    bool isDesktopOrDock(xcb_window_t window);
+    xcb_window_t lastOfOthers() const;
+    Kind kindOf(xcb_window_t window);
     bool isShown(xcb_window_t window);
     void moveToFront(xcb_window_t window, ProcessId pid);
 
@@ -71,6 +84,8 @@ private:
     std::vector<Window> windows_;
     /// The last active one, unless it is gone.
     xcb_window_t active_ = kNoWindow;
+    /// The last active one of another program when one of ours became active, unless it is gone.
+    xcb_window_t beforeOurs_ = kNoWindow;
     std::optional<RunningApplication> frontmost_;
     ObserverList<> activated_;
     ObserverList<ProcessId> windowChanged_;

@@ -15,7 +15,7 @@ X11Desktop::X11Desktop(std::unique_ptr<XConnection> connection, MainLoop& mainLo
                        std::string ownBundleIdentifier)
     : connection_(std::move(connection)), manager_(*connection_), keymap_(*connection_, mainLoop),
       activeWindows_(*connection_, manager_, std::move(ownBundleIdentifier)),
-      displays(*connection_, mainLoop),
+      displays(*connection_, mainLoop), workAreas(*connection_, displays),
       accessibility(*connection_, manager_, activeWindows_, mainLoop),
       hotKeys(*connection_, keymap_, mainLoop,
               // A press means the window that is active now, and windows as the presses before it
@@ -24,6 +24,7 @@ X11Desktop::X11Desktop(std::unique_ptr<XConnection> connection, MainLoop& mainLo
                   activeWindows_.update();
                   accessibility.settle();
               }),
-      keyboardLayout(keymap_), workspace(*connection_, activeWindows_), beeper(*connection_) {}
+      keyboardLayout(keymap_), workspace(*connection_, activeWindows_, mainLoop),
+      icons(*connection_, activeWindows_), tray(*connection_), beeper(*connection_) {}
 
 } // namespace panewright

@@ -1,13 +1,17 @@
 #pragma once
 
 #include "desktop/linux/active_windows.h"
+#include "desktop/linux/desktop_entry_icons.h"
+#include "desktop/linux/evdev_native_key_codes.h"
 #include "desktop/linux/randr_displays.h"
 #include "desktop/linux/window_manager.h"
 #include "desktop/linux/x11_accessibility.h"
 #include "desktop/linux/x11_hot_keys.h"
+#include "desktop/linux/x11_work_areas.h"
 #include "desktop/linux/x11_workspace.h"
 #include "desktop/linux/x_bell.h"
 #include "desktop/linux/x_connection.h"
+#include "desktop/linux/x_embed_tray.h"
 #include "desktop/linux/xkb_keyboard_layout.h"
 #include "desktop/linux/xkb_keymap.h"
 
@@ -33,10 +37,14 @@ private:
 
 public:
     RandrDisplays displays;
+    X11WorkAreas workAreas;
     X11Accessibility accessibility;
     X11HotKeys hotKeys;
+    EvdevNativeKeyCodes nativeKeyCodes;
     XkbKeyboardLayout keyboardLayout;
     X11Workspace workspace;
+    DesktopEntryIcons icons;
+    XEmbedTray tray;
     XBell beeper;
 
     /// Called once, when the X server has gone away.

@@ -8,16 +8,61 @@
 #include <unistd.h>
 
 namespace panewright {
+namespace {
+
+/// How long a toolkit and the window manager may take to show a window.
+constexpr std::chrono::seconds kSlowestWindow{1};
+
+} // namespace
+
+X11Workspace::X11Workspace(XConnection& connection, ActiveWindows& activeWindows,
+                           MainLoop& mainLoop)
+    : connection_(connection), activeWindows_(activeWindows), mainLoop_(mainLoop),
+      serverTime_(connection),
+      rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE)),
+      events_(connection.onEvent([this](const auto& event) {
+          if (wish_ && event.response_type == XCB_PROPERTY_NOTIFY &&
+              reinterpret_cast<const xcb_property_notify_event_t&>(event).atom ==
+                  connection_.atoms()._NET_CLIENT_LIST) {
+              bringNewWindowToFront();
+          }
+      })) {}
 
 void X11Workspace::bringThisApplicationToFront() {
-    if (const auto window = activeWindows_.focusedWindowOf(getpid())) {
-        sendToManager(connection_, *window, connection_.atoms()._NET_ACTIVE_WINDOW,
-                      {kSourcePager, XCB_CURRENT_TIME, 0, 0, 0});
-        connection_.flush();
+    const auto shown = ownWindows();
+    if (!shown.empty()) {
+        activate(shown.back());
+    }
+    shownBefore_ = {shown.begin(), shown.end()};
+    wish_ = mainLoop_.after(kSlowestWindow, [this] { wish_.release(); });
+}
+
+void X11Workspace::bringNewWindowToFront() {
+    for (const auto window : ownWindows()) {
+        if (!shownBefore_.contains(window)) {
+            wish_.release();
+            activate(window);
+            return;
+        }
     }
 }
 
-void X11Workspace::hideThisApplication() {}
+void X11Workspace::hideThisApplication() {
+    wish_.release();
+    if (const auto window = activeWindows_.windowBeforeOurs()) {
+        activate(*window);
+    }
+}
+
+std::vector<xcb_window_t> X11Workspace::ownWindows() {
+    return activeWindows_.windowsOf(getpid());
+}
+
+void X11Workspace::activate(xcb_window_t window) {
+    sendToManager(connection_, window, connection_.atoms()._NET_ACTIVE_WINDOW,
+                  {kSourcePager, serverTime_.now(), 0, 0, 0});
+    connection_.flush();
+}
 
 void X11Workspace::openUrl(const std::string& url) {
     std::string command = "xdg-open";

@@ -1,15 +1,18 @@
 #pragma once
 
 #include "desktop/linux/active_windows.h"
+#include "desktop/linux/server_time.h"
+#include "platform/main_loop.h"
 #include "platform/workspace.h"
+
+#include <set>
 
 namespace panewright {
 
 /// Applications of an X session: X clients, told apart by process and identifier.
 class X11Workspace : public Workspace {
 public:
-    X11Workspace(XConnection& connection, ActiveWindows& activeWindows)
-        : connection_(connection), activeWindows_(activeWindows) {}
+    X11Workspace(XConnection& connection, ActiveWindows& activeWindows, MainLoop& mainLoop);
 
     std::optional<RunningApplication> frontmostApplication() const override {
         return activeWindows_.frontmost();
@@ -23,8 +26,19 @@ public:
     void launchApplication(const std::string& /*bundlePath*/) override {}
 
 private:
+    std::vector<xcb_window_t> ownWindows();
+    void bringNewWindowToFront();
+    void activate(xcb_window_t window);
+
     XConnection& connection_;
     ActiveWindows& activeWindows_;
+    MainLoop& mainLoop_;
+    ServerTime serverTime_;
+    /// While a window that is only about to be shown is waited for: those that were there before.
+    std::set<xcb_window_t> shownBefore_;
+    Registration wish_;
+    Registration rootSelection_;
+    Registration events_;
 };
 
 } // namespace panewright
