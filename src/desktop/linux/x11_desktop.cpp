@@ -4,6 +4,13 @@
 
 namespace panewright {
 
+bool X11Desktop::isReachable() {
+    auto* const connection = xcb_connect(nullptr, nullptr);
+    const bool isReachable = xcb_connection_has_error(connection) == 0;
+    xcb_disconnect(connection);
+    return isReachable;
+}
+
 std::unique_ptr<X11Desktop> X11Desktop::open(MainLoop& mainLoop, std::string ownBundleIdentifier) {
     auto connection = XConnection::open(mainLoop);
     return connection ? std::unique_ptr<X11Desktop>(new X11Desktop(std::move(connection), mainLoop,

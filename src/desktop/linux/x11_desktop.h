@@ -23,7 +23,10 @@ namespace panewright {
 /// The ports of an X session, on one connection.
 class X11Desktop {
 public:
-    /// Null when the server that $DISPLAY names cannot be reached.
+    /// Whether the server that $DISPLAY names answers: the toolkit ends the program if not.
+    static bool isReachable();
+
+    /// Null when it does not.
     static std::unique_ptr<X11Desktop> open(MainLoop& mainLoop, std::string ownBundleIdentifier);
 
 private:
