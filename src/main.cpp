@@ -138,10 +138,10 @@ private:
 };
 
 int runToolkit(int& argc, char** argv, const ProgramInformation& program,
-               const StandardFolders& folders) {
+               const StandardFolders& folders, const TerminationSignals& terminationSignals) {
     const Toolkit toolkit(argc, argv, program);
     QtMainLoop mainLoop;
-    const auto terminated = onTerminationSignal(mainLoop, [&] { mainLoop.quit(0); });
+    const auto terminated = terminationSignals.onSignal(mainLoop, [&] { mainLoop.quit(0); });
     const auto desktop = X11Desktop::open(mainLoop, program.bundleIdentifier());
     if (!desktop) {
         describeMissingServer();
@@ -160,6 +160,7 @@ int runToolkit(int& argc, char** argv, const ProgramInformation& program,
 } // namespace
 
 int main(int argc, char* argv[]) {
+    const TerminationSignals terminationSignals;
     const LinuxProgram program;
     const XdgFolders folders;
     const StoreLock lock(folders);
@@ -172,5 +173,5 @@ int main(int argc, char* argv[]) {
         describeMissingServer();
         return kExitCannotStart;
     }
-    return runToolkit(argc, argv, program, folders);
+    return runToolkit(argc, argv, program, folders, terminationSignals);
 }

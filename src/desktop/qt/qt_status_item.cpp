@@ -46,16 +46,9 @@ void QtStatusItem::show(const StatusItemLook& look,
                         std::function<void(const StatusItemClick&)> clicked) {
     look_ = look;
     clicked_ = std::move(clicked);
-    trayChanges_ = tray_.onChange([this] {
-        if (tray_.isPresent()) {
-            showIcon(false);
-            suitPanel();
-        }
-    });
+    trayChanges_ = tray_.onChange([this] { lookForPanel(); });
     watchNotifierHosts();
-    if (tray_.isPresent()) {
-        showIcon(false);
-    }
+    lookForPanel();
 }
 
 void QtStatusItem::watchNotifierHosts() {
@@ -66,13 +59,21 @@ void QtStatusItem::watchNotifierHosts() {
     notifierHosts_ = std::make_unique<QDBusServiceWatcher>(
         kWatcher, bus, QDBusServiceWatcher::WatchForRegistration);
     connect(notifierHosts_.get(), &QDBusServiceWatcher::serviceRegistered, this,
-            &QtStatusItem::askNotifierHost);
+            &QtStatusItem::lookForPanel);
     bus.connect(kWatcher, kWatcherPath, kWatcher, kHostRegisteredSignal, this,
-                SLOT(askNotifierHost()));
-    askNotifierHost();
+                SLOT(lookForPanel()));
 }
 
-void QtStatusItem::askNotifierHost() {
+/// With both kinds there Qt takes the host on the bus, so that is asked for first.
+void QtStatusItem::lookForPanel() {
+    if (icon_) {
+        suitPanel();
+        return;
+    }
+    if (!notifierHosts_) {
+        showIconIn(false);
+        return;
+    }
     auto question = QDBusMessage::createMethodCall(kWatcher, kWatcherPath,
                                                    "org.freedesktop.DBus.Properties", "Get");
     question << kWatcher << kHostRegisteredProperty;
@@ -82,19 +83,16 @@ void QtStatusItem::askNotifierHost() {
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
         answer->deleteLater();
         const QDBusPendingReply<QDBusVariant> reply = *answer;
-        if (reply.isValid() && reply.value().variant().toBool()) {
-            showIcon(true);
-        }
+        showIconIn(reply.isValid() && reply.value().variant().toBool());
     });
 }
 
-void QtStatusItem::showIcon(bool inNotifierHost) {
-    if (icon_) {
+void QtStatusItem::showIconIn(bool notifierHost) {
+    if (icon_ || (!notifierHost && !tray_.isPresent())) {
         return;
     }
     icon_ = std::make_unique<QSystemTrayIcon>();
-    // With both kinds there, Qt prefers the host on the bus.
-    isInNotifierHost_ = inNotifierHost;
+    isInNotifierHost_ = notifierHost;
     icon_->setToolTip(QString::fromStdString(look_.name));
     connect(icon_.get(), &QSystemTrayIcon::activated, this, &QtStatusItem::activated);
     suitPanel();

@@ -28,11 +28,12 @@ public:
     std::optional<Rect> frame() const override;
 
 private slots:
-    void askNotifierHost();
+    void lookForPanel();
 
 private:
     void watchNotifierHosts();
-    void showIcon(bool inNotifierHost);
+    /// In a host on the bus, else in the XEmbed tray; nothing when that is not there either.
+    void showIconIn(bool notifierHost);
     void activated(QSystemTrayIcon::ActivationReason reason);
     std::optional<Rect> trayGeometry() const;
     void suitPanel();
