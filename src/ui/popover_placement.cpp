@@ -14,7 +14,8 @@ double pushedInside(double position, double length, double lower, double upper) 
 
 } // namespace
 
-PopoverPlacement placePopover(Size size, double arrowMargin, const PopoverAnchor& anchor) {
+PopoverPlacement placePopover(const PopoverShape& shape, const PopoverAnchor& anchor) {
+    const auto& size = shape.size;
     const auto& area = anchor.workArea;
     const double areaBottom = area.y + area.height;
     const double anchorBottom = anchor.rect.y + anchor.rect.height;
@@ -24,12 +25,13 @@ PopoverPlacement placePopover(Size size, double arrowMargin, const PopoverAnchor
     PopoverPlacement placement;
     placement.isBelow = size.height <= roomBelow || roomBelow >= roomAbove;
     const double middle = anchor.rect.x + anchor.rect.width / 2;
-    const double x = pushedInside(middle - size.width / 2, size.width, area.x, area.x + area.width);
+    const double x = pushedInside(middle - size.width / 2, size.width, area.x + shape.sideMargin,
+                                  area.x + area.width - shape.sideMargin);
     const double y = pushedInside(placement.isBelow ? anchorBottom : anchor.rect.y - size.height,
                                   size.height, area.y, areaBottom);
     placement.frame = {std::round(x), std::round(y), size.width, size.height};
-    placement.arrowX = pushedInside(std::round(middle) - placement.frame.x, 0, arrowMargin,
-                                    size.width - arrowMargin);
+    placement.arrowX = pushedInside(std::round(middle) - placement.frame.x, 0, shape.arrowMargin,
+                                    size.width - shape.arrowMargin);
     return placement;
 }
 

@@ -6,7 +6,6 @@ namespace panewright {
 
 /// Where a popover stands. Global points.
 struct PopoverPlacement {
-    /// The whole window, the arrow included.
     Rect frame;
     /// Whether it hangs below its anchor, with the arrow at its top; else it stands above.
     bool isBelow = true;
@@ -16,10 +15,20 @@ struct PopoverPlacement {
     friend bool operator==(const PopoverPlacement&, const PopoverPlacement&) = default;
 };
 
+/// Lengths of a popover's shape, in points.
+struct PopoverShape {
+    /// The whole window, the arrow included.
+    Size size;
+    /// How near the arrow's tip may come to the left and right edges.
+    double arrowMargin = 0;
+    /// How near the left and right edges may come to those of the work area.
+    double sideMargin = 0;
+};
+
 /// Below the anchor and centred under it; above where that has more room and below it does not fit;
-/// pushed inside the work area, with the arrow still at the anchor as long as it stays
-/// `arrowMargin` off the corners. `size` includes the arrow. A popover larger than the work area
-/// keeps its top left inside. Everything comes out on whole points.
-PopoverPlacement placePopover(Size size, double arrowMargin, const PopoverAnchor& anchor);
+/// pushed inside the work area, with the arrow still at the anchor as far as its margin allows. A
+/// popover larger than the work area keeps its top left inside. Everything comes out on whole
+/// points.
+PopoverPlacement placePopover(const PopoverShape& shape, const PopoverAnchor& anchor);
 
 } // namespace panewright

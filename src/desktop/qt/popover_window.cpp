@@ -17,6 +17,7 @@ constexpr int kArrowHeight = 9;
 constexpr int kArrowWidth = 20;
 constexpr int kCornerRadius = 7;
 constexpr int kMargin = 16;
+constexpr int kSideMargin = 8;
 constexpr int kArrowMargin = kCornerRadius + kArrowWidth / 2 + 1;
 
 QPalette lightPalette() {
@@ -66,7 +67,8 @@ void PopoverWindow::place() {
     setArrow(arrowAtTop_, arrowX_);
     const auto size = sizeHint();
     const auto ratio = screen->devicePixelRatio();
-    const auto placement = placePopover(toNative(size, *screen), kArrowMargin * ratio, anchor_);
+    const auto placement =
+        placePopover({toNative(size, *screen), kArrowMargin * ratio, kSideMargin * ratio}, anchor_);
     setArrow(placement.isBelow, qRound(placement.arrowX / ratio));
     windowHandle()->setScreen(screen);
     setGeometry({fromNative(placement.frame.origin(), *screen), size});
@@ -106,8 +108,9 @@ QPainterPath PopoverWindow::outline() const {
                                                 arrowAtTop_ ? 0 : -kArrowHeight);
     QPainterPath bubble;
     bubble.addRoundedRect(body, kCornerRadius, kCornerRadius);
-    const double base = arrowAtTop_ ? body.top() : body.bottom();
-    const double tip = arrowAtTop_ ? base - kArrowHeight : base + kArrowHeight;
+    // It reaches into the body, so that no line is left between the two.
+    const double base = arrowAtTop_ ? body.top() + 1 : body.bottom() - 1;
+    const double tip = arrowAtTop_ ? rect().top() : rect().bottom() + 1;
     QPainterPath arrow;
     arrow.moveTo(arrowX_ - kArrowWidth / 2.0, base);
     arrow.lineTo(arrowX_, tip);
