@@ -21,10 +21,10 @@ constexpr int kImageSize = 16;
 constexpr int kFieldWidth = 240;
 constexpr int kSectionSpacing = 12;
 
-/// A radio button's title: no letter of it is a mnemonic, and a long name is cut in its middle.
+/// A radio button's title: a long name is cut in its middle, and its first letter chooses it.
 QString titleThatFits(const QString& title, const QRadioButton& button) {
     auto shown = button.fontMetrics().elidedText(title, Qt::ElideMiddle, kFieldWidth);
-    return shown.replace('&', "&&");
+    return '&' + shown.replace('&', "&&");
 }
 
 void setImage(QLabel& label, const ImagePtr& image) {
@@ -78,7 +78,7 @@ void SaveShortcutWidget::addFields(QVBoxLayout& layout, const NativeKeyCodes& ke
 
     auto* recorder = new ShortcutRecorderWidget(controller_.shortcutRecorder(), keyCodes);
     recorder->setAccessibleName(tr("Shortcut"));
-    form->addRow(tr("Sh&ortcut:"), recorder);
+    form->addRow(tr("Shor&tcut:"), recorder);
     remark_ = new QLabel;
     remark_->setWordWrap(true);
     remark_->setForegroundRole(QPalette::WindowText);
