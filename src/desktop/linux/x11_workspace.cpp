@@ -20,6 +20,7 @@ constexpr auto kUsualWindow = 100ms;
 /// How long a manager may take to focus what lies under the pointer after a window went. xfwm4
 /// waits 250 ms.
 constexpr auto kSlowestFocus = 500ms;
+constexpr int kMaxCrossings = 3;
 
 } // namespace
 
@@ -69,6 +70,7 @@ void X11Workspace::hideThisApplication() {
     knownWindowWish_.release();
     if (const auto way = activeWindows_.wayBack()) {
         wayBack_ = *way;
+        crossings_ = 0;
         wayBackWatch_ = mainLoop_.after(kSlowestFocus, [this] { wayBackWatch_.release(); });
         activate(wayBack_.to);
     }
@@ -78,8 +80,7 @@ void X11Workspace::insistOnWayBack() {
     const auto active = activeWindows_.readActiveWindow();
     const bool isCrossed = active != kNoWindow && active != wayBack_.to && active != wayBack_.from;
     // As long as our window is shown it is the user who goes elsewhere, not the manager.
-    if (isCrossed && !activeWindows_.isShown(wayBack_.from)) {
-        wayBackWatch_.release();
+    if (isCrossed && ++crossings_ <= kMaxCrossings && !activeWindows_.isShown(wayBack_.from)) {
         activate(wayBack_.to);
     }
 }

@@ -44,6 +44,7 @@ private:
     Registration knownWindowWish_;
     /// While the keyboard's way back may still be crossed.
     ActiveWindows::WayBack wayBack_;
+    int crossings_ = 0;
     Registration wayBackWatch_;
     Registration rootSelection_;
     Registration events_;
