@@ -30,6 +30,7 @@ public:
     xcb_window_t open(std::uint32_t width, std::uint32_t height, bool isFixed) {
         return ask({width, height, isFixed});
     }
+    pid_t pid() const { return pid_; }
     void destroy(xcb_window_t window) { ask({.destroyed = window}); }
 
 private:

@@ -27,6 +27,7 @@ public:
     /// Option and the key.
     virtual void press(std::uint32_t virtualKeyCode) = 0;
     virtual void takeByAnotherProgram(std::uint32_t virtualKeyCode) = 0;
+    virtual void letGoByAnotherProgram(std::uint32_t virtualKeyCode) = 0;
     /// "us" or "fr".
     virtual void setLayout(const std::string& name) = 0;
     virtual bool eventually(const std::function<bool()>& condition) = 0;
@@ -39,6 +40,9 @@ public:
     void press(std::uint32_t virtualKeyCode) override { hotKeys_.press(virtualKeyCode, kOption); }
     void takeByAnotherProgram(std::uint32_t virtualKeyCode) override {
         hotKeys_.takeByAnotherProgram(virtualKeyCode, kOption);
+    }
+    void letGoByAnotherProgram(std::uint32_t virtualKeyCode) override {
+        hotKeys_.letGoByAnotherProgram(virtualKeyCode, kOption);
     }
     void setLayout(const std::string& name) override {
         layout_.setKeys(name == "fr" ? MemoryKeyboardLayout::Keys{{0, "q"}, {18, "&"}, {33, "^"}}
@@ -65,8 +69,14 @@ public:
             KEY_LEFTALT, static_cast<std::uint16_t>(evdevCodesOf(virtualKeyCode).front()));
     }
     void takeByAnotherProgram(std::uint32_t virtualKeyCode) override {
-        const auto key = evdevCodesOf(virtualKeyCode).front() + kEvdevToXKeyCode;
-        rig_.desktop.x().grabKey(XCB_MOD_MASK_1, static_cast<xcb_keycode_t>(key));
+        EXPECT_TRUE(rig_.eventually([&] { // our letting go may still be under way
+            return rig_.desktop.x().grabKey(XCB_MOD_MASK_1, keyOf(virtualKeyCode));
+        }));
+    }
+    void letGoByAnotherProgram(std::uint32_t virtualKeyCode) override {
+        const auto& x = rig_.desktop.x();
+        xcb_ungrab_key(x.connection(), keyOf(virtualKeyCode), x.root(), XCB_MOD_MASK_1);
+        x.synchronize();
     }
     void setLayout(const std::string& name) override { rig_.desktop.setKeyboardLayout(name); }
     bool eventually(const std::function<bool()>& condition) override {
@@ -74,6 +84,10 @@ public:
     }
 
 private:
+    static xcb_keycode_t keyOf(std::uint32_t virtualKeyCode) {
+        return static_cast<xcb_keycode_t>(evdevCodesOf(virtualKeyCode).front() + kEvdevToXKeyCode);
+    }
+
     X11Rig rig_;
 };
 
@@ -155,19 +169,29 @@ TEST_P(HotKeysContract, RefuseAKeyThatDoesNotExist) {
     EXPECT_EQ(refused.ref, 0U);
 }
 
-TEST_P(HotKeysContract, RememberAKeyThatAnotherProgramHolds) {
+TEST_P(HotKeysContract, TellWhetherAnotherProgramHoldsAKey) {
     port().installHandler(kPressed, handler, &first_);
     rig_->takeByAnotherProgram(20);
-    EXPECT_FALSE(port().isTakenByAnotherProgram(20, kOption)); // nobody here wanted it
     const auto wanted = port().registerHotKey(20, kOption, {0, 1});
     EXPECT_EQ(wanted.status, kNoError);
     add(21, 2);
-    EXPECT_TRUE(rig_->eventually([&] { return port().isTakenByAnotherProgram(20, kOption); }));
-    EXPECT_FALSE(port().isTakenByAnotherProgram(21, kOption));
-    EXPECT_THAT(heardAfter(20, 0), IsEmpty());
-    EXPECT_THAT(heardAfter(21), ElementsAre("first2"));
-    port().unregisterHotKey(wanted.ref);
-    EXPECT_TRUE(rig_->eventually([&] { return !port().isTakenByAnotherProgram(20, kOption); }));
+    for (const bool isPressed : {false, true}) { // before they are grabbed, and after
+        EXPECT_TRUE(port().isTakenByAnotherProgram(20, kOption));
+        EXPECT_FALSE(port().isTakenByAnotherProgram(20, kOption | kShift));
+        EXPECT_FALSE(port().isTakenByAnotherProgram(21, kOption));
+        EXPECT_FALSE(port().isTakenByAnotherProgram(200, kOption));
+        EXPECT_THAT(heardAfter(20, 0), IsEmpty());
+        EXPECT_THAT(heardAfter(21), ElementsAre("first2")) << isPressed;
+    }
+    rig_->takeByAnotherProgram(22); // which nobody here wants, so nothing of ours is in the way
+    EXPECT_TRUE(port().isTakenByAnotherProgram(22, kOption));
+    rig_->letGoByAnotherProgram(22);
+    EXPECT_FALSE(port().isTakenByAnotherProgram(22, kOption));
+    rig_->takeByAnotherProgram(22); // being asked has let go of it
+    EXPECT_TRUE(port().isTakenByAnotherProgram(22, kOption));
+    rig_->letGoByAnotherProgram(20);
+    EXPECT_FALSE(port().isTakenByAnotherProgram(20, kOption));
+    EXPECT_THAT(heardAfter(20), ElementsAre("first1")); // it is ours since
 }
 
 class KeyboardLayoutContract : public testing::TestWithParam<const char*> {

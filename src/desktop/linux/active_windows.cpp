@@ -24,6 +24,7 @@ ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager,
       identity_(connection, std::move(ownBundleIdentifier)),
       rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE |
                                                                     XCB_EVENT_MASK_FOCUS_CHANGE)),
+      arrivals_(connection.onArrival([this](const auto& event) { noteArrival(event); })),
       events_(connection.onEvent([this](const auto& event) { handle(event); })),
       managerChanges_(manager.onChange([this] { update(); })) {
     update();
@@ -50,16 +51,17 @@ std::vector<xcb_window_t> ActiveWindows::windowsOf(ProcessId pid) {
     return identity_.windowsOf(pid, clients.numbers());
 }
 
-std::optional<xcb_window_t> ActiveWindows::windowBeforeOurs() {
+std::optional<ActiveWindows::WayBack> ActiveWindows::wayBack() {
     const auto active = readActiveWindow();
-    const bool isOursActive = active == kNoWindow ? isOurs(frontmost_) : pidOf(active) == getpid();
-    // The event of a change may still be under way, so what was frontmost counts too.
+    const bool isOursActive = active != kNoWindow && pidOf(active) == getpid();
+    // The events of a change may not have been handled yet, so what was frontmost counts too.
     const bool wasOursActive = isOurs(frontmost_);
-    if (!isOursActive && (!wasOursActive || (active_ != kNoWindow && isShown(active_)))) {
+    if (!isOursActive && !(wasOursActive && (active == kNoWindow || wentFirst_))) {
         return std::nullopt;
     }
-    const auto before = wasOursActive ? beforeOurs_ : lastOfOthers();
-    return before != kNoWindow && isShown(before) ? std::optional(before) : std::nullopt;
+    const WayBack way{isOursActive ? active : active_,
+                      wasOursActive ? beforeOurs_ : lastOfOthers()};
+    return way.to != kNoWindow && isShown(way.to) ? std::optional(way) : std::nullopt;
 }
 
 xcb_window_t ActiveWindows::lastOfOthers() const {
@@ -67,6 +69,17 @@ xcb_window_t ActiveWindows::lastOfOthers() const {
         return window.pid != getpid() && window.kind != Kind::kDock;
     });
     return found == windows_.end() ? kNoWindow : found->window;
+}
+
+void ActiveWindows::noteArrival(const xcb_generic_event_t& event) {
+    if (event.response_type == XCB_PROPERTY_NOTIFY) {
+        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+        changeArrived_ = changeArrived_ || (change.window == connection_.root() &&
+                                            change.atom == connection_.atoms()._NET_ACTIVE_WINDOW);
+    } else if (event.response_type == XCB_UNMAP_NOTIFY && active_ != kNoWindow &&
+               reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window == active_) {
+        wentFirst_ = !changeArrived_; // destroying a window unmaps it too
+    }
 }
 
 void ActiveWindows::handle(const xcb_generic_event_t& event) {
@@ -90,9 +103,14 @@ void ActiveWindows::handle(const xcb_generic_event_t& event) {
 
 void ActiveWindows::update() {
     const auto active = readActiveWindow();
-    if (active == kNoWindow || active == active_) {
+    if (active == kNoWindow) {
         return;
     }
+    changeArrived_ = false;
+    if (active == active_) {
+        return;
+    }
+    wentFirst_ = false;
     active_ = active;
     auto application = identity_.applicationOf(active);
     if (application.processIdentifier == getpid() && !isOurs(frontmost_)) {

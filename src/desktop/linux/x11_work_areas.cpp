@@ -68,17 +68,22 @@ Rect X11WorkAreas::workArea(DisplayId display) const {
 }
 
 std::vector<StrutPartial> X11WorkAreas::readStruts() const {
-    const auto& atoms = connection_.atoms();
+    XPropertyRequest clients(connection_, connection_.root(), connection_.atoms()._NET_CLIENT_LIST,
+                             kMaxClients);
+    const auto struts = strutsOf(clients.numbers());
+    // Some managers leave panels out of their list, such as i3.
+    return struts.empty() ? strutsOf(outerWindows()) : struts;
+}
+
+std::vector<StrutPartial> X11WorkAreas::strutsOf(const std::vector<xcb_window_t>& windows) const {
     std::deque<XPropertyRequest> partial;
     std::deque<XPropertyRequest> whole;
-    for (const auto client :
-         XPropertyRequest(connection_, connection_.root(), atoms._NET_CLIENT_LIST, kMaxClients)
-             .numbers()) {
-        partial.emplace_back(connection_, client, atoms._NET_WM_STRUT_PARTIAL);
-        whole.emplace_back(connection_, client, atoms._NET_WM_STRUT);
+    for (const auto window : windows) {
+        partial.emplace_back(connection_, window, connection_.atoms()._NET_WM_STRUT_PARTIAL);
+        whole.emplace_back(connection_, window, connection_.atoms()._NET_WM_STRUT);
     }
     std::vector<StrutPartial> struts;
-    for (std::size_t i = 0; i < partial.size(); ++i) {
+    for (std::size_t i = 0; i < windows.size(); ++i) {
         const auto exact = partial[i].numbers();
         const auto rough = whole[i].numbers();
         if (StrutPartial strut{}; exact.size() >= strut.size()) {
@@ -89,6 +94,27 @@ std::vector<StrutPartial> X11WorkAreas::readStruts() const {
         }
     }
     return struts;
+}
+
+std::vector<xcb_window_t> X11WorkAreas::outerWindows() const {
+    std::vector<xcb_window_t> parents{connection_.root()};
+    std::vector<xcb_window_t> found;
+    for (int depth = 0; depth < 2; ++depth) {
+        std::vector<xcb_query_tree_cookie_t> requests;
+        for (const auto parent : parents) {
+            requests.push_back(xcb_query_tree(connection_, parent));
+        }
+        parents.clear();
+        for (const auto& request : requests) {
+            if (const auto tree = connection_.reply(xcb_query_tree_reply, request)) {
+                const auto* first = xcb_query_tree_children(tree.get());
+                parents.insert(parents.end(), first, first + tree->children_len);
+            }
+        }
+        parents.resize(std::min<std::size_t>(parents.size(), kMaxClients));
+        found.insert(found.end(), parents.begin(), parents.end());
+    }
+    return found;
 }
 
 } // namespace panewright

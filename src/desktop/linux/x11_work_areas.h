@@ -19,7 +19,8 @@ using StrutPartial = std::array<std::uint32_t, 12>;
 /// behind that.
 Rect areaWithoutStruts(const Rect& display, Size screen, const std::vector<StrutPartial>& struts);
 
-/// The displays less the struts of the windows that the window manager manages.
+/// The displays less the struts of the windows that the window manager lists, of any if those have
+/// none.
 class X11WorkAreas : public WorkAreas {
 public:
     X11WorkAreas(XConnection& connection, const Displays& displays)
@@ -29,6 +30,9 @@ public:
 
 private:
     std::vector<StrutPartial> readStruts() const;
+    std::vector<StrutPartial> strutsOf(const std::vector<xcb_window_t>& windows) const;
+    /// The children of the root, which may be frames, and their children.
+    std::vector<xcb_window_t> outerWindows() const;
 
     XConnection& connection_;
     const Displays& displays_;

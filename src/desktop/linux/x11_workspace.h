@@ -26,17 +26,26 @@ public:
     void launchApplication(const std::string& /*bundlePath*/) override {}
 
 private:
+    void handle(const xcb_generic_event_t& event);
     std::vector<xcb_window_t> ownWindows();
     void bringNewWindowToFront();
+    void insistOnWayBack();
     void activate(xcb_window_t window);
 
     XConnection& connection_;
     ActiveWindows& activeWindows_;
     MainLoop& mainLoop_;
     ServerTime serverTime_;
-    /// While a window that is only about to be shown is waited for: those that were there before.
-    std::set<xcb_window_t> shownBefore_;
-    Registration wish_;
+    /// Windows of ours that are known to have been shown.
+    std::set<xcb_window_t> known_;
+    /// While a window that is about to be shown is waited for, and until one that was there
+    /// already is taken instead.
+    Registration newWindowWish_;
+    Registration knownWindowWish_;
+    /// While the keyboard's way back may still be crossed.
+    ActiveWindows::WayBack wayBack_;
+    int crossings_ = 0;
+    Registration wayBackWatch_;
     Registration rootSelection_;
     Registration events_;
 };

@@ -19,7 +19,7 @@ public:
              {std::pair{"org.example.Player", "Player"}, std::pair{"viewer", "Viewer"}}) {
             setContent(folder / (std::string(id) + ".desktop"),
                        std::string("[Desktop Entry]\nType=Application\nStartupWMClass=Show-") +
-                           name + "\nName=" + name + "\n");
+                           name + "\nName=" + name + "\nIcon=" + name + "-icon\n");
         }
         setenv("XDG_DATA_HOME", home_.path().c_str(), 1);
         rig.emplace(options);
@@ -87,6 +87,24 @@ TEST(ClientIdentity, IsThatOfTheDesktopEntryElseTheClass) {
         program.destroy(window);
         ASSERT_TRUE(identity.becomesFrontmost(plain, "Plain", "Plain"));
     }
+}
+
+TEST(ClientIdentity, LeadsToTheIcon) {
+    Identity identity;
+    ForeignProgram program(identity.rig->desktop.display(), "Viewer");
+    program.open(300, 200, false); // has no picture
+    identity.rig->desktop.x().setProperty(program.open(300, 200, false), "_NET_WM_ICON",
+                                          XCB_ATOM_CARDINAL, {1, 1, 0x80112233});
+    const auto pid = program.pid();
+    auto& icons = identity.rig->ports->icons;
+    const std::vector<IconPicture> picture{{1, 1, {0x80112233}}};
+    EXPECT_EQ(icons.iconOf({pid, "viewer", "Viewer"}).name, "Viewer-icon");
+    EXPECT_TRUE(identity.rig->eventually([&] {
+        return icons.iconOf({pid, std::nullopt, std::nullopt}).pictures == picture;
+    }));
+    const auto none = icons.iconOf({0, "missing", "Missing"});
+    EXPECT_EQ(none.name, "");
+    EXPECT_TRUE(none.pictures.empty());
 }
 
 TEST(ClientIdentity, IsOurOwnForTheWindowsOfThisProcess) {

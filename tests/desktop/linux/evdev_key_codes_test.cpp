@@ -1,5 +1,7 @@
 #include "desktop/linux/evdev_key_codes.h"
 
+#include "desktop/linux/evdev_native_key_codes.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <linux/input-event-codes.h>
@@ -31,6 +33,12 @@ TEST(EvdevKeyCodes, KnowTheOtherKeyboardsNamesOfAKey) {
     EXPECT_THAT(evdevCodesOf(102), ElementsAre(KEY_HANJA, KEY_MUHENKAN));
     EXPECT_EQ(virtualKeyCodeOf(KEY_HENKAN), 104);
     EXPECT_EQ(virtualKeyCodeOf(KEY_KPJPCOMMA), 95);
+}
+
+TEST(EvdevKeyCodes, AreEightLessThanThoseOfX) {
+    EXPECT_EQ(EvdevNativeKeyCodes().virtualKeyCode(38), 0); // A
+    EXPECT_EQ(EvdevNativeKeyCodes().virtualKeyCode(0), std::nullopt);
+    EXPECT_EQ(EvdevNativeKeyCodes().virtualKeyCode(7), std::nullopt);
 }
 
 TEST(EvdevKeyCodes, LeaveOutOnlyTheUnassignedOnes) {
