@@ -46,9 +46,12 @@ void QtStatusItem::show(const StatusItemLook& look,
                         std::function<void(const StatusItemClick&)> clicked) {
     look_ = look;
     clicked_ = std::move(clicked);
-    trayChanges_ = tray_.onChange([this] { lookForPanel(); });
-    watchNotifierHosts();
-    lookForPanel();
+    // After what is going on now: the hot keys go first.
+    QTimer::singleShot(0, this, [this] {
+        trayChanges_ = tray_.onChange([this] { lookForPanel(); });
+        watchNotifierHosts();
+        lookForPanel();
+    });
 }
 
 void QtStatusItem::watchNotifierHosts() {
