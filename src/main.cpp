@@ -11,9 +11,9 @@
 #include "desktop/qt/qt_application_icons.h"
 #include "desktop/qt/qt_main_loop.h"
 #include "desktop/qt/qt_menu_view.h"
-#include "desktop/qt/qt_popover_views.h"
 #include "desktop/qt/qt_status_item.h"
 #include "desktop/qt/qt_text_services.h"
+#include "desktop/qt/qt_views.h"
 #include "model/model.h"
 #include "model/store_lock.h"
 #include "shortcuts/carbon_event_manager.h"
@@ -84,7 +84,7 @@ int runOn(X11Desktop& desktop, MainLoop& mainLoop, const ProgramInformation& pro
     QtApplicationIcons icons(desktop.icons);
     QtStatusItem statusItem(desktop.tray);
     QtMenuView menuView;
-    QtPopoverViews popoverViews(desktop.nativeKeyCodes);
+    QtViews views(desktop.nativeKeyCodes);
     const SharedInstances shared(desktop.hotKeys, mainLoop, userDefaults, folders);
 
     const ActiveWindowPlacer::Services placing{
@@ -97,7 +97,7 @@ int runOn(X11Desktop& desktop, MainLoop& mainLoop, const ProgramInformation& pro
         ShortcutText(desktop.keyboardLayout, text),
     };
     AppDelegate delegate({{placing, loginItems, mainLoop, desktop.hotKeys, text, desktop.workAreas,
-                           icons, statusItem, menuView, popoverViews},
+                           icons, statusItem, menuView, views},
                           userDefaults,
                           crashReporter,
                           softwareUpdater});

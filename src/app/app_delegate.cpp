@@ -74,6 +74,25 @@ void AppDelegate::bringPrefsForward() {
     placing().workspace.launchApplication(kSystemPreferences);
 }
 
+void AppDelegate::settings() {
+    placing().tracking.trackEvent(kShowSettingsEvent);
+    if (!settings_) {
+        settings_ = makeSettings();
+    }
+    settings_->showWindow();
+    settings_->makeKeyAndOrderFront();
+    placing().workspace.bringThisApplicationToFront();
+}
+
+std::shared_ptr<Settings> AppDelegate::makeSettings() {
+    const auto& controller = services_.controller;
+    return Settings::create({placing().beeper, controller.hotKeys, services_.userDefaults,
+                             placing().workspace, placing().program, controller.text,
+                             placing().shortcutText, placing().tracking,
+                             statusItemController_->launchAgentStartupItem(), Model::instance(),
+                             *statusItemController_, controller.views});
+}
+
 void AppDelegate::runAtStartup() {
     const auto& item = statusItemController_->launchAgentStartupItem();
     const bool wasInstalled = item.isInstalled();

@@ -4,6 +4,7 @@
 #include "platform/crash_reporter.h"
 #include "platform/software_updater.h"
 #include "platform/user_defaults.h"
+#include "ui/settings.h"
 
 #include <memory>
 #include <optional>
@@ -47,6 +48,8 @@ public:
 
     // Actions of the menu.
     void bringPrefsForward();
+    /// Opens the settings window, which is made the first time.
+    void settings() override;
     void runAtStartup() override;
     void restoreWindowStates();
     void quit() override;
@@ -61,11 +64,13 @@ private:
     void setupAccessibility();
     void setupStatusItem();
     void setupSparkle();
+    std::shared_ptr<Settings> makeSettings();
     const ActiveWindowPlacer::Services& placing() const { return services_.controller.placing; }
 
     Services services_;
     std::optional<RunningApplication> frontMostAppBeforeRunning_;
     std::shared_ptr<StatusItemController> statusItemController_;
+    std::shared_ptr<Settings> settings_;
     Registration pendingPreferences_;
 };
 

@@ -7,6 +7,7 @@ class ApplicationActions {
 public:
     virtual ~ApplicationActions() = default;
 
+    virtual void settings() = 0;
     virtual void runAtStartup() = 0;
     virtual void quit() = 0;
     virtual void checkForUpdates() = 0;

@@ -36,9 +36,9 @@ StatusItemController::StatusItemController(const Services& services, Application
       tracking_(FocusTracking::create({services.placing.accessibility, services.placing.displays,
                                        services.placing.workspace, services.placing.program})),
       placer_(services.placing, *tracking_),
-      menu_(services.text,
-            {[this] { saveWindowPosition(); }, [this] { moveToNextDisplay(nullptr); },
-             [this] { actions_.runAtStartup(); }, [this] { actions_.quit(); }}) {}
+      menu_(services.text, {[this] { saveWindowPosition(); },
+                            [this] { moveToNextDisplay(nullptr); }, [this] { actions_.settings(); },
+                            [this] { actions_.runAtStartup(); }, [this] { actions_.quit(); }}) {}
 
 void StatusItemController::startStatusItem() {
     if (std::exchange(started_, true)) {
@@ -100,7 +100,7 @@ void StatusItemController::setupSavePopover() {
                                                [this] { return anchor(); }},
                          SaveShortcutViewController::Services{
                              placing.beeper, services_.hotKeys, services_.mainLoop, services_.text,
-                             placing.shortcutText, placing.tracking, services_.popoverViews, *this},
+                             placing.shortcutText, placing.tracking, services_.views, *this},
                          *tracking_);
 }
 

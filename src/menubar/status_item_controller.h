@@ -11,6 +11,7 @@
 #include "platform/status_item.h"
 #include "platform/work_areas.h"
 #include "services/launch_agent_startup_item.h"
+#include "ui/hot_key_refresh.h"
 #include "ui/window_state_saving.h"
 
 #include <memory>
@@ -29,6 +30,7 @@ class WindowState;
 /// only.
 class StatusItemController : public WindowStateApplier,
                              public WindowStateSaving,
+                             public HotKeyRefresh,
                              public std::enable_shared_from_this<StatusItemController> {
 public:
     /// All of it must outlive the controller.
@@ -42,7 +44,7 @@ public:
         ApplicationIcons& icons;
         StatusItem& statusItem;
         MenuView& menuView;
-        PopoverViewFactory& popoverViews;
+        ViewFactory& views;
     };
 
     static std::shared_ptr<StatusItemController> create(const Services& services,
@@ -64,9 +66,7 @@ public:
 
     void workspaceDidActiveApplication();
 
-    /// Installs the hot keys of all states that apply now, and the one that moves to the next
-    /// display, in place of those installed before.
-    void addEventHandlers();
+    void addEventHandlers() override;
 
     /// The sender is not used.
     void moveToNextDisplay(const std::shared_ptr<CarbonKeyEvent>& sender);

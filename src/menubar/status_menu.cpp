@@ -23,6 +23,7 @@ StatusMenu::StatusMenu(const TextServices& text, const Actions& actions)
     menu.items = {saveItem,
                   moveToNextDisplayItem,
                   MenuItem::separatorItem(),
+                  makeItem(text.localized("S&ettings…"), actions.settings),
                   startupItem,
                   MenuItem::separatorItem(),
                   makeItem(text.localized("&Quit Panewright"), actions.quit)};

@@ -13,6 +13,7 @@ struct StatusMenu {
     struct Actions {
         std::function<void()> saveWindowPosition;
         std::function<void()> moveToNextDisplay;
+        std::function<void()> settings;
         std::function<void()> runAtStartup;
         std::function<void()> quit;
     };

@@ -3,12 +3,9 @@
 #include "base/image.h"
 #include "ui/popover.h"
 
-#include <memory>
 #include <string>
 
 namespace panewright {
-
-class SaveShortcutViewController;
 
 /// What a popover shows for saving a window's frame. It passes what the user does on to its
 /// controller and decides nothing. Texts are UTF-8 and in the user's language.
@@ -42,16 +39,6 @@ public:
 
     /// What is to be said of the shortcut that the recorder shows; empty for nothing.
     virtual void setShortcutRemark(const std::string& text) = 0;
-};
-
-/// Makes the views of this layer, each when it is first needed.
-class PopoverViewFactory {
-public:
-    virtual ~PopoverViewFactory() = default;
-
-    /// The controller outlives the view.
-    virtual std::unique_ptr<SaveShortcutView>
-    makeSaveShortcutView(SaveShortcutViewController& controller) = 0;
 };
 
 } // namespace panewright

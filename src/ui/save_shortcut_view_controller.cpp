@@ -1,8 +1,9 @@
 #include "ui/save_shortcut_view_controller.h"
 
 #include "model/window_state.h"
-#include "shortcuts/carbon_event_manager.h"
 #include "shortcuts/virtual_key_codes.h"
+#include "ui/format_text.h"
+#include "ui/shortcut_remark.h"
 #include "ui/window_state_saving.h"
 
 namespace panewright {
@@ -13,12 +14,6 @@ using namespace std::chrono_literals;
 /// The tool tips follow the radio buttons only after the click is over.
 constexpr auto kTooltipDelay = 200ms;
 
-std::string withName(std::string text, const std::string& name) {
-    constexpr std::string_view kPlaceholder = "%@";
-    const auto place = text.find(kPlaceholder);
-    return place == std::string::npos ? text : text.replace(place, kPlaceholder.size(), name);
-}
-
 } // namespace
 
 std::shared_ptr<SaveShortcutViewController>
@@ -28,11 +23,7 @@ SaveShortcutViewController::create(const Services& services) {
 
 SaveShortcutViewController::SaveShortcutViewController(const Services& services)
     : services_(services), recorder_(services.shortcutText, services.beeper) {
-    const auto localized = [&](const std::string& label) {
-        return services_.text.localized(label.c_str());
-    };
-    recorder_.setDefaultLabel(localized(recorder_.defaultLabel()));
-    recorder_.setWaitingForKeysLabel(localized(recorder_.waitingForKeysLabel()));
+    localizeLabels(recorder_, services_.text);
 }
 
 void SaveShortcutViewController::loadViewSafely() {
@@ -49,7 +40,7 @@ void SaveShortcutViewController::viewDidLoad() {
 
 void SaveShortcutViewController::setApplicationName(const std::string& name) {
     appName_ = name;
-    view_->setForAppOnlyTitle(withName(services_.text.localized("Only active for %@"), name));
+    view_->setForAppOnlyTitle(textWith(services_.text.localized("Only active for %@"), name));
     updateTooltips();
 }
 
@@ -58,7 +49,7 @@ void SaveShortcutViewController::setApplicationImage(const ImagePtr& image) {
 }
 
 void SaveShortcutViewController::updateTooltips() {
-    view_->setForAppOnlyToolTip(withName(
+    view_->setForAppOnlyToolTip(textWith(
         services_.text.localized("The keyboard shortcut will only be active while %@ is active."),
         appName_));
     view_->setForAllApplicationsToolTip(
@@ -136,11 +127,7 @@ void SaveShortcutViewController::shortcutRecorderSetFlags(QFShortcutRecorder& /*
     if (windowState_) {
         windowState_->setKeyEvent(CarbonKeyEvent::carbonEventWithKeyCode(andKeyCode, flags));
     }
-    const bool isTaken = services_.hotKeys.isTakenByAnotherProgram(
-        andKeyCode,
-        static_cast<std::uint32_t>(CarbonEventManager::cocoaToCarbonModifierFlags(flags)));
-    view_->setShortcutRemark(
-        isTaken ? services_.text.localized("Another program uses this shortcut.") : "");
+    view_->setShortcutRemark(shortcutRemark(services_.hotKeys, services_.text, andKeyCode, flags));
 }
 
 void SaveShortcutViewController::shortcutRecorderDidClearFlags(QFShortcutRecorder& /*recorder*/,

@@ -8,7 +8,7 @@
 #include "platform/text_services.h"
 #include "services/tracking.h"
 #include "shortcuts/qf_shortcut_recorder.h"
-#include "ui/save_shortcut_view.h"
+#include "ui/view_factory.h"
 
 #include <memory>
 #include <string>
@@ -34,7 +34,7 @@ public:
         const TextServices& text;
         ShortcutText shortcutText;
         Tracking tracking;
-        PopoverViewFactory& views;
+        ViewFactory& views;
         WindowStateSaving& saving;
     };
 

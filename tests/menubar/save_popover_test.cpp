@@ -26,8 +26,8 @@ protected:
         saveFromMenu();
     }
     MemoryDesktop& desktop() { return program_.desktop; }
-    MemorySaveShortcutView& view() { return *desktop().popoverViews.save; }
-    bool isShown() { return desktop().popoverViews.save && view().popover().isShown(); }
+    MemorySaveShortcutView& view() { return *desktop().views.save; }
+    bool isShown() { return desktop().views.save && view().popover().isShown(); }
     const WindowState& pending() { return *view().controller().windowState(); }
 
     void saveFromMenu() {

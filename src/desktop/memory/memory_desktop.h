@@ -7,7 +7,7 @@
 #include "desktop/memory/memory_keyboard_layout.h"
 #include "desktop/memory/memory_main_loop.h"
 #include "desktop/memory/memory_native_key_codes.h"
-#include "desktop/memory/memory_popover_views.h"
+#include "desktop/memory/memory_views.h"
 #include "desktop/memory/memory_services.h"
 #include "desktop/memory/memory_status_item.h"
 #include "desktop/memory/memory_system_tray.h"
@@ -39,7 +39,7 @@ struct MemoryDesktop {
     MemorySystemTray tray{mainLoop};
     MemoryStatusItem statusItem;
     MemoryMenuView menuView;
-    MemoryPopoverViews popoverViews{windows, kOwnPid};
+    MemoryViews views{windows, kOwnPid};
     MemoryTextServices text;
     MemoryUserDefaults userDefaults;
     MemoryBeeper beeper;

@@ -77,6 +77,8 @@ public:
 class MemoryProgram : public ProgramInformation {
 public:
     std::string bundleIdentifier() const override { return "com.quillfen.Panewright"; }
+    std::string shortVersion() const override { return "1.2.8"; }
+    std::string buildVersion() const override { return "57"; }
     std::string executableName() const override { return "panewright"; }
     std::string executablePath() const override { return path; }
 

@@ -2,6 +2,7 @@
 
 #include "desktop/qt/qt_image.h"
 #include "desktop/qt/shortcut_recorder_widget.h"
+#include "desktop/qt/shortcut_remark_label.h"
 #include "ui/save_shortcut_view_controller.h"
 
 #include <QCheckBox>
@@ -79,11 +80,7 @@ void SaveShortcutWidget::addFields(QVBoxLayout& layout, const NativeKeyCodes& ke
     auto* recorder = new ShortcutRecorderWidget(controller_.shortcutRecorder(), keyCodes);
     recorder->setAccessibleName(tr("Shortcut"));
     form->addRow(tr("Shor&tcut:"), recorder);
-    remark_ = new QLabel;
-    remark_->setWordWrap(true);
-    remark_->setForegroundRole(QPalette::WindowText);
-    remark_->setStyleSheet("color: #a33a00");
-    remark_->hide();
+    remark_ = makeShortcutRemarkLabel();
     form->addRow(QString(), remark_);
 
     forAppOnly_ = new QRadioButton;
@@ -175,8 +172,7 @@ void SaveShortcutWidget::setPrefersDisplay(bool on) {
 }
 
 void SaveShortcutWidget::setShortcutRemark(const std::string& text) {
-    remark_->setText(QString::fromStdString(text));
-    remark_->setVisible(!text.empty());
+    showRemark(*remark_, text);
     window_.contentChanged();
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desktop/qt/popover_window.h"
-#include "ui/save_shortcut_view.h"
+#include "ui/save_shortcut_view_controller.h"
 
 class QCheckBox;
 class QLabel;

@@ -2,8 +2,9 @@
 
 #include "desktop/memory/memory_windows.h"
 #include "shortcuts/qf_shortcut_recorder.h"
-#include "ui/save_shortcut_view.h"
 #include "ui/save_shortcut_view_controller.h"
+#include "ui/settings.h"
+#include "ui/view_factory.h"
 
 #include <memory>
 #include <optional>
@@ -91,11 +92,44 @@ private:
     MemoryPopover popover_;
 };
 
-/// Keeps hold of the views that it made.
-class MemoryPopoverViews : public PopoverViewFactory {
+/// The settings window's controls, which a test fills in and reads.
+class MemorySettingsView : public SettingsView, public QFShortcutRecorderView {
 public:
-    MemoryPopoverViews(MemoryWindows& windows, ProcessId ownPid)
-        : windows_(windows), ownPid_(ownPid) {}
+    explicit MemorySettingsView(Settings& settings) : controller_(settings) {
+        controller_.shortcutRecorder().setView(this);
+    }
+    ~MemorySettingsView() override { controller_.shortcutRecorder().setView(nullptr); }
+    MemorySettingsView(const MemorySettingsView&) = delete;
+    MemorySettingsView& operator=(const MemorySettingsView&) = delete;
+
+    Settings& controller() { return controller_; }
+    void showWindow() override { ++timesShown; }
+    void makeKeyAndOrderFront() override {}
+    bool startupItem() const override { return startsAtLogin; }
+    void setStartupItem(bool on) override { startsAtLogin = on; }
+    bool allowMoveWindow() const override { return allowsMove; }
+    void setAllowMoveWindow(bool on) override { allowsMove = on; }
+    void setVersion(const std::string& text) override { version = text; }
+    void setShortcutRemark(const std::string& text) override { remark = text; }
+
+    bool isFirstResponder() const override { return true; }
+    void makeFirstResponder() override {}
+    void setNeedsDisplay() override {}
+
+    int timesShown = 0;
+    bool startsAtLogin = false;
+    bool allowsMove = false;
+    std::string version;
+    std::string remark;
+
+private:
+    Settings& controller_;
+};
+
+/// Keeps hold of the views that it made.
+class MemoryViews : public ViewFactory {
+public:
+    MemoryViews(MemoryWindows& windows, ProcessId ownPid) : windows_(windows), ownPid_(ownPid) {}
 
     std::unique_ptr<SaveShortcutView>
     makeSaveShortcutView(SaveShortcutViewController& controller) override {
@@ -103,9 +137,16 @@ public:
         save = view.get();
         return view;
     }
+    std::unique_ptr<SettingsView> makeSettingsView(Settings& controller) override {
+        auto view = std::make_unique<MemorySettingsView>(controller);
+        settings = view.get();
+        return view;
+    }
 
     /// Null until the popover was opened for the first time.
     MemorySaveShortcutView* save = nullptr;
+    /// Null until the window was opened for the first time.
+    MemorySettingsView* settings = nullptr;
 
 private:
     MemoryWindows& windows_;

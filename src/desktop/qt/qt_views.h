@@ -1,17 +1,18 @@
 #pragma once
 
 #include "platform/native_key_codes.h"
-#include "ui/save_shortcut_view.h"
+#include "ui/view_factory.h"
 
 namespace panewright {
 
-/// Popovers of Qt widgets.
-class QtPopoverViews : public PopoverViewFactory {
+/// Views of Qt widgets.
+class QtViews : public ViewFactory {
 public:
-    explicit QtPopoverViews(const NativeKeyCodes& keyCodes) : keyCodes_(keyCodes) {}
+    explicit QtViews(const NativeKeyCodes& keyCodes) : keyCodes_(keyCodes) {}
 
     std::unique_ptr<SaveShortcutView>
     makeSaveShortcutView(SaveShortcutViewController& controller) override;
+    std::unique_ptr<SettingsView> makeSettingsView(Settings& controller) override;
 
 private:
     const NativeKeyCodes& keyCodes_;
