@@ -95,6 +95,7 @@ TEST(ClientIdentity, LeadsToTheIcon) {
     program.open(300, 200, false); // has no picture
     identity.rig->desktop.x().setProperty(program.open(300, 200, false), "_NET_WM_ICON",
                                           XCB_ATOM_CARDINAL, {1, 1, 0x80112233});
+    identity.rig->desktop.x().synchronize();
     const auto pid = program.pid();
     auto& icons = identity.rig->ports->icons;
     const std::vector<IconPicture> picture{{1, 1, {0x80112233}}};
