@@ -92,7 +92,6 @@ TEST(ClientIdentity, IsThatOfTheDesktopEntryElseTheClass) {
 TEST(ClientIdentity, LeadsToTheIcon) {
     Identity identity;
     ForeignProgram program(identity.rig->desktop.display(), "Viewer");
-    program.open(300, 200, false); // has no picture
     identity.rig->desktop.x().setProperty(program.open(300, 200, false), "_NET_WM_ICON",
                                           XCB_ATOM_CARDINAL, {1, 1, 0x80112233});
     identity.rig->desktop.x().synchronize();
