@@ -121,7 +121,7 @@ private:
     }
 
     PrivateHome home_;
-    Desktop desktop_{{}, kOpenboxWithKey};
+    Desktop desktop_;
     XClient watcher_{desktop_.display()};
     TestClient window_{desktop_.display()};
     std::optional<ChildProcess> sxhkd_;

@@ -1,14 +1,11 @@
 #include "model/gzip.h"
 
-#include <gtest/gtest.h>
+#include "support/store_fixture.h"
+
 #include <zlib.h>
 
 namespace panewright {
 namespace {
-
-Bytes bytes(const std::string& text) {
-    return Bytes(text.begin(), text.end());
-}
 
 Bytes noise(std::size_t size) {
     Bytes data(size);
@@ -30,19 +27,10 @@ TEST(Gzip, GivesBackDataOfAnySize) {
             EXPECT_EQ(gunzippedData(*gzipped), data) << size;
         }
     }
-}
-
-TEST(Gzip, GivesNilForEmptyData) {
-    EXPECT_EQ(gzippedData({}), std::nullopt);
-    EXPECT_EQ(gunzippedData({}), std::nullopt);
-}
-
-TEST(Gzip, ClampsTheLevel) {
-    const Bytes data =
-        bytes(std::string(3000, 'x') + "the quick brown fox jumps over the lazy dog");
-    EXPECT_EQ(gzippedData(data, 12), gzippedData(data, 9));
-    EXPECT_EQ(gzippedData(data, -5), gzippedData(data, -1));
-    EXPECT_NE(gzippedData(data, 0), gzippedData(data, 9));
+    const Bytes text = bytes(std::string(3000, 'x') + "the quick brown fox");
+    EXPECT_EQ(gzippedData(text, 12), gzippedData(text, 9));
+    EXPECT_EQ(gzippedData(text, -5), gzippedData(text, -1));
+    EXPECT_NE(gzippedData(text, 0), gzippedData(text, 9));
 }
 
 TEST(Gzip, ReadsZlibStreamsToo) {
@@ -54,21 +42,19 @@ TEST(Gzip, ReadsZlibStreamsToo) {
     EXPECT_EQ(gunzippedData(zlib), data);
 }
 
-TEST(Gzip, GivesNilForWhatIsNotCompressedOrNotWhole) {
-    EXPECT_EQ(gunzippedData(bytes("bplist00 not compressed")), std::nullopt);
-    Bytes gzipped = *gzippedData(noise(1000));
-    gzipped.pop_back();
-    EXPECT_EQ(gunzippedData(gzipped), std::nullopt);
-    gzipped.resize(1);
-    EXPECT_EQ(gunzippedData(gzipped), std::nullopt);
-    Bytes damaged = *gzippedData(noise(1000));
+TEST(Gzip, GivesNilForWhatIsEmptyOrNotCompressedOrNotWhole) {
+    const Bytes whole = *gzippedData(noise(1000));
+    Bytes damaged = whole;
     damaged[500] ^= 1;
-    EXPECT_EQ(gunzippedData(damaged), std::nullopt);
+    for (const Bytes& data : {Bytes(), bytes("bplist00 not compressed"), damaged,
+                              Bytes(whole.begin(), whole.end() - 1), Bytes(1, 0x1F)}) {
+        EXPECT_EQ(gunzippedData(data), std::nullopt) << data.size();
+    }
+    EXPECT_EQ(gzippedData({}), std::nullopt);
 }
 
 TEST(Gzip, RefusesToInflateWithoutEnd) {
     const auto largest = gzippedData(Bytes(kMaxGunzippedSize, 0), 9);
-    EXPECT_LT(largest->size(), std::size_t{100'000});
     EXPECT_EQ(gunzippedData(*largest)->size(), kMaxGunzippedSize);
     EXPECT_EQ(gunzippedData(*gzippedData(Bytes(kMaxGunzippedSize + 1, 0), 9)), std::nullopt);
 }

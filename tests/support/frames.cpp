@@ -1,9 +1,6 @@
 #include "support/frames.h"
 
-#include "support/eventually.h"
-
 #include <algorithm>
-#include <ostream>
 #include <stdexcept>
 
 namespace panewright::test {
@@ -29,7 +26,7 @@ Frame borderedFrame(const XClient& x, xcb_window_t window) {
     if (!geometry || !origin) {
         return {};
     }
-    const int border = geometry->border_width;
+    const double border = geometry->border_width;
     return {origin->dst_x - border, origin->dst_y - border, geometry->width + 2 * border,
             geometry->height + 2 * border};
 }
@@ -46,11 +43,6 @@ xcb_window_t outermostAncestor(const XClient& x, xcb_window_t window) {
 }
 
 } // namespace
-
-std::ostream& operator<<(std::ostream& stream, const Frame& frame) {
-    return stream << "(" << frame.x << ", " << frame.y << ", " << frame.width << ", "
-                  << frame.height << ")";
-}
 
 bool isManaged(const XClient& x) {
     const auto check = x.property(x.root(), "_NET_SUPPORTING_WM_CHECK");
@@ -79,9 +71,10 @@ Frame outerFrame(const XClient& x, xcb_window_t window) {
     };
 }
 
-Frame frameOnceItIs(const Frame& expected, const XClient& x, xcb_window_t window) {
+Frame frameOnceItIs(const Frame& expected, const XClient& x, xcb_window_t window,
+                    std::chrono::milliseconds timeout) {
     Frame frame;
-    eventually([&] { return (frame = outerFrame(x, window)) == expected; });
+    eventually([&] { return (frame = outerFrame(x, window)) == expected; }, timeout);
     return frame;
 }
 
@@ -109,8 +102,9 @@ void placeWindow(const XClient& x, xcb_window_t window, const Frame& frame) {
     constexpr std::uint32_t kPager = 2 << 12;
     const auto added = extents(x, window, "_NET_FRAME_EXTENTS");
     x.sendToWindowManager(window, "_NET_MOVERESIZE_WINDOW",
-                          {kNorthWest | kAllFour | kPager, static_cast<std::uint32_t>(frame.x),
-                           static_cast<std::uint32_t>(frame.y),
+                          {kNorthWest | kAllFour | kPager,
+                           static_cast<std::uint32_t>(static_cast<int>(frame.x)),
+                           static_cast<std::uint32_t>(static_cast<int>(frame.y)),
                            static_cast<std::uint32_t>(frame.width - added[0] - added[1]),
                            static_cast<std::uint32_t>(frame.height - added[2] - added[3])});
     if (frameOnceItIs(frame, x, window) != frame) {

@@ -2,24 +2,14 @@
 
 #include "support/frames.h"
 
-#include <csignal>
+#include <algorithm>
 #include <stdexcept>
-#include <string>
 #include <unistd.h>
 
 namespace panewright::test {
 namespace {
 
-// No key bindings, so that every key reaches the program under test.
 constexpr const char* kOpenboxConfiguration = R"(
-<openbox_config xmlns="http://openbox.org/3.4/rc">
-  <theme><name>Clearlooks</name></theme>
-  <keyboard/>
-</openbox_config>
-)";
-
-// One key binding: Alt+F5 does what the built-in state of Alt+2 does on 1600 by 900 pixels.
-constexpr const char* kOpenboxWithKeyConfiguration = R"(
 <openbox_config xmlns="http://openbox.org/3.4/rc">
   <theme><name>Clearlooks</name></theme>
   <keyboard>
@@ -40,37 +30,19 @@ for_window [class="^(?!Tiled$)"] floating enable
 
 struct Command {
     std::vector<std::string> arguments;
-    bool needsBus = false;
+    bool needsBus = true;
+    bool answersProbes = true;
 };
-
-Command commandLine(std::string_view name, const PrivateHome& home) {
-    if (name == "openbox" || name == kOpenboxWithKey) {
-        const auto* configuration =
-            name == "openbox" ? kOpenboxConfiguration : kOpenboxWithKeyConfiguration;
-        return {{"openbox", "--sm-disable", "--replace", "--config-file",
-                 home.write("openbox.xml", configuration)}};
-    }
-    if (name == "i3") {
-        return {{"i3", "--replace", "-c", home.write("i3.conf", kI3Configuration)}};
-    }
-    if (name == "xfwm4") {
-        // With its compositor, programs that draw their own frames draw shadows around them.
-        return {{"xfwm4", "--sm-client-disable", "--replace", "--compositor=on"}, true};
-    }
-    if (name == "marco") {
-        return {{"marco", "--sm-disable", "--replace", "--no-composite"}, true};
-    }
-    if (name == "metacity") {
-        return {{"metacity", "--sm-disable", "--replace"}, true};
-    }
-    if (name == "kwin_x11") {
-        return {{"kwin_x11", "--replace", "--no-kactivities"}, true};
-    }
-    if (name == "mutter") {
-        return {{"mutter", "--x11", "--sm-disable", "--replace"}, true};
-    }
-    throw std::runtime_error("no command line for the window manager " + std::string(name));
-}
+const std::vector<Command> kCommands{
+    {{"openbox", "--sm-disable", "--replace"}, false},
+    {{"i3", "--replace"}, false},
+    // With its compositor, programs that draw their own frames draw shadows around them.
+    {{"xfwm4", "--sm-client-disable", "--replace", "--compositor=on"}},
+    {{"marco", "--sm-disable", "--replace", "--no-composite"}},
+    {{"metacity", "--sm-disable", "--replace"}},
+    {{"mutter", "--x11", "--sm-disable", "--replace"}},
+    {{"kwin_x11", "--replace", "--no-kactivities"}, true, false},
+};
 
 /// A window of ours, never mapped, whose frame the manager is asked for. A manager that has just
 /// taken charge may still lose what it is asked for before its first event: only one that answers
@@ -101,41 +73,38 @@ private:
 } // namespace
 
 WindowManager::WindowManager(std::string_view name, const XClient& x, const PrivateHome& home,
-                             const Environment& environment) {
-    const auto command = commandLine(name, home);
-    Environment own = environment;
-    own["GSETTINGS_BACKEND"] = "memory"; // never the user's settings
-    if (command.needsBus) {
-        bus_ = std::make_unique<SessionBus>(own);
-        own["DBUS_SESSION_BUS_ADDRESS"] = bus_->address();
+                             Environment environment) {
+    const auto command = std::ranges::find(
+        kCommands, name, [](const Command& listed) { return listed.arguments.front(); });
+    home.write("config/openbox/rc.xml", kOpenboxConfiguration);
+    home.write("config/i3/config", kI3Configuration);
+    environment["GSETTINGS_BACKEND"] = "memory"; // never the user's settings
+    if (command->needsBus) {
+        bus_ = std::make_unique<ChildProcess>(std::vector<std::string>{"dbus-daemon", "--session",
+                                                                       "--nofork", "--nosyslog",
+                                                                       "--print-address=1"},
+                                              environment);
+        environment["DBUS_SESSION_BUS_ADDRESS"] = bus_->firstLine();
     }
     const auto before = x.property(x.root(), "_NET_SUPPORTING_WM_CHECK");
     const bool replaces =
         !before.empty() && !x.property(before[0], "_NET_SUPPORTING_WM_CHECK").empty();
-    process_ = std::make_unique<ChildProcess>(command.arguments, own);
+    process_ = std::make_unique<ChildProcess>(command->arguments, environment);
     const Probe probe(x);
-    const bool answersProbes = name != "kwin_x11"; // only for windows that it manages
+    const auto isReady = [&] {
+        return (!replaces || x.property(x.root(), "_NET_SUPPORTING_WM_CHECK") != before) &&
+               (command->answersProbes ? probe.isAnswered() : isManaged(x));
+    };
     constexpr std::chrono::seconds kSlowestStart{15};
-    const bool ready = eventually(
-        [&] {
-            return hasEnded() ||
-                   ((!replaces || x.property(x.root(), "_NET_SUPPORTING_WM_CHECK") != before) &&
-                    (answersProbes ? probe.isAnswered() : isManaged(x)));
-        },
-        kSlowestStart);
-    if (!ready || hasEnded()) {
-        throw std::runtime_error(std::string(name) +
+    eventually([&] { return process_->exitStatus() || isReady(); }, kSlowestStart);
+    if (process_->exitStatus() || !isReady()) {
+        throw std::runtime_error(command->arguments.front() +
                                  " does not start: " + process_->standardError());
     }
 }
 
 bool WindowManager::isInstalled(std::string_view name) {
     return access(("/usr/bin/" + std::string(name)).c_str(), X_OK) == 0;
-}
-
-void WindowManager::kill() {
-    process_->sendSignal(SIGKILL);
-    process_->waitForEnd();
 }
 
 } // namespace panewright::test

@@ -10,7 +10,6 @@ namespace panewright {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 TEST(EvdevKeyCodes, NameThePhysicalKeys) {
     const std::pair<std::uint16_t, std::uint32_t> keys[] = {
@@ -22,21 +21,17 @@ TEST(EvdevKeyCodes, NameThePhysicalKeys) {
     };
     for (const auto& [virtualKeyCode, evdevCode] : keys) {
         EXPECT_THAT(evdevCodesOf(virtualKeyCode), ElementsAre(evdevCode)) << virtualKeyCode;
-        EXPECT_EQ(virtualKeyCodeOf(evdevCode), virtualKeyCode) << evdevCode;
     }
-}
-
-TEST(EvdevKeyCodes, KnowTheOtherKeyboardsNamesOfAKey) {
+    // Keyboards name some keys differently.
     EXPECT_THAT(evdevCodesOf(114), ElementsAre(KEY_INSERT, KEY_HELP));
     EXPECT_THAT(evdevCodesOf(102), ElementsAre(KEY_HANJA, KEY_MUHENKAN));
-    EXPECT_EQ(virtualKeyCodeOf(KEY_HENKAN), 104);
     EXPECT_EQ(virtualKeyCodeOf(KEY_KPJPCOMMA), 95);
 }
 
 TEST(EvdevKeyCodes, LeaveOutOnlyTheUnassignedOnes) {
     std::set<std::uint32_t> unassigned;
     std::set<std::uint32_t> seen;
-    for (std::uint16_t code = 0; code <= 127; ++code) {
+    for (std::uint16_t code = 0; code <= 128; ++code) {
         if (evdevCodesOf(code).empty()) {
             unassigned.insert(code);
         }
@@ -45,10 +40,8 @@ TEST(EvdevKeyCodes, LeaveOutOnlyTheUnassignedOnes) {
             EXPECT_EQ(virtualKeyCodeOf(evdevCode), code);
         }
     }
-    EXPECT_THAT(unassigned, ElementsAre(52, 66, 68, 70, 77, 108, 112, 127));
-    EXPECT_THAT(evdevCodesOf(128), IsEmpty());
-    for (const std::uint32_t code : {KEY_RESERVED, KEY_SYSRQ, KEY_SCROLLLOCK, KEY_PAUSE, KEY_F21,
-                                     KEY_F24, KEY_PLAYPAUSE, KEY_NEXTSONG}) {
+    EXPECT_THAT(unassigned, ElementsAre(52, 66, 68, 70, 77, 108, 112, 127, 128));
+    for (const std::uint32_t code : {KEY_RESERVED, KEY_PAUSE, KEY_F21, KEY_PLAYPAUSE}) {
         EXPECT_EQ(virtualKeyCodeOf(code), std::nullopt) << code;
     }
 }

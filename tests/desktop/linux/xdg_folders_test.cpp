@@ -1,5 +1,7 @@
 #include "desktop/linux/xdg_folders.h"
 
+#include "support/temporary_folder.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -13,26 +15,39 @@ TEST(XdgFolders, FollowTheEnvironmentWhereItNamesAbsolutePaths) {
         const char* home;
         const char* dataHome;
         Path expected;
-    } cases[] = {{"/home/ada", nullptr, "/home/ada/.local/share"},
-                 {"/home/ada", "", "/home/ada/.local/share"},
-                 {"/home/ada", "data", "/home/ada/.local/share"},
-                 {"/home/ada", "/data", "/data"},
+    } cases[] = {{"/home/ada", "/data", "/data"},
                  {nullptr, "/data", "/data"},
                  {nullptr, nullptr, std::nullopt},
-                 {"ada", nullptr, std::nullopt}};
+                 {"ada", nullptr, std::nullopt},
+                 {"/home/ada", "", "/home/ada/.local/share"},
+                 {"/home/ada", "data", "/home/ada/.local/share"},
+                 {"/home/ada", nullptr, "/home/ada/.local/share"}};
     const auto set = [](const char* name, const char* value) {
         value ? ::setenv(name, value, 1) : ::unsetenv(name);
     };
-    const std::string home = std::getenv("HOME") ? std::getenv("HOME") : "/";
-    for (const auto& test : cases) {
-        set("HOME", test.home);
-        set("XDG_DATA_HOME", test.dataHome);
-        EXPECT_EQ(xdgDataHome(), test.expected);
+    for (const auto& [home, dataHome, expected] : cases) {
+        set("HOME", home);
+        set("XDG_DATA_HOME", dataHome);
+        EXPECT_EQ(xdgDataHome(), expected);
     }
-    EXPECT_FALSE(XdgFolders().applicationSupportDirectory());
-    set("HOME", home.c_str());
     ::unsetenv("XDG_CONFIG_HOME");
-    EXPECT_EQ(xdgConfigHome(), std::filesystem::path(home) / ".config");
+    EXPECT_EQ(xdgConfigHome(), "/home/ada/.config");
+}
+
+TEST(XdgFolders, AreCreatedOrSayWhyTheyCannotBe) {
+    const TemporaryFolder temporary;
+    const std::filesystem::path folder = temporary.path() / "not/yet/there";
+    ::setenv("XDG_DATA_HOME", folder.c_str(), 1);
+    const XdgFolders folders;
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_EQ(folders.applicationSupportDirectory().value(), folder);
+        EXPECT_FALSE(folders.createDirectory(folder / "below"));
+    }
+    EXPECT_EQ(modeOf(folder / "below"), 0700);
+    setContent(folder / "file", "");
+    const auto error = folders.createDirectory(folder / "file/below");
+    ASSERT_TRUE(error);
+    EXPECT_NE(error->message, "");
 }
 
 } // namespace
