@@ -3,7 +3,6 @@
 #include "support/launched_program.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace panewright {
 namespace {

@@ -5,7 +5,6 @@
 #include "archive/plist_node.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <limits>
 

@@ -6,7 +6,6 @@
 #include "desktop/memory/memory_keyboard_layout.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <linux/input-event-codes.h>
 
 namespace panewright {

@@ -6,7 +6,6 @@
 #include <QCoreApplication>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <memory>
 #include <thread>

@@ -4,7 +4,6 @@
 #include "desktop/memory/memory_desktop.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <limits>
 #include <map>

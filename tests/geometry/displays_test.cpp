@@ -3,7 +3,6 @@
 #include "support/print_geometry.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace panewright {
 namespace {

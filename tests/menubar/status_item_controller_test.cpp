@@ -30,7 +30,7 @@ protected:
         desktop_.displays.setDisplays({{.id = 1, .bounds = kLeft},
                                        {.id = 2, .bounds = kMiddle},
                                        {.id = 3, .bounds = kRight}});
-        desktop_.keyboardLayout.setKeys({{kNextKey, "n"}});
+        desktop_.keyboardLayout.setKeys({{kNextKey, "n"}, {18, "1"}});
         desktop_.userDefaults.setObject("MoveToNextWindowKeyEventKeyCode", std::int64_t{kNextKey});
         desktop_.userDefaults.setObject("MoveToNextWindowKeyEventKeyModifiers",
                                         std::int64_t{0x80000});
@@ -51,6 +51,7 @@ protected:
         EXPECT_EQ(tracking.windowRect(), frame);
         EXPECT_EQ(tracking.currentDisplay()->displayId(), display);
     }
+    /// The names of the usage events since the last call.
     std::vector<std::string> takeEvents() {
         std::vector<std::string> names;
         for (const auto& event : std::exchange(desktop_.analytics.events, {})) {
@@ -79,6 +80,16 @@ TEST_F(StatusItemControllerTest, LetsTheApplicationWinOverGlobalAndBuiltInStates
     desktop_.windows.activateWindow(window_);
     desktop_.windows.setFrame(window_, kStart);
     EXPECT_EQ(frameAfter(18), own);
+    EventAttributes expected{{"IsDefault", 0},           {"IsGlobal", 0},
+                             {"PrefersDisplay", 0},      {"WindowStateName", "Mine"},
+                             {"AppBundleId", kEditorId}, {"AppName", kEditorId},
+                             {"KeyboardShortcut", "⌥1"}};
+    EXPECT_EQ(desktop_.analytics.events.back().attributes, expected);
+    desktop_.keyboardLayout.setBroken(true);
+    expected["KeyboardShortcut"] = "Exception";
+    frameAfter(18);
+    EXPECT_EQ(desktop_.analytics.events.back().attributes, expected);
+    desktop_.keyboardLayout.setBroken(false);
     takeEvents();
     controller().removeWindowState(editorState);
     EXPECT_EQ(frameAfter(18), global);
@@ -132,23 +143,13 @@ TEST_F(StatusItemControllerTest, AsksForPermissionAndComesForwardWithoutIt) {
 
 TEST_F(StatusItemControllerTest, AppliesStatesByName) {
     program_.addState("Mine", true, kTerminalId, 40, {2, 2, 300, 200});
-    const struct {
-        const char* name;
-        std::optional<std::string> application;
-        bool found;
-    } cases[] = {{"Centered Large", std::nullopt, true},
-                 {"centered large", std::nullopt, false},
-                 {"Mine", kEditorId, false},
-                 {"Mine", kTerminalId, true},
-                 {"Mine", std::nullopt, true}};
-    for (const auto& [name, application, found] : cases) {
-        desktop_.windows.setFrame(window_, kStart);
-        EXPECT_EQ(application ? controller().applyWindowStateNamed(name, *application)
-                              : controller().applyWindowStateNamed(name),
-                  found)
-            << name;
-        EXPECT_EQ(frame() != kStart, found) << name;
-    }
+    EXPECT_FALSE(controller().applyWindowStateNamed("mine"));
+    EXPECT_FALSE(controller().applyWindowStateNamed("Mine", kEditorId));
+    EXPECT_EQ(frame(), kStart);
+    EXPECT_TRUE(controller().applyWindowStateNamed("Mine", kTerminalId));
+    EXPECT_EQ(frame(), (Rect{2, 2, 300, 200}));
+    EXPECT_TRUE(controller().applyWindowStateNamed("Full Screen"));
+    EXPECT_EQ(frame(), kLeft);
 }
 
 TEST_F(StatusItemControllerTest, MovesOnWhenAStateIsInEffectAndTheUserAllowsIt) {

@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <csignal>
 #include <random>
+#include <set>
 #include <thread>
 
 namespace panewright {
@@ -80,7 +81,17 @@ protected:
         model_->setWindowStates(makeStates(kStates, name));
         save(*model_);
     }
-    std::string nameOnDisk() const { return commonName(statesOnDisk(), kStates); }
+    /// The name that all states have, empty unless they are all there and have one.
+    std::string nameOnDisk() const {
+        std::multiset<std::string> names;
+        for (const auto& [key, array] : statesOnDisk().value_or(WindowStates())) {
+            for (const auto& state : *array) {
+                names.insert(state->windowStateName().value_or(""));
+            }
+        }
+        const std::string first = names.empty() ? "" : *names.begin();
+        return names.size() == kStates && names.count(first) == kStates ? first : "";
+    }
 
     CapturedLog log_;
     std::unique_ptr<Model> model_ = makeModel();

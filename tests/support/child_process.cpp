@@ -85,7 +85,7 @@ std::string ChildProcess::firstLine() {
     std::size_t end = std::string::npos;
     eventually([&] {
         end = standardOutput().find('\n');
-        return end != std::string::npos || exitStatus().has_value();
+        return end != std::string::npos || exitStatus();
     });
     if (end == std::string::npos) {
         throw std::runtime_error("a program does not start: " + standardError());
@@ -95,11 +95,9 @@ std::string ChildProcess::firstLine() {
 
 bool ChildProcess::waitForErrorLine(std::string_view start) {
     const auto hasLine = [&] {
-        const std::string text = "\n" + standardError();
-        const std::size_t found = text.find("\n" + std::string(start));
-        return found != std::string::npos && text.find('\n', found + 1) != std::string::npos;
+        return ("\n" + standardError()).find("\n" + std::string(start)) != std::string::npos;
     };
-    eventually([&] { return hasLine() || exitStatus().has_value(); });
+    eventually([&] { return hasLine() || exitStatus(); });
     return hasLine();
 }
 

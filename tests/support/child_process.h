@@ -35,7 +35,7 @@ public:
 
     /// Waits for the first line on standard output; throws when there is none.
     std::string firstLine();
-    /// Waits for a whole line on standard error that starts so; false when the program ends first.
+    /// Waits for a line on standard error that starts so; false when the program ends first.
     bool waitForErrorLine(std::string_view start);
 
 private:

@@ -6,13 +6,16 @@
 namespace panewright::test {
 namespace {
 
+bool contains(const std::vector<std::uint32_t>& atoms, xcb_atom_t atom) {
+    return std::ranges::find(atoms, atom) != atoms.end();
+}
+
 /// Left, right, top, bottom.
 std::array<int, 4> extents(const XClient& x, xcb_window_t window, std::string_view property) {
-    const std::vector<std::uint32_t> values = x.property(window, property);
+    std::vector<std::uint32_t> values = x.property(window, property);
+    values.resize(4);
     std::array<int, 4> extents{};
-    for (std::size_t i = 0; i < extents.size() && values.size() == extents.size(); ++i) {
-        extents.at(i) = static_cast<int>(values.at(i));
-    }
+    std::ranges::copy(values, extents.begin());
     return extents;
 }
 
@@ -50,8 +53,7 @@ bool isManaged(const XClient& x) {
 }
 
 bool tellsFrameExtents(const XClient& x) {
-    const auto supported = x.property(x.root(), "_NET_SUPPORTED");
-    return std::ranges::find(supported, x.atom("_NET_FRAME_EXTENTS")) != supported.end();
+    return contains(x.property(x.root(), "_NET_SUPPORTED"), x.atom("_NET_FRAME_EXTENTS"));
 }
 
 Frame outerFrame(const XClient& x, xcb_window_t window) {
@@ -79,18 +81,14 @@ Frame frameOnceItIs(const Frame& expected, const XClient& x, xcb_window_t window
 }
 
 void addStates(const XClient& x, xcb_window_t window, const std::vector<std::string>& states) {
-    const auto contains = [](const std::vector<std::uint32_t>& atoms, xcb_atom_t atom) {
-        return std::ranges::find(atoms, atom) != atoms.end();
-    };
     constexpr std::uint32_t kAdd = 1;
     constexpr std::uint32_t kPager = 2;
     const auto supported = x.property(x.root(), "_NET_SUPPORTED");
-    const auto first = x.atom(states.front());
-    const xcb_atom_t second = states.size() > 1 ? x.atom(states.back()) : xcb_atom_t{};
-    x.sendToWindowManager(window, "_NET_WM_STATE", {kAdd, first, second, kPager});
-    for (const auto atom : {first, second}) {
-        if (contains(supported, atom) &&
-            !eventually([&] { return contains(x.property(window, "_NET_WM_STATE"), atom); })) {
+    const std::array<xcb_atom_t, 2> atoms{x.atom(states.front()), x.atom(states.back())};
+    x.sendToWindowManager(window, "_NET_WM_STATE", {kAdd, atoms[0], atoms[1], kPager});
+    for (const auto atom : atoms) {
+        const auto isSet = [&] { return contains(x.property(window, "_NET_WM_STATE"), atom); };
+        if (contains(supported, atom) && !eventually(isSet)) {
             throw std::runtime_error("the window manager does not set " + states.front());
         }
     }

@@ -7,7 +7,6 @@
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <memory>
 #include <string>
@@ -58,21 +57,6 @@ protected:
             array->push_back(makeState(app, name));
         }
         return states;
-    }
-
-    /// The name that all states have, empty unless there are so many and they have one.
-    static std::string commonName(const std::optional<WindowStates>& states, std::size_t count) {
-        std::string name;
-        std::size_t found = 0;
-        for (const auto& [key, array] : states.value_or(WindowStates())) {
-            for (const auto& state : *array) {
-                if (found++ > 0 && state->windowStateName() != name) {
-                    return "";
-                }
-                name = state->windowStateName().value_or("");
-            }
-        }
-        return found == count ? name : "";
     }
 };
 

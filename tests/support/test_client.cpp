@@ -90,9 +90,4 @@ int TestClient::keyPresses() {
     return keyPresses_;
 }
 
-void TestClient::destroy() const {
-    xcb_destroy_window(x_.connection(), window_);
-    xcb_flush(x_.connection());
-}
-
 } // namespace panewright::test

@@ -44,15 +44,8 @@ public:
     /// Takes the input focus, without asking a window manager.
     void takeFocus() const;
 
-    /// How many key presses have come to the window, or through a key that this client grabbed.
+    /// How many key presses have come to the window.
     int keyPresses();
-
-    bool grabKey(std::uint16_t modifiers, xcb_keycode_t key) const {
-        return x_.grabKey(modifiers, key);
-    }
-
-    /// Sends the request and does not wait.
-    void destroy() const;
 
 private:
     void setHints(const Options& options) const;

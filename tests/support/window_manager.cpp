@@ -44,32 +44,6 @@ const std::vector<Command> kCommands{
     {{"kwin_x11", "--replace", "--no-kactivities"}, true, false},
 };
 
-/// A window of ours, never mapped, whose frame the manager is asked for. A manager that has just
-/// taken charge may still lose what it is asked for before its first event: only one that answers
-/// is ready.
-class Probe {
-public:
-    explicit Probe(const XClient& x) : x_(x), window_(xcb_generate_id(x.connection())) {
-        xcb_create_window(x_.connection(), XCB_COPY_FROM_PARENT, window_, x_.root(), 0, 0, 1, 1, 0,
-                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
-    }
-    ~Probe() { xcb_destroy_window(x_.connection(), window_); }
-    Probe(const Probe&) = delete;
-    Probe& operator=(const Probe&) = delete;
-
-    bool isAnswered() const {
-        if (x_.property(x_.root(), "_NET_SUPPORTING_WM_CHECK").empty()) {
-            return false;
-        }
-        x_.sendToWindowManager(window_, "_NET_REQUEST_FRAME_EXTENTS", {});
-        return !x_.property(window_, "_NET_FRAME_EXTENTS").empty();
-    }
-
-private:
-    const XClient& x_;
-    xcb_window_t window_;
-};
-
 } // namespace
 
 WindowManager::WindowManager(std::string_view name, const XClient& x, const PrivateHome& home,
@@ -90,10 +64,22 @@ WindowManager::WindowManager(std::string_view name, const XClient& x, const Priv
     const bool replaces =
         !before.empty() && !x.property(before[0], "_NET_SUPPORTING_WM_CHECK").empty();
     process_ = std::make_unique<ChildProcess>(command->arguments, environment);
-    const Probe probe(x);
+    // A window of ours, never mapped, whose frame the manager is asked for. A manager that has just
+    // taken charge may still lose what it is asked for before its first event: only one that
+    // answers is ready.
+    const auto probe = xcb_generate_id(x.connection());
+    xcb_create_window(x.connection(), XCB_COPY_FROM_PARENT, probe, x.root(), 0, 0, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
     const auto isReady = [&] {
-        return (!replaces || x.property(x.root(), "_NET_SUPPORTING_WM_CHECK") != before) &&
-               (command->answersProbes ? probe.isAnswered() : isManaged(x));
+        const auto check = x.property(x.root(), "_NET_SUPPORTING_WM_CHECK");
+        if (check.empty() || (replaces && check == before)) {
+            return false;
+        }
+        if (!command->answersProbes) {
+            return isManaged(x);
+        }
+        x.sendToWindowManager(probe, "_NET_REQUEST_FRAME_EXTENTS", {});
+        return !x.property(probe, "_NET_FRAME_EXTENTS").empty();
     };
     constexpr std::chrono::seconds kSlowestStart{15};
     eventually([&] { return process_->exitStatus() || isReady(); }, kSlowestStart);

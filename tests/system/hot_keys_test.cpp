@@ -85,20 +85,5 @@ TEST_F(OneWindow, IsMovedOnceWhileTheKeyIsHeld) {
     desktop_.keyboard().release(KEY_A);
 }
 
-TEST(HotKeys, LeaveAKeyToTheProgramThatHoldsIt) {
-    const Desktop desktop;
-    TestClient holder(desktop.display());
-    ASSERT_TRUE(holder.grabKey(XCB_MOD_MASK_1, Keyboard::keycode(KEY_3)));
-    const TestClient window(desktop.display());
-    window.activate();
-    Program program(desktop);
-    expectAfter(KEY_2, kLarge, desktop, window.window());
-    expectAfter(KEY_3, kLarge, desktop, window.window());
-    EXPECT_TRUE(eventually([&] { return holder.keyPresses() == 1; }));
-    expectAfter(KEY_4, kSmall, desktop, window.window());
-    EXPECT_EQ(holder.keyPresses(), 1);
-    EXPECT_EQ(program->exitStatus(), std::nullopt);
-}
-
 } // namespace
 } // namespace panewright::test

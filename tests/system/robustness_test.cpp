@@ -1,6 +1,5 @@
 #include "system/program.h"
 
-#include <csignal>
 #include <fstream>
 #include <random>
 #include <thread>
@@ -131,22 +130,6 @@ TEST_F(Robustness, FollowsDisplaysThatAreRedefined) {
         expectAfter(KEY_2, i % 2 == 0 ? onTheLeft : kLarge, desktop_, client_.window(),
                     kLongestHang);
     });
-}
-
-TEST_F(Robustness, IsNotHeldUpByAProgramThatHangs) {
-    const ChildProcess terminal({"xterm", "-class", "Hung"}, desktop_.environment());
-    const auto windows = [&] {
-        return desktop_.x().property(desktop_.x().root(), "_NET_CLIENT_LIST");
-    };
-    ASSERT_TRUE(eventually([&] { return windows().size() == 2; }));
-    terminal.sendSignal(SIGSTOP);
-    desktop_.x().activate(windows().back());
-    ASSERT_TRUE(eventually([&] { return !client_.isActive(); }));
-    desktop_.keyboard().tap(KEY_LEFTALT, KEY_2);
-    client_.activate();
-    expectMove(0, client_);
-    expectMove(1, client_);
-    terminal.sendSignal(SIGCONT);
 }
 
 TEST_F(Robustness, SleepsWhileNothingHappens) {

@@ -2,7 +2,6 @@
 #include "desktop/linux/edid.h"
 
 #include <gmock/gmock.h>
-#include <xcb/randr.h>
 
 namespace panewright {
 namespace {
@@ -10,12 +9,9 @@ namespace {
 using namespace std::chrono_literals;
 using testing::ElementsAre;
 
-/// An EDID's head: a magic number, then maker, product and serial number.
-const std::vector<std::uint8_t> kEdidHead{0,    0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0,
-                                          0x10, 0xAC, 0x64, 0xA0, 0x4C, 0x37, 0x30, 0x31};
-
 TEST(Edid, GivesTheIdentityOfTheHardware) {
-    std::vector<std::uint8_t> block = kEdidHead;
+    std::vector<std::uint8_t> block{0,    0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0,
+                                    0x10, 0xAC, 0x64, 0xA0, 0x4C, 0x37, 0x30, 0x31};
     EXPECT_FALSE(parseEdid({}));
     EXPECT_FALSE(parseEdid(block)); // too short
     for (const std::size_t size : {128U, 256U}) {
@@ -77,25 +73,23 @@ TEST_F(RandrDisplaysTest, PutThePrimaryFirstElseTheOneAtTheOriginAndKeepTheLastO
     EXPECT_THAT(names(), ElementsAre("screen"));
 }
 
-TEST_F(RandrDisplaysTest, HaveTheIdentityOfTheHardware) {
-    const auto before = displays_.activeDisplays(1).front();
-    EXPECT_EQ(displays_.vendorNumber(before), 0U);
-    auto edid = kEdidHead;
-    edid.resize(128);
-    const auto& x = rig_.desktop.x();
-    const test::ReplyPointer<xcb_randr_get_screen_resources_reply_t> outputs(
-        xcb_randr_get_screen_resources_reply(
-            x.connection(), xcb_randr_get_screen_resources(x.connection(), x.root()), nullptr));
-    ASSERT_TRUE(outputs);
-    xcb_randr_change_output_property(x.connection(),
-                                     *xcb_randr_get_screen_resources_outputs(outputs.get()),
-                                     x.atom("EDID"), XCB_ATOM_INTEGER, 8, XCB_PROP_MODE_REPLACE,
-                                     static_cast<std::uint32_t>(edid.size()), edid.data());
-    x.synchronize();
-    const auto display = [&] { return displays_.activeDisplays(1).front(); };
-    EXPECT_TRUE(rig_.eventually([&] { return displays_.vendorNumber(display()) == 0x10AC; }));
-    EXPECT_EQ(displays_.serialNumber(display()), 0x3130374CU);
-    EXPECT_NE(display(), before);
+TEST_F(RandrDisplaysTest, ShowAMirrorAsOneScreenAndAnswerZerosWhenTheyAreGone) {
+    rig_.desktop.setDisplays({"800x900+0+0", "800x900+0+0"});
+    rig_.loop.runPending();
+    const auto ids = displays_.activeDisplays(48);
+    ASSERT_THAT(ids, testing::SizeIs(2));
+    EXPECT_EQ(displays_.bounds(ids[1]), (Rect{0, 0, 800, 900}));
+    EXPECT_EQ(displays_.pixelSize(ids[1]), (Size{800, 900}));
+    EXPECT_EQ(displays_.primaryDisplay(ids[1]), ids[0]);
+    EXPECT_THAT(displays_.displaysWithPoint({5, 5}, 48), ElementsAre(ids[0], ids[1]));
+    EXPECT_THAT(displays_.displaysWithPoint({800, 5}, 48), ElementsAre());
+    EXPECT_THAT(displays_.displaysWithRect({700, 200, 200, 100}, 1), ElementsAre(ids[0]));
+    EXPECT_THAT(names(), ElementsAre("D0"));
+    rig_.desktop.setDisplays({"800x900+0+0"});
+    rig_.loop.runPending();
+    EXPECT_EQ(displays_.bounds(ids[1]), Rect{});
+    EXPECT_EQ(displays_.pixelSize(ids[1]), Size{});
+    EXPECT_EQ(displays_.unitNumber(ids[1]), 0U);
 }
 
 } // namespace

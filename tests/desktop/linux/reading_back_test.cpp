@@ -4,8 +4,7 @@
 #include "geometry/next_display.h"
 
 #include <cmath>
-#include <gmock/gmock.h>
-#include <optional>
+#include <gtest/gtest.h>
 
 namespace panewright {
 namespace {
@@ -15,10 +14,10 @@ using test::TestClient;
 /// One window of another program on a display of its own, and the adapter that places it.
 class Placing {
 public:
-    Placing(const test::Screen& screen, std::string_view windowManager,
-            const test::ClientOptions& client)
-        : rig(screen, windowManager), client_(rig.desktop.display(), client) {
-        client_.activate();
+    explicit Placing(const test::Screen& screen = {}, const test::ClientOptions& options = {},
+                     std::string_view windowManager = "openbox")
+        : rig(screen, windowManager), client(rig.desktop.display(), options) {
+        client.activate();
         const AccessibilityHelper helper(rig.ports->accessibility);
         EXPECT_TRUE(rig.eventually([&] {
             return (window_ = helper.focusedWindowForApplicationFromSystemElement()) != nullptr;
@@ -35,75 +34,49 @@ public:
         rig.loop.runPending();
         return makeRect(std::get<Point>(*position), std::get<Size>(*size));
     }
-    Rect trueFrame() const { return test::outerFrame(rig.desktop.x(), window()); }
-    xcb_window_t window() const { return client_.window(); }
+    Rect trueFrame() const { return test::outerFrame(rig.desktop.x(), client.window()); }
+
+    void expectReadBack(const Rect& written, const Rect& answered, const Rect& settled) {
+        for (int time = 0; time < 2; ++time) {
+            write(written);
+            EXPECT_EQ(read(), answered);
+            EXPECT_EQ(trueFrame(), settled);
+        }
+        const Rect elsewhere{200, 100, settled.width, settled.height};
+        test::placeWindow(rig.desktop.x(), client.window(), elsewhere);
+        EXPECT_TRUE(rig.eventually([&] { return read() == elsewhere; }));
+    }
 
     X11Rig rig;
+    TestClient client;
 
 private:
-    TestClient client_;
     std::shared_ptr<AccessibilityElement> window_;
 };
 
 TEST(ReadingBack, GivesWhatWasWrittenUntilTheWindowMoves) {
-    const struct {
-        std::string name;
-        test::Screen screen;
-        std::string_view windowManager;
-        test::ClientOptions client;
-        std::uint32_t panelHeight;
-        Rect written;
-        Rect read;
-        Rect settled;
-    } cases[] = {
-        {.name = "whole cells",
-         .windowManager = "openbox",
-         .client = {.increments = TestClient::Extent{10, 20}},
-         .written = {80, 45, 1440, 810},
-         .read = {80, 45, 1440, 810},
-         .settled = {80, 45, 1432, 805}},
-        {.name = "a panel",
-         .windowManager = "xfwm4",
-         .panelHeight = 30,
-         .written = {0, 0, 1600, 900},
-         .read = {0, 0, 1600, 900},
-         .settled = {0, 30, 1600, 900}},
-        {.name = "between pixels",
-         .screen = {.width = 1366, .height = 768},
-         .windowManager = "openbox",
-         .written = {68.3, 38.4, 1229.4, 691.2},
-         .read = {69, 39, 1229.4, 691.2},
-         .settled = {69, 39, 1229, 691}},
-        {.name = "limited by far",
-         .windowManager = "openbox",
-         .client = {.maximumSize = TestClient::Extent{600, 400}},
-         .written = {80, 45, 1440, 810},
-         .read = {80, 45, 602, 425},
-         .settled = {80, 45, 602, 425}},
-    };
-    for (const auto& test : cases) {
-        SCOPED_TRACE(test.name);
-        Placing placing(test.screen, test.windowManager, test.client);
-        const auto& x = placing.rig.desktop.x();
-        const TestClient panel(placing.rig.desktop.display());
-        x.setProperty(panel.window(), "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL,
-                      {0, 0, test.panelHeight, 0, 0, 0, 0, 0, 0, 1599, 0, 0});
-        x.synchronize();
-        for (int time = 0; time < 2; ++time) {
-            placing.write(test.written);
-            EXPECT_EQ(placing.read(), test.read);
-            EXPECT_EQ(placing.trueFrame(), test.settled);
-        }
-        constexpr std::uint32_t kOriginOfAPager = 1U | 3U << 8U | 2U << 12U;
-        x.sendToWindowManager(placing.window(), "_NET_MOVERESIZE_WINDOW",
-                              {kOriginOfAPager, 200, 100});
-        ASSERT_TRUE(placing.rig.eventually([&] { return placing.trueFrame().x == 200; }));
-        EXPECT_EQ(placing.read(), placing.trueFrame());
-    }
+    const Rect large{80, 45, 1440, 810};
+    Placing({}, {.increments = TestClient::Extent{10, 20}})
+        .expectReadBack(large, large, {80, 45, 1432, 805});
+    // Limited by far too much to be forgiven.
+    Placing({}, {.maximumSize = TestClient::Extent{600, 400}})
+        .expectReadBack(large, {80, 45, 602, 425}, {80, 45, 602, 425});
+    // Between pixels.
+    Placing({.width = 1366, .height = 768})
+        .expectReadBack({68.3, 38.4, 1229.4, 691.2}, {69, 39, 1229.4, 691.2}, {69, 39, 1229, 691});
+
+    Placing belowAPanel({}, {}, "xfwm4");
+    const auto& x = belowAPanel.rig.desktop.x();
+    const TestClient panel(belowAPanel.rig.desktop.display());
+    x.setProperty(panel.window(), "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL,
+                  {0, 0, 30, 0, 0, 0, 0, 0, 0, 1599, 0, 0});
+    x.synchronize();
+    belowAPanel.client.activate();
+    belowAPanel.expectReadBack({0, 0, 1600, 900}, {0, 0, 1600, 900}, {0, 30, 1600, 900});
 }
 
 TEST(ReadingBack, LosesAtMostAPixelAMoveBetweenDisplaysOfOddRatio) {
-    Placing placing({.width = 3286, .height = 1080}, "openbox", {});
+    Placing placing({.width = 3286, .height = 1080});
     placing.rig.desktop.setDisplays({"1366x768+0+0", "1920x1080+1366+0"});
     const auto& displays = placing.rig.ports->displays;
     ASSERT_TRUE(placing.rig.eventually([&] { return displays.screens().size() == 2; }));
@@ -117,8 +90,8 @@ TEST(ReadingBack, LosesAtMostAPixelAMoveBetweenDisplaysOfOddRatio) {
         const Rect frame = placing.read();
         const auto next = getNextDisplayForWindowRect(displays, frame);
         ASSERT_TRUE(next);
-        const Rect wanted =
-            frameOnNextDisplay(frame, QuartzDisplay::withRect(displays, frame), *next);
+        const auto current = QuartzDisplay::withRect(displays, frame);
+        const Rect wanted = frameOnNextDisplay(frame, current, *next);
         placing.write(wanted);
         placing.read();
         EXPECT_LE(largestDifference(placing.trueFrame(), wanted), 1) << move;
