@@ -99,8 +99,11 @@ private:
             xcb_get_geometry_reply(connection, size, nullptr));
         const ReplyPointer<xcb_translate_coordinates_reply_t> at(
             xcb_translate_coordinates_reply(connection, origin, nullptr));
-        return geometry && at ? Frame{at->dst_x, at->dst_y, geometry->width, geometry->height}
-                              : Frame{};
+        if (!geometry || !at) {
+            return {};
+        }
+        return {static_cast<double>(at->dst_x), static_cast<double>(at->dst_y),
+                static_cast<double>(geometry->width), static_cast<double>(geometry->height)};
     }
 
     /// Looks at the window whenever something is told of it, so that waiting costs no processor.
@@ -121,7 +124,7 @@ private:
     }
 
     PrivateHome home_;
-    Desktop desktop_{{}, kOpenboxWithKey};
+    Desktop desktop_;
     XClient watcher_{desktop_.display()};
     TestClient window_{desktop_.display()};
     std::optional<ChildProcess> sxhkd_;

@@ -4,120 +4,76 @@
 #include "archive/keyed_unarchiver.h"
 #include "archive/plist_node.h"
 
-#include <fmt/format.h>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <limits>
 
 namespace panewright {
 namespace {
 
-/// One field of every kind, and a link to another of its class.
+/// An object that may hold another.
 struct Card : KeyedCoding {
     std::optional<std::string> title;
-    bool done = false;
-    std::uint64_t code = 0;
-    std::int64_t tag = 0;
-    std::optional<Size> scale;
     std::shared_ptr<Card> next;
-    std::optional<std::string> dollar;
 
     std::string_view archiveClassName() const override { return "Card"; }
     void encodeWithCoder(KeyedEncoder& encoder) const override {
-        encoder.encodeString("title", title);
-        encoder.encodeBool("done", done);
-        encoder.encodeUnsigned("code", code);
-        encoder.encodeSigned("tag", tag);
-        encoder.encodeSize("scale", scale.value_or(Size{}));
+        encoder.encodeString("$class", title); // a name that the archive uses itself
         encoder.encodeObject("next", next);
-        encoder.encodeString("$class", dollar);
     }
     static std::shared_ptr<KeyedCoding> decode(const KeyedDecoder& decoder) {
         auto card = std::make_shared<Card>();
-        card->title = decoder.decodeString("title");
-        card->done = decoder.decodeBool("done");
-        card->code = decoder.decodeUnsigned("code");
-        card->tag = decoder.decodeSigned("tag");
-        card->scale = decoder.decodeSize("scale");
+        card->title = decoder.decodeString("$class");
         card->next = std::dynamic_pointer_cast<Card>(decoder.decodeObject("next"));
-        card->dollar = decoder.decodeString("$class");
         return card;
     }
 };
 
-const ArchiveClasses& classes() {
-    static const ArchiveClasses kClasses{{"Card", &Card::decode}};
-    return kClasses;
+std::optional<ArchiveValue> unarchived(const Bytes& data) {
+    return KeyedUnarchiver::unarchiveObjectWithData(data, {{"Card", &Card::decode}});
 }
 
 std::optional<ArchiveValue> reread(const ArchiveValue& root) {
-    return KeyedUnarchiver::unarchiveObjectWithData(KeyedArchiver::archivedDataWithRootObject(root),
-                                                    classes());
+    return unarchived(KeyedArchiver::archivedDataWithRootObject(root));
 }
 
-/// The reference that a dictionary stands for in the XML form, null for any other node.
-plist_t referenceIn(plist_t node) {
-    plist_t uid = isPlist(node, PLIST_DICT) ? plist_dict_get_item(node, "CF$UID") : nullptr;
-    std::uint64_t value = 0;
-    plist_get_uint_val(uid, &value);
-    return uid ? plist_new_uid(value) : nullptr;
+plist_t text(const char* characters) {
+    return plist_new_string(characters);
 }
 
-void makeReferences(plist_t node) {
-    if (isPlist(node, PLIST_ARRAY)) {
-        for (std::uint32_t index = 0; index < plist_array_get_size(node); ++index) {
-            plist_t item = plist_array_get_item(node, index);
-            makeReferences(item);
-            if (plist_t reference = referenceIn(item)) {
-                plist_array_set_item(node, reference, index);
-            }
-        }
-    } else if (isPlist(node, PLIST_DICT)) {
-        for (const char* key : {"$top", "$objects", "root", "next", "title", "scale", "unknown",
-                                "$class", "NS.objects", "NS.keys"}) {
-            plist_t item = plist_dict_get_item(node, key);
-            makeReferences(item);
-            if (plist_t reference = referenceIn(item)) {
-                plist_dict_set_item(node, key, reference);
-            }
-        }
+plist_t array(const std::vector<plist_t>& items) {
+    plist_t node = plist_new_array();
+    for (plist_t item : items) {
+        plist_array_append_item(node, item);
     }
+    return node;
 }
 
-Bytes binaryPropertyList(const std::string& xmlContent) {
-    const std::string xml = "<plist version=\"1.0\">" + xmlContent + "</plist>";
-    plist_t node = nullptr;
-    plist_from_xml(xml.data(), static_cast<std::uint32_t>(xml.size()), &node);
-    const PlistNode owned(node);
-    makeReferences(node);
-    char* bytes = nullptr;
-    std::uint32_t length = 0;
-    plist_to_bin(node, &bytes, &length);
-    const CPointer<char> ownedBytes(bytes);
-    return Bytes(bytes, bytes + length);
+plist_t dictionary(const std::vector<std::pair<const char*, plist_t>>& items) {
+    plist_t node = plist_new_dict();
+    for (const auto& [key, item] : items) {
+        plist_dict_set_item(node, key, item);
+    }
+    return node;
 }
 
-std::string ref(int uid) {
-    return fmt::format("<dict><key>CF$UID</key><integer>{}</integer></dict>", uid);
-}
-
-std::string classEntry(const std::string& name) {
-    return "<dict><key>$classname</key><string>" + name +
-           "</string><key>$classes</key><array><string>" + name +
-           "</string><string>NSObject</string></array></dict>";
+plist_t classEntry(const char* name) {
+    return dictionary({{"$classname", text(name)}, {"$classes", array({text(name)})}});
 }
 
 /// Reads an archive of these objects, from number 1 on; the root is number 1.
-std::optional<ArchiveValue> readObjects(const std::string& objects,
-                                        const std::string& archiver = "NSKeyedArchiver") {
-    return KeyedUnarchiver::unarchiveObjectWithData(
-        binaryPropertyList("<dict><key>$version</key><integer>100000</integer><key>$archiver</key>"
-                           "<string>" +
-                           archiver + "</string><key>$top</key><dict><key>root</key>" + ref(1) +
-                           "</dict><key>$objects</key><array><string>$null</string>" + objects +
-                           "</array></dict>"),
-        classes());
+std::optional<ArchiveValue> readObjects(std::vector<plist_t> objects,
+                                        const char* archiver = "NSKeyedArchiver") {
+    objects.insert(objects.begin(), text("$null"));
+    const PlistNode archive(dictionary({{"$version", plist_new_uint(100000)},
+                                        {"$archiver", text(archiver)},
+                                        {"$top", dictionary({{"root", plist_new_uid(1)}})},
+                                        {"$objects", array(objects)}}));
+    char* bytes = nullptr;
+    std::uint32_t length = 0;
+    plist_to_bin(archive.get(), &bytes, &length);
+    const CPointer<char> owned(bytes);
+    return unarchived(Bytes(bytes, bytes + length));
 }
 
 TEST(KeyedArchive, GivesBackEveryKindOfValueExactly) {
@@ -132,137 +88,82 @@ TEST(KeyedArchive, GivesBackEveryKindOfValueExactly) {
         {"nil", ArchiveValue{}}};
     EXPECT_EQ(reread(root), root);
     EXPECT_EQ(reread(ArchiveValue{}), ArchiveValue{});
-}
-
-TEST(KeyedArchive, GivesBackAnObjectFieldByField) {
-    auto card = std::make_shared<Card>();
-    card->title = "Left ½";
-    card->done = true;
-    card->code = 0x8000000000000012;
-    card->tag = -3;
-    card->scale = Size{0.9, 1.0 / 3};
-    card->next = std::make_shared<Card>();
-    card->dollar = "not a class";
-    const auto root = reread(std::shared_ptr<KeyedCoding>(card));
-    ASSERT_TRUE(root);
-    const auto read = std::dynamic_pointer_cast<Card>(root->object());
-    ASSERT_TRUE(read);
-    EXPECT_EQ(read->title, "Left ½");
-    EXPECT_TRUE(read->done);
-    EXPECT_EQ(read->code, 0x8000000000000012);
-    EXPECT_EQ(read->tag, -3);
-    EXPECT_EQ(read->scale, (Size{0.9, 1.0 / 3}));
-    EXPECT_EQ(read->dollar, "not a class");
-    ASSERT_TRUE(read->next);
-    EXPECT_EQ(read->next->title, std::nullopt);
-    EXPECT_FALSE(read->next->next);
-}
-
-TEST(KeyedArchive, KeepsTheIdentityOfAnObjectHeldTwice) {
-    auto card = std::make_shared<Card>();
-    const auto root =
-        reread(ArchiveDictionary{{std::uint64_t{5}, std::shared_ptr<KeyedCoding>(card)},
-                                 {std::uint64_t{18}, std::shared_ptr<KeyedCoding>(card)}});
-    ASSERT_TRUE(root && root->dictionary());
-    ASSERT_TRUE((*root->dictionary())[0].value.object());
-    EXPECT_EQ((*root->dictionary())[0].value.object(), (*root->dictionary())[1].value.object());
-}
-
-TEST(KeyedArchive, MendsTextThatIsNotUtf8) {
     EXPECT_EQ(reread("caf\xE9 \xED\xA0\x80"), ArchiveValue("caf\xEF\xBF\xBD "
                                                            "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"));
 }
 
-TEST(KeyedUnarchiver, ReadsTheOtherShapesThatWritersUse) {
-    const auto root = readObjects(
-        "<dict><key>NS.objects</key><array>" + ref(2) +
-        "<string>inline</string><integer>7</integer>" + ref(3) + "</array><key>$class</key>" +
-        ref(4) + "</dict>" + "<dict><key>NS.string</key><string>mutable</string><key>$class</key>" +
-        ref(5) + "</dict>" + "<dict><key>title</key>" + ref(2) +
-        "<key>done</key><integer>1</integer><key>code</key>" +
-        "<true/><key>tag</key><real>-2.9</real><key>unknown</key>" + ref(99) + "<key>next</key>" +
-        ref(0) + "<key>scale</key>" + ref(2) + "<key>$class</key>" + ref(6) + "</dict>" +
-        classEntry("NSArray") + classEntry("NSMutableString") + classEntry("Card"));
+TEST(KeyedArchive, GivesBackObjectsAndOneHeldTwiceAsOne) {
+    const auto card = std::make_shared<Card>();
+    card->title = "Left ½";
+    card->next = std::make_shared<Card>();
+    const ArchiveValue object(std::static_pointer_cast<KeyedCoding>(card));
+    const auto root = reread(ArchiveArray{object, object});
     ASSERT_TRUE(root && root->array());
-    const ArchiveArray& items = *root->array();
-    ASSERT_EQ(items.size(), 4U);
-    EXPECT_EQ(items[0], ArchiveValue("mutable"));
-    EXPECT_EQ(items[1], ArchiveValue("inline"));
-    EXPECT_EQ(items[2], ArchiveValue(std::uint64_t{7}));
-    const auto card = std::dynamic_pointer_cast<Card>(items[3].object());
-    ASSERT_TRUE(card);
-    EXPECT_EQ(card->title, "mutable");
-    EXPECT_TRUE(card->done);
-    EXPECT_EQ(card->code, 1U);
-    EXPECT_EQ(card->tag, -2);
-    EXPECT_EQ(card->scale, std::nullopt) << "text is no size";
+    EXPECT_EQ(root->array()->at(0), root->array()->at(1));
+    const auto read = std::dynamic_pointer_cast<Card>(root->array()->at(0).object());
+    ASSERT_TRUE(read && read->next);
+    EXPECT_EQ(read->title, "Left ½");
+    EXPECT_EQ(read->next->title, std::nullopt);
+    EXPECT_FALSE(read->next->next);
+}
+
+TEST(KeyedUnarchiver, ReadsTheOtherShapesThatWritersUse) {
+    const auto list = array({plist_new_uid(2), text("inline"), plist_new_uint(7)});
+    EXPECT_EQ(
+        readObjects({dictionary({{"NS.objects", list}, {"$class", plist_new_uid(3)}}),
+                     dictionary({{"NS.string", text("mutable")}, {"$class", plist_new_uid(4)}}),
+                     classEntry("NSArray"), classEntry("NSMutableString")}),
+        ArchiveValue(ArchiveArray{"mutable", "inline", std::uint64_t{7}}));
 }
 
 TEST(KeyedUnarchiver, ReadsNothingFromAnArchiveThatIsNotAsItShouldBe) {
-    const std::string card = classEntry("Card");
-    const struct {
-        const char* what;
-        std::string objects;
-    } faults[] = {
-        {"no root", ""},
-        {"an unknown class", "<dict><key>$class</key>" + ref(2) + "</dict>" + classEntry("Task")},
-        {"no class", "<dict><key>title</key><string>x</string></dict>"},
-        {"a class that is no class entry", "<dict><key>$class</key>" + ref(1) + "</dict>"},
-        {"a reference beyond the table",
-         "<dict><key>next</key>" + ref(40) + "<key>$class</key>" + ref(2) + "</dict>" + card},
-        {"an object within itself",
-         "<dict><key>next</key>" + ref(1) + "<key>$class</key>" + ref(2) + "</dict>" + card},
-        {"an array within itself", "<dict><key>NS.objects</key><array>" + ref(1) +
-                                       "</array><key>$class</key>" + ref(2) + "</dict>" +
-                                       classEntry("NSArray")},
-        {"a reference to a reference", ref(2) + "<string>x</string>"},
-        {"an array without objects", "<dict><key>NS.objects</key><true/><key>$class</key>" +
-                                         ref(2) + "</dict>" + classEntry("NSArray")},
-        {"more values than keys", "<dict><key>NS.keys</key><array/><key>NS.objects</key><array>" +
-                                      ref(3) + "</array><key>$class</key>" + ref(2) + "</dict>" +
-                                      classEntry("NSDictionary") + "<string>x</string>"},
-        {"bytes", "<data>AAAA</data>"},
+    const auto ofClass2 = [](const char* key, plist_t value) {
+        return dictionary({{key, value}, {"$class", plist_new_uid(2)}});
     };
-    for (const auto& fault : faults) {
-        EXPECT_FALSE(readObjects(fault.objects)) << fault.what;
-    }
-    EXPECT_TRUE(readObjects("<string>x</string>"));
-    EXPECT_FALSE(readObjects("<string>x</string>", "NSArchiver"));
-}
-
-TEST(KeyedUnarchiver, BoundsWhatSharedArraysUnfoldTo) {
-    // Each array holds the next one ten times: ten arrays are 10^10 values.
-    std::string objects;
-    for (int level = 1; level <= 10; ++level) {
-        objects += "<dict><key>NS.objects</key><array>";
-        for (int copy = 0; copy < 10; ++copy) {
-            objects += ref(level + 1);
-        }
-        objects += "</array><key>$class</key>" + ref(12) + "</dict>";
-    }
-    EXPECT_FALSE(readObjects(objects + "<string>x</string>" + classEntry("NSArray")));
-}
-
-TEST(KeyedUnarchiver, BoundsTheChainOfObjects) {
-    const auto chain = [](int length) {
-        std::shared_ptr<Card> first;
-        for (int index = 0; index < length; ++index) {
-            auto card = std::make_shared<Card>();
-            card->next = std::move(first);
-            first = std::move(card);
-        }
-        return reread(std::shared_ptr<KeyedCoding>(first)).has_value();
+    const auto objects = [&](plist_t list) { return ofClass2("NS.objects", list); };
+    const std::pair<const char*, std::vector<plist_t>> faults[] = {
+        {"no root", {}},
+        {"an unknown class", {ofClass2("next", plist_new_uid(0)), classEntry("Task")}},
+        {"no class", {dictionary({{"next", plist_new_uid(0)}})}},
+        {"a reference beyond the table", {ofClass2("next", plist_new_uid(40)), classEntry("Card")}},
+        {"an object within itself", {ofClass2("next", plist_new_uid(1)), classEntry("Card")}},
+        {"an array within itself", {objects(array({plist_new_uid(1)})), classEntry("NSArray")}},
+        {"a reference to a reference", {plist_new_uid(2), text("x")}},
+        {"an array without objects", {objects(plist_new_bool(1)), classEntry("NSArray")}},
+        {"more values than keys", {objects(array({text("x")})), classEntry("NSDictionary")}},
+        {"bytes", {plist_new_data("x", 1)}},
     };
-    EXPECT_TRUE(chain(kMaxArchiveDepth - 1));
-    EXPECT_FALSE(chain(kMaxArchiveDepth));
-}
+    for (const auto& [what, nodes] : faults) {
+        EXPECT_FALSE(readObjects(nodes)) << what;
+    }
+    EXPECT_TRUE(readObjects({text("x")}));
+    EXPECT_FALSE(readObjects({text("x")}, "NSArchiver"));
 
-TEST(KeyedUnarchiver, ReadsNothingFromAnyPrefixOrTheEmptyFile) {
     const Bytes whole = KeyedArchiver::archivedDataWithRootObject(ArchiveArray{"a", "b"});
     for (std::size_t length = 0; length < whole.size(); ++length) {
-        const Bytes part(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
-        EXPECT_FALSE(KeyedUnarchiver::unarchiveObjectWithData(part, classes())) << length;
+        EXPECT_FALSE(unarchived(Bytes(whole.data(), whole.data() + length))) << length;
     }
+}
+
+TEST(KeyedUnarchiver, BoundsTheChainOfObjectsAndWhatSharedArraysUnfoldTo) {
+    std::shared_ptr<Card> first;
+    for (int length = 1; length <= kMaxArchiveDepth; ++length) {
+        auto card = std::make_shared<Card>();
+        card->next = std::move(first);
+        first = std::move(card);
+        EXPECT_EQ(reread(std::shared_ptr<KeyedCoding>(first)).has_value(),
+                  length < kMaxArchiveDepth);
+    }
+    // Each array holds the next one ten times: ten arrays are 10^10 values.
+    std::vector<plist_t> arrays;
+    for (std::uint64_t next = 2; next <= 11; ++next) {
+        std::vector<plist_t> copies(10);
+        std::ranges::generate(copies, [&] { return plist_new_uid(next); });
+        arrays.push_back(
+            dictionary({{"NS.objects", array(copies)}, {"$class", plist_new_uid(12)}}));
+    }
+    arrays.insert(arrays.end(), {text("x"), classEntry("NSArray")});
+    EXPECT_FALSE(readObjects(arrays));
 }
 
 /// A binary property list of these objects, the first one being the root, with one byte for each
@@ -274,23 +175,29 @@ Bytes propertyListOf(const std::vector<std::string>& objects, std::uint64_t clai
         offsets += static_cast<char>(text.size());
         text += object;
     }
-    const auto bigEndian = [](std::uint64_t value) {
-        std::string bytes;
+    const std::uint64_t table = text.size();
+    text += offsets + std::string(6, '\0') + "\x01\x01";
+    for (const std::uint64_t number :
+         {claimedCount ? claimedCount : objects.size(), std::uint64_t{0}, table}) {
         for (int shift = 56; shift >= 0; shift -= 8) {
-            bytes += static_cast<char>(value >> shift & 0xFF);
+            text += static_cast<char>(number >> shift & 0xFF);
         }
-        return bytes;
-    };
-    const std::size_t table = text.size();
-    text += offsets + std::string(6, '\0') + "\x01\x01" +
-            bigEndian(claimedCount ? claimedCount : objects.size()) + bigEndian(0) +
-            bigEndian(table);
+    }
     return Bytes(text.begin(), text.end());
 }
 
 TEST(BinaryPropertyListCheck, RefusesWhatTheParserWouldChokeOn) {
     using namespace std::string_literals;
     const std::string xs = "Qx"; // 0x51, text of one character
+    const auto nested = [&](int depth, int copies) {
+        std::vector<std::string> objects;
+        for (int level = 1; level <= depth; ++level) {
+            objects.push_back(std::string(1, static_cast<char>(0xA0 + copies)) +
+                              std::string(copies, static_cast<char>(level)));
+        }
+        objects.push_back(xs);
+        return propertyListOf(objects);
+    };
     const struct {
         const char* what;
         Bytes bytes;
@@ -302,31 +209,35 @@ TEST(BinaryPropertyListCheck, RefusesWhatTheParserWouldChokeOn) {
         {"a container within itself", propertyListOf({"\xA1\x00"s}), false},
         {"two containers in each other", propertyListOf({"\xA1\x01"s, "\xA1\x00"s}), false},
         {"an item that does not exist", propertyListOf({"\xA1\x07"s}), false},
-        {"more items than the file has",
-         propertyListOf({"\xAF\x13\x7F\xFF\xFF\xFF\xFF\xFF\xFF\xFF"s}), false},
-        {"more objects than the file has", propertyListOf({xs}, 0xFFFFFFFFFFFFFFFF), false},
+        {"more items than bytes", propertyListOf({"\xAF\x13\x7F" + std::string(7, '\xFF')}), false},
+        {"more objects than bytes", propertyListOf({xs}, 0xFFFFFFFFFFFFFFFF), false},
         {"text beyond the file", propertyListOf({"_x"}), false},
         {"a number of 64 bytes", propertyListOf({"\x16" + std::string(64, '\0')}), false},
         {"a set", propertyListOf({"\xC1\x01"s, xs}), false},
+        {"arrays of the greatest depth", nested(kMaxPropertyListDepth, 1), true},
+        {"deeper ones", nested(kMaxPropertyListDepth + 1, 1), false},
+        {"10^10 texts", nested(10, 10), false},
     };
     for (const auto& test : cases) {
         EXPECT_EQ(isSafeBinaryPropertyList(test.bytes), test.isSafe) << test.what;
     }
 }
 
-TEST(BinaryPropertyListCheck, BoundsDepthAndUnfoldedSize) {
-    const auto nested = [](int depth, int copies) {
-        std::vector<std::string> objects;
-        for (int level = 1; level <= depth; ++level) {
-            objects.push_back(std::string(1, static_cast<char>(0xA0 + copies)) +
-                              std::string(copies, static_cast<char>(level)));
-        }
-        objects.emplace_back("Qx"); // text of one character
-        return propertyListOf(objects);
-    };
-    EXPECT_TRUE(isSafeBinaryPropertyList(nested(kMaxPropertyListDepth, 1)));
-    EXPECT_FALSE(isSafeBinaryPropertyList(nested(kMaxPropertyListDepth + 1, 1)));
-    EXPECT_FALSE(isSafeBinaryPropertyList(nested(10, 10))) << "10^10 texts";
+TEST(GeometryText, WritesNestedPairsWithTheShortestNumbers) {
+    EXPECT_EQ(NSStringFromRect({-0.1, 68.3, 1066.6666666666667, 1e21}),
+              "{{-0.1, 68.3}, {1066.6666666666667, 1e+21}}");
+    EXPECT_EQ(NSStringFromSize({0.65, 1}), "{0.65, 1}");
+}
+
+TEST(GeometryText, ReadsEveryDoubleAndOtherWritersSpacingAndAnythingElseAsZero) {
+    const Rect rect{1.0 / 3, -std::numeric_limits<double>::denorm_min(), 1e308, 0.1 + 0.2};
+    EXPECT_EQ(NSRectFromString(NSStringFromRect(rect)), rect);
+    EXPECT_EQ(NSRectFromString("{{100,50},{800,600}}"), (Rect{100, 50, 800, 600}));
+    EXPECT_EQ(NSSizeFromString(" { 0.9 , 0.8 } "), (Size{0.9, 0.8}));
+    for (const char* text : {"", "{", "{{1, 2}, {3, 4}", "{1, 2}", "{{1, 2}, {3, x}}",
+                             "{{1, 2}, {3, 4}} 5", "{{1; 2}, {3, 4}}"}) {
+        EXPECT_EQ(NSRectFromString(text), Rect{}) << text;
+    }
 }
 
 } // namespace

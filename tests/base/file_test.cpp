@@ -9,77 +9,60 @@ namespace {
 
 namespace fs = std::filesystem;
 
-Bytes bytes(const std::string& text) {
-    return Bytes(text.begin(), text.end());
-}
+class FileTest : public testing::Test {
+protected:
+    /// Whether it could be written.
+    static bool write(const fs::path& file, const std::string& text) {
+        return !writeFileAtomically(file, Bytes(text.begin(), text.end()));
+    }
 
-TEST(File, TellsAMissingFileFromOneThatCannotBeRead) {
-    const TemporaryFolder folder;
-    EXPECT_TRUE(readFile(folder.path() / "none").error().isNoSuchFile);
-    fs::create_symlink("nowhere", folder.path() / "dangling");
-    EXPECT_TRUE(readFile(folder.path() / "dangling").error().isNoSuchFile);
+    const TemporaryFolder temporary_;
+    const fs::path folder_ = temporary_.path();
+    const fs::path file_ = folder_ / "file";
+};
 
-    setContent(folder.path() / "file", "x");
-    for (const fs::path& path :
-         {folder.path(), folder.path() / "file" / "below", fs::path("/dev/null")}) {
+TEST_F(FileTest, TellsAMissingFileFromOneThatCannotBeRead) {
+    fs::create_symlink("nowhere", folder_ / "dangling");
+    setContent(file_, "x");
+    const std::pair<fs::path, bool> cases[] = {{folder_ / "none", true},
+                                               {folder_ / "dangling", true},
+                                               {folder_, false},
+                                               {file_ / "below", false},
+                                               {"/dev/null", false}};
+    for (const auto& [path, isMissing] : cases) {
         const auto content = readFile(path);
         ASSERT_FALSE(content) << path;
-        EXPECT_FALSE(content.error().isNoSuchFile) << path;
+        EXPECT_EQ(content.error().isNoSuchFile, isMissing) << path;
         EXPECT_NE(content.error().message, "") << path;
     }
 }
 
-TEST(File, WritesANewFileForTheUserOnlyAndKeepsTheModeOfAnOldOne) {
-    const TemporaryFolder folder;
-    const fs::path file = folder.path() / "file";
-    EXPECT_FALSE(writeFileAtomically(file, bytes("one")));
-    EXPECT_EQ(contentOf(file), "one");
-    EXPECT_EQ(modeOf(file), 0600);
-
-    fs::permissions(file, fs::perms(0644));
-    EXPECT_FALSE(writeFileAtomically(file, bytes("")));
-    EXPECT_EQ(readFile(file).value(), Bytes());
-    EXPECT_EQ(modeOf(file), 0644);
+TEST_F(FileTest, WritesANewFileForTheUserOnlyAndKeepsTheModeOfAnOldOne) {
+    setContent(folder_ / ".file.new", "half of it, left behind by a crash");
+    EXPECT_TRUE(write(file_, "one"));
+    EXPECT_EQ(contentOf(file_), "one");
+    EXPECT_EQ(modeOf(file_), 0600);
+    fs::permissions(file_, fs::perms(0644));
+    EXPECT_TRUE(write(file_, ""));
+    EXPECT_EQ(readFile(file_).value(), Bytes());
+    EXPECT_EQ(modeOf(file_), 0644);
+    EXPECT_EQ(countOfFiles(folder_), 1);
 }
 
-TEST(File, WritesThroughLinksToTheirTarget) {
-    const TemporaryFolder folder;
-    fs::create_directory(folder.path() / "real");
-    fs::create_symlink("real/file", folder.path() / "relative");
-    fs::create_symlink(folder.path() / "relative", folder.path() / "absolute");
+TEST_F(FileTest, WritesThroughLinksToTheirTarget) {
+    fs::create_directory(folder_ / "real");
+    fs::create_symlink("real/file", folder_ / "relative");
+    fs::create_symlink(folder_ / "relative", folder_ / "absolute");
     for (const char* content : {"made", "replaced"}) { // the first time the link dangles
-        EXPECT_FALSE(writeFileAtomically(folder.path() / "absolute", bytes(content)));
-        EXPECT_EQ(contentOf(folder.path() / "real/file"), content);
+        EXPECT_TRUE(write(folder_ / "absolute", content));
+        EXPECT_EQ(contentOf(folder_ / "real/file"), content);
     }
-    EXPECT_TRUE(fs::is_symlink(folder.path() / "absolute"));
-    EXPECT_TRUE(fs::is_symlink(folder.path() / "relative"));
-}
-
-TEST(File, LeavesWhatIsNoRegularFileAlone) {
-    const TemporaryFolder folder;
-    fs::create_directory(folder.path() / "folder");
-    fs::create_symlink("/dev/null", folder.path() / "null");
-    EXPECT_TRUE(writeFileAtomically(folder.path() / "folder", bytes("x")));
-    EXPECT_TRUE(writeFileAtomically(folder.path() / "null", bytes("x")));
+    EXPECT_TRUE(fs::is_symlink(folder_ / "absolute") && fs::is_symlink(folder_ / "relative"));
+    fs::create_symlink("/dev/null", folder_ / "null");
+    for (const fs::path& path : {folder_, folder_ / "null", folder_ / "missing/file"}) {
+        EXPECT_FALSE(write(path, "x")) << path;
+    }
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
-    EXPECT_TRUE(writeFileAtomically(folder.path() / "missing/file", bytes("x")));
-}
-
-TEST(File, TakesAwayWhatACrashLeftBehind) {
-    const TemporaryFolder folder;
-    setContent(folder.path() / ".file.new", "half of it");
-    EXPECT_FALSE(writeFileAtomically(folder.path() / "file", bytes("whole")));
-    EXPECT_EQ(contentOf(folder.path() / "file"), "whole");
-    EXPECT_EQ(countOfNames(folder.path(), ""), 1);
-}
-
-TEST(File, CreatesMissingFoldersForTheUserOnly) {
-    const TemporaryFolder folder;
-    EXPECT_FALSE(createFolders(folder.path() / "a/b"));
-    EXPECT_FALSE(createFolders(folder.path() / "a/b"));
-    EXPECT_EQ(modeOf(folder.path() / "a"), 0700);
-    setContent(folder.path() / "file", "");
-    EXPECT_TRUE(createFolders(folder.path() / "file/below"));
 }
 
 } // namespace

@@ -9,42 +9,6 @@
 namespace panewright {
 namespace {
 
-/// A display of 1600 by 900 points, at whose top a test puts a grey panel, 30 points high.
-class PanelRig {
-public:
-    virtual ~PanelRig() = default;
-    virtual WorkAreas& workAreas() = 0;
-    virtual SystemTray& tray() = 0;
-    virtual DisplayId display() = 0;
-    /// Takes over from one that is there.
-    virtual void putUp() = 0;
-    virtual void takeAway() = 0;
-    virtual bool eventually(const std::function<bool()>& condition) = 0;
-};
-
-class MemoryPanelRig : public PanelRig {
-public:
-    MemoryPanelRig() { desktop_.displays.setDisplays({{.id = 1, .bounds = {0, 0, 1600, 900}}}); }
-    WorkAreas& workAreas() override { return desktop_.workAreas; }
-    SystemTray& tray() override { return desktop_.tray; }
-    DisplayId display() override { return 1; }
-    void putUp() override {
-        desktop_.workAreas.setWorkArea(1, {0, 30, 1600, 870});
-        desktop_.tray.putUp(0.5);
-    }
-    void takeAway() override {
-        desktop_.workAreas.setWorkArea(1, {0, 0, 1600, 900});
-        desktop_.tray.takeAway();
-    }
-    bool eventually(const std::function<bool()>& condition) override {
-        desktop_.mainLoop.runPending();
-        return condition();
-    }
-
-private:
-    MemoryDesktop desktop_;
-};
-
 /// The window of a panel with a tray.
 class Panel {
 public:
@@ -81,60 +45,67 @@ private:
     xcb_window_t window_;
 };
 
-class X11PanelRig : public PanelRig {
-public:
-    explicit X11PanelRig(std::string_view windowManager) : rig_({}, windowManager) {}
-    WorkAreas& workAreas() override { return rig_.ports->workAreas; }
-    SystemTray& tray() override { return rig_.ports->tray; }
-    DisplayId display() override { return rig_.ports->displays.activeDisplays(1).at(0); }
-    void putUp() override {
-        auto next = std::make_unique<Panel>(rig_.desktop.display());
-        panel_ = std::move(next);
-    }
-    void takeAway() override { panel_.reset(); }
-    bool eventually(const std::function<bool()>& condition) override {
-        return rig_.eventually(condition);
-    }
-
-private:
-    X11Rig rig_;
-    std::unique_ptr<Panel> panel_;
-};
-
+/// A display of 1600 by 900 points, at whose top a test puts a grey panel, 30 points high.
 class PanelContract : public testing::TestWithParam<const char*> {
 protected:
     PanelContract() {
-        if (GetParam() == std::string("memory")) {
-            rig_ = std::make_unique<MemoryPanelRig>();
-        } else {
-            rig_ = std::make_unique<X11PanelRig>(GetParam());
+        memory_.displays.setDisplays({{.id = 1, .bounds = {0, 0, 1600, 900}}});
+        if (GetParam() != std::string("memory")) {
+            x11_.emplace(test::Screen{}, GetParam());
         }
     }
 
-    std::unique_ptr<PanelRig> rig_;
+    SystemTray& tray() { return x11_ ? static_cast<SystemTray&>(x11_->ports->tray) : memory_.tray; }
+    Rect areaOf(DisplayId display) {
+        return x11_ ? x11_->ports->workAreas.workArea(display)
+                    : memory_.workAreas.workArea(display);
+    }
+    Rect area() { return areaOf(x11_ ? x11_->ports->displays.activeDisplays(1).at(0) : 1); }
+    /// Takes over from one that is there.
+    void putUp() {
+        if (x11_) {
+            auto next = std::make_unique<Panel>(x11_->desktop.display());
+            panel_ = std::move(next);
+        } else {
+            memory_.workAreas.setWorkArea(1, {0, 30, 1600, 870});
+            memory_.tray.putUp(0.5);
+        }
+    }
+    void takeAway() {
+        panel_.reset();
+        memory_.workAreas.setWorkArea(1, {0, 0, 1600, 900});
+        memory_.tray.takeAway();
+    }
+    template <class Condition>
+    bool eventually(Condition condition) {
+        memory_.mainLoop.runPending();
+        return x11_ ? x11_->eventually(condition) : condition();
+    }
+
+    MemoryDesktop memory_;
+    std::optional<X11Rig> x11_;
+    std::unique_ptr<Panel> panel_;
 };
 
 TEST_P(PanelContract, IsFollowedAsItComesAndGoes) {
     int changes = 0;
-    const auto registration = rig_->tray().onChange([&] { ++changes; });
+    const auto registration = tray().onChange([&] { ++changes; });
     const auto expect = [&](bool isThere, int told) {
-        const Rect area = isThere ? Rect{0, 30, 1600, 870} : Rect{0, 0, 1600, 900};
-        EXPECT_TRUE(rig_->eventually([&] {
-            return changes == told && rig_->workAreas().workArea(rig_->display()) == area;
-        })) << changes
-            << ' ' << testing::PrintToString(rig_->workAreas().workArea(rig_->display()));
-        EXPECT_EQ(rig_->tray().isPresent(), isThere);
+        const Rect left = isThere ? Rect{0, 30, 1600, 870} : Rect{0, 0, 1600, 900};
+        EXPECT_TRUE(eventually([&] { return changes == told && area() == left; })) << changes;
+        EXPECT_EQ(area(), left);
+        EXPECT_EQ(tray().isPresent(), isThere);
     };
     expect(false, 0);
-    EXPECT_EQ(rig_->workAreas().workArea(kNoDisplay), Rect{});
-    rig_->putUp();
+    EXPECT_EQ(areaOf(kNoDisplay), Rect{});
+    putUp();
     expect(true, 1);
-    EXPECT_TRUE(rig_->eventually([&] {
-        return std::abs(rig_->tray().brightnessAt({800, 15}).value_or(0) - 0.5) < 0.01;
+    EXPECT_TRUE(eventually([&] {
+        return std::abs(tray().brightnessAt({800, 15}).value_or(0) - 0.5) < 0.01;
     }));
-    rig_->putUp();
+    putUp();
     expect(true, 2);
-    rig_->takeAway();
+    takeAway();
     expect(false, 3);
 }
 

@@ -13,9 +13,8 @@ namespace panewright {
 /// The X11 adapter on a desktop of the test's own.
 class X11Rig {
 public:
-    explicit X11Rig(const test::XServer::Options& options = {},
-                    std::string_view windowManager = "openbox")
-        : desktop(options, windowManager) {
+    explicit X11Rig(const test::Screen& screen = {}, std::string_view windowManager = "openbox")
+        : desktop(screen, windowManager) {
         setenv("DISPLAY", desktop.display().c_str(), 1);
         ports = X11Desktop::open(loop, "com.quillfen.Panewright");
     }

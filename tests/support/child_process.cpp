@@ -10,30 +10,15 @@
 #include <utility>
 
 namespace panewright::test {
-namespace {
-
-std::vector<char*> pointersTo(std::vector<std::string>& strings) {
-    std::vector<char*> pointers;
-    pointers.reserve(strings.size() + 1);
-    for (std::string& string : strings) {
-        pointers.push_back(string.data());
-    }
-    pointers.push_back(nullptr);
-    return pointers;
-}
-
-} // namespace
 
 ChildProcess::ChildProcess(std::vector<std::string> arguments, const Environment& environment)
     // Files in memory: a program that says much never waits for a reader.
     : output_(memfd_create("output", MFD_CLOEXEC)), error_(memfd_create("error", MFD_CLOEXEC)) {
-    std::vector<std::string> assignments;
-    assignments.reserve(environment.size());
-    for (const auto& [name, value] : environment) {
-        assignments.push_back(std::string(name).append("=").append(value));
+    std::vector<char*> argv;
+    for (std::string& argument : arguments) {
+        argv.push_back(argument.data());
     }
-    const std::vector<char*> argv = pointersTo(arguments);
-    const std::vector<char*> envp = pointersTo(assignments);
+    argv.push_back(nullptr);
     const pid_t parent = getpid();
     pid_ = fork();
     if (pid_ < 0) {
@@ -47,14 +32,18 @@ ChildProcess::ChildProcess(std::vector<std::string> arguments, const Environment
         dup2(open("/dev/null", O_RDONLY | O_CLOEXEC), STDIN_FILENO);
         dup2(output_, STDOUT_FILENO);
         dup2(error_, STDERR_FILENO);
-        execvpe(argv.front(), argv.data(), envp.data());
+        clearenv();
+        for (const auto& [name, value] : environment) {
+            setenv(name.c_str(), value.c_str(), 1);
+        }
+        execvp(argv.front(), argv.data());
         _exit(127);
     }
 }
 
 ChildProcess::~ChildProcess() {
     if (!exitStatus()) {
-        kill(pid_, SIGKILL);
+        ::kill(pid_, SIGKILL);
         waitpid(pid_, nullptr, 0);
     }
     close(output_);
@@ -63,8 +52,13 @@ ChildProcess::~ChildProcess() {
 
 void ChildProcess::sendSignal(int signal) const {
     if (!exitStatus_) {
-        kill(pid_, signal);
+        ::kill(pid_, signal);
     }
+}
+
+void ChildProcess::kill() {
+    sendSignal(SIGKILL);
+    waitForEnd();
 }
 
 std::optional<int> ChildProcess::exitStatus() {
@@ -87,23 +81,33 @@ std::string ChildProcess::content(int file) {
     return text;
 }
 
+std::string ChildProcess::firstLine() {
+    std::size_t end = std::string::npos;
+    eventually([&] {
+        end = standardOutput().find('\n');
+        return end != std::string::npos || exitStatus();
+    });
+    if (end == std::string::npos) {
+        throw std::runtime_error("a program does not start: " + standardError());
+    }
+    return standardOutput().substr(0, end);
+}
+
 bool ChildProcess::waitForErrorLine(std::string_view start) {
-    const std::string wanted = "\n" + std::string(start);
     const auto hasLine = [&] {
-        const std::string text = "\n" + standardError();
-        const std::size_t found = text.find(wanted);
-        return found != std::string::npos && text.find('\n', found + 1) != std::string::npos;
+        return ("\n" + standardError()).find("\n" + std::string(start)) != std::string::npos;
     };
-    eventually([&] { return hasLine() || exitStatus().has_value(); });
+    eventually([&] { return hasLine() || exitStatus(); });
     return hasLine();
 }
 
-void runToEnd(std::vector<std::string> arguments, const Environment& environment) {
+std::string runToEnd(std::vector<std::string> arguments, const Environment& environment) {
     const std::string name = arguments.front();
     ChildProcess process(std::move(arguments), environment);
     if (process.waitForEnd() != 0) {
         throw std::runtime_error(name + " failed: " + process.standardError());
     }
+    return process.standardOutput();
 }
 
 } // namespace panewright::test

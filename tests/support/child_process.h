@@ -22,6 +22,8 @@ public:
 
     pid_t pid() const { return pid_; }
     void sendSignal(int signal) const;
+    /// As a crash would end it.
+    void kill();
 
     /// Empty while it runs; the exit code, or -N when signal N ended it.
     std::optional<int> exitStatus();
@@ -31,7 +33,9 @@ public:
     std::string standardOutput() const { return content(output_); }
     std::string standardError() const { return content(error_); }
 
-    /// Waits for a whole line on standard error that starts so; false when the program ends first.
+    /// Waits for the first line on standard output; throws when there is none.
+    std::string firstLine();
+    /// Waits for a line on standard error that starts so; false when the program ends first.
     bool waitForErrorLine(std::string_view start);
 
 private:
@@ -43,7 +47,7 @@ private:
     std::optional<int> exitStatus_;
 };
 
-/// Runs a command to its end; throws when that is not exit code 0.
-void runToEnd(std::vector<std::string> arguments, const Environment& environment);
+/// Runs a command to its end and gives what it printed; throws when that is not exit code 0.
+std::string runToEnd(std::vector<std::string> arguments, const Environment& environment);
 
 } // namespace panewright::test

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
 """Writes and reads store files with nothing but Python's standard library.
 
-    foreign_store.py write FILE          a store as the platform's own archiver lays it out
-    foreign_store.py write-plain FILE    the same, not compressed
-    foreign_store.py write-own FILE      only a state of the program "Own": 5 with Option puts its
-                                         window at (40, 60) with 500 by 400
-    foreign_store.py read FILE           prints what a store holds, as JSON
+    foreign_store.py write FILE STATES   a store as the platform's own archiver lays it out
+    foreign_store.py read FILE [STATES]  prints what a store holds; fails when it is not STATES
+
+The states are JSON: a dictionary of arrays of objects {"class": ..., KEY: VALUE ...}; a size is
+{"size": "{W, H}"}.
 """
 import gzip
 import json
@@ -29,75 +29,32 @@ class Archive:
                 return UID(index)
         return self.add({"$classname": names[0], "$classes": list(names)})
 
-    def mutable_text(self, text):
-        return self.add({"NS.string": text,
-                         "$class": self.class_entry("NSMutableString", "NSString", "NSObject")})
+    def coded(self, value):
+        """The reference of a value. A container comes before what is in it."""
+        if not isinstance(value, (dict, list)):
+            return self.add(value)
+        uid = self.add({})
+        if isinstance(value, list):
+            names, entry = ["NSMutableArray", "NSArray"], {"NS.objects": self.all(value)}
+        elif "size" in value:
+            names, entry = ["NSValue"], {"NS.special": 2, "NS.sizeval": self.add(value["size"])}
+        elif "class" in value:
+            names = [value["class"]]
+            entry = {key: self.coded(item) for key, item in value.items() if key != "class"}
+        else:
+            names = ["NSMutableDictionary", "NSDictionary"]
+            entry = {"NS.keys": self.all(value), "NS.objects": self.all(value.values())}
+        self.objects[uid.data] = {**entry, "$class": self.class_entry(*names, "NSObject")}
+        return uid
 
-    def array(self, uids):
-        return self.add({"NS.objects": uids,
-                         "$class": self.class_entry("NSMutableArray", "NSArray", "NSObject")})
-
-    def size(self, text):
-        return self.add({"NS.special": 2, "NS.sizeval": self.add(text),
-                         "$class": self.class_entry("NSValue", "NSObject")})
-
-    def key_event(self, code, flags, tag):
-        return self.add({"keyCode": self.add(code), "modifierFlags": self.add(flags),
-                         "tag": self.add(tag),
-                         "$class": self.class_entry("CarbonKeyEvent", "NSObject")})
-
-    def state(self, **fields):
-        entry = {"WindowState." + key: value for key, value in fields.items()}
-        entry["$class"] = self.class_entry("WindowState", "NSObject")
-        return self.add(entry)
-
-    def data(self, root, arrays):
-        self.objects[root.data] = {
-            "NS.keys": [self.add(key) for key in arrays], "NS.objects": list(arrays.values()),
-            "$class": self.class_entry("NSMutableDictionary", "NSDictionary", "NSObject")}
-        return plistlib.dumps({"$version": 100000, "$archiver": "NSKeyedArchiver",
-                               "$top": {"root": root}, "$objects": self.objects},
-                              fmt=plistlib.FMT_BINARY)
-
-
-def own_store():
-    a = Archive()
-    root = a.add({})
-    no = a.add(False)
-    state = a.state(PrefersDisplay=no, IsGlobal=no, AppBundleId=a.add("Own"), AppName=a.add("Own"),
-                    OriginalWindowRect=a.add("{{40, 60}, {500, 400}}"),
-                    OriginalQuartzDisplayBounds=a.add("{{0, 0}, {1600, 900}}"),
-                    WindowStateName=a.add("Corner"), IsDefault=no, CenterWindow=no,
-                    WindowScale=a.size("{0, 0}"), KeyEvent=a.key_event(23, 0x80000, 0))
-    return a.data(root, {"Own": a.array([state])})
-
-
-def store():
-    a = Archive()
-    root = a.add({})
-    yes, no = a.add(True), a.add(False)
-    zero = a.add("{{0, 0}, {0, 0}}")
-    built_in = a.state(PrefersDisplay=no, IsGlobal=no, OriginalWindowRect=zero,
-                       OriginalQuartzDisplayBounds=zero, WindowStateName=a.add("Full Screen"),
-                       IsDefault=yes, CenterWindow=yes, WindowScale=a.size("{1, 1}"),
-                       KeyEvent=a.key_event(18, 0x80000, 0))
-    own = a.state(PrefersDisplay=yes, IsGlobal=no, AppBundleId=a.add("org.gnome.Terminal"),
-                  AppName=a.mutable_text("Terminál"), OriginalWindowRect=a.add(
-                      "{{-1280.5, 23}, {1066.6666666666667, 0.10000000000000001}}"),
-                  OriginalQuartzDisplayBounds=a.add("{{-1280, 0}, {1280, 1024}}"),
-                  WindowStateName=a.add("左半分 🪟"), IsDefault=no, CenterWindow=no,
-                  WindowScale=a.size("{0, 0}"), KeyEvent=a.key_event(123, 0x1E0000, -5))
-    sparse = a.state(IsGlobal=a.add(1), WindowStateName=UID(0))
-    return a.data(root, {"defaults": a.array([built_in]), "org.gnome.Terminal": a.array([own]),
-                         "globals": a.array([sparse])})
+    def all(self, values):
+        return [self.coded(value) for value in values]
 
 
 def plain(archive, value):
     """The value with every reference followed."""
     if isinstance(value, UID):
         value = archive["$objects"][value.data]
-        if value == "$null":
-            return None
     if not isinstance(value, dict):
         return value
     entry = archive["$objects"][value["$class"].data]
@@ -116,18 +73,21 @@ def plain(archive, value):
 
 
 def main():
-    command, path = sys.argv[1:]
-    if command == "read":
-        with gzip.open(path) as file:
-            archive = plistlib.loads(file.read(), fmt=plistlib.FMT_BINARY)
-        assert archive["$version"] == 100000 and archive["$archiver"] == "NSKeyedArchiver"
-        json.dump(plain(archive, archive["$top"]["root"]), sys.stdout, ensure_ascii=False,
-                  sort_keys=True, indent=1)
-        print()
+    command, path, *states = sys.argv[1:]
+    if command == "write":
+        archive = Archive()
+        root = archive.coded(json.loads(*states))
+        with gzip.open(path, "wb") as file:
+            plistlib.dump({"$version": 100000, "$archiver": "NSKeyedArchiver",
+                           "$top": {"root": root}, "$objects": archive.objects},
+                          file, fmt=plistlib.FMT_BINARY)
     else:
-        content = own_store() if command == "write-own" else store()
-        with open(path, "wb") as file:
-            file.write(content if command == "write-plain" else gzip.compress(content))
+        with gzip.open(path) as file:
+            archive = plistlib.load(file, fmt=plistlib.FMT_BINARY)
+        assert archive["$version"] == 100000 and archive["$archiver"] == "NSKeyedArchiver"
+        found = plain(archive, archive["$top"]["root"])
+        print(json.dumps(found, ensure_ascii=False))
+        sys.exit(bool(states) and json.loads(*states) != found)
 
 
 if __name__ == "__main__":

@@ -1,21 +1,21 @@
 #include "support/frames.h"
 
-#include "support/eventually.h"
-
 #include <algorithm>
-#include <ostream>
 #include <stdexcept>
 
 namespace panewright::test {
 namespace {
 
+bool contains(const std::vector<std::uint32_t>& atoms, xcb_atom_t atom) {
+    return std::ranges::find(atoms, atom) != atoms.end();
+}
+
 /// Left, right, top, bottom.
 std::array<int, 4> extents(const XClient& x, xcb_window_t window, std::string_view property) {
-    const std::vector<std::uint32_t> values = x.property(window, property);
+    std::vector<std::uint32_t> values = x.property(window, property);
+    values.resize(4);
     std::array<int, 4> extents{};
-    for (std::size_t i = 0; i < extents.size() && values.size() == extents.size(); ++i) {
-        extents.at(i) = static_cast<int>(values.at(i));
-    }
+    std::ranges::copy(values, extents.begin());
     return extents;
 }
 
@@ -29,7 +29,7 @@ Frame borderedFrame(const XClient& x, xcb_window_t window) {
     if (!geometry || !origin) {
         return {};
     }
-    const int border = geometry->border_width;
+    const double border = geometry->border_width;
     return {origin->dst_x - border, origin->dst_y - border, geometry->width + 2 * border,
             geometry->height + 2 * border};
 }
@@ -47,19 +47,13 @@ xcb_window_t outermostAncestor(const XClient& x, xcb_window_t window) {
 
 } // namespace
 
-std::ostream& operator<<(std::ostream& stream, const Frame& frame) {
-    return stream << "(" << frame.x << ", " << frame.y << ", " << frame.width << ", "
-                  << frame.height << ")";
-}
-
 bool isManaged(const XClient& x) {
     const auto check = x.property(x.root(), "_NET_SUPPORTING_WM_CHECK");
     return !check.empty() && x.property(check[0], "_NET_SUPPORTING_WM_CHECK") == check;
 }
 
 bool tellsFrameExtents(const XClient& x) {
-    const auto supported = x.property(x.root(), "_NET_SUPPORTED");
-    return std::ranges::find(supported, x.atom("_NET_FRAME_EXTENTS")) != supported.end();
+    return contains(x.property(x.root(), "_NET_SUPPORTED"), x.atom("_NET_FRAME_EXTENTS"));
 }
 
 Frame outerFrame(const XClient& x, xcb_window_t window) {
@@ -79,25 +73,22 @@ Frame outerFrame(const XClient& x, xcb_window_t window) {
     };
 }
 
-Frame frameOnceItIs(const Frame& expected, const XClient& x, xcb_window_t window) {
+Frame frameOnceItIs(const Frame& expected, const XClient& x, xcb_window_t window,
+                    std::chrono::milliseconds timeout) {
     Frame frame;
-    eventually([&] { return (frame = outerFrame(x, window)) == expected; });
+    eventually([&] { return (frame = outerFrame(x, window)) == expected; }, timeout);
     return frame;
 }
 
 void addStates(const XClient& x, xcb_window_t window, const std::vector<std::string>& states) {
-    const auto contains = [](const std::vector<std::uint32_t>& atoms, xcb_atom_t atom) {
-        return std::ranges::find(atoms, atom) != atoms.end();
-    };
     constexpr std::uint32_t kAdd = 1;
     constexpr std::uint32_t kPager = 2;
     const auto supported = x.property(x.root(), "_NET_SUPPORTED");
-    const auto first = x.atom(states.front());
-    const xcb_atom_t second = states.size() > 1 ? x.atom(states.back()) : xcb_atom_t{};
-    x.sendToWindowManager(window, "_NET_WM_STATE", {kAdd, first, second, kPager});
-    for (const auto atom : {first, second}) {
-        if (contains(supported, atom) &&
-            !eventually([&] { return contains(x.property(window, "_NET_WM_STATE"), atom); })) {
+    const std::array<xcb_atom_t, 2> atoms{x.atom(states.front()), x.atom(states.back())};
+    x.sendToWindowManager(window, "_NET_WM_STATE", {kAdd, atoms[0], atoms[1], kPager});
+    for (const auto atom : atoms) {
+        const auto isSet = [&] { return contains(x.property(window, "_NET_WM_STATE"), atom); };
+        if (contains(supported, atom) && !eventually(isSet)) {
             throw std::runtime_error("the window manager does not set " + states.front());
         }
     }
@@ -109,8 +100,9 @@ void placeWindow(const XClient& x, xcb_window_t window, const Frame& frame) {
     constexpr std::uint32_t kPager = 2 << 12;
     const auto added = extents(x, window, "_NET_FRAME_EXTENTS");
     x.sendToWindowManager(window, "_NET_MOVERESIZE_WINDOW",
-                          {kNorthWest | kAllFour | kPager, static_cast<std::uint32_t>(frame.x),
-                           static_cast<std::uint32_t>(frame.y),
+                          {kNorthWest | kAllFour | kPager,
+                           static_cast<std::uint32_t>(static_cast<int>(frame.x)),
+                           static_cast<std::uint32_t>(static_cast<int>(frame.y)),
                            static_cast<std::uint32_t>(frame.width - added[0] - added[1]),
                            static_cast<std::uint32_t>(frame.height - added[2] - added[3])});
     if (frameOnceItIs(frame, x, window) != frame) {

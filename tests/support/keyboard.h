@@ -3,6 +3,8 @@
 #include "support/x_client.h"
 
 #include <cstdint>
+#include <stdexcept>
+#include <xcb/xtest.h>
 
 namespace panewright::test {
 
@@ -13,22 +15,44 @@ public:
     explicit Keyboard(const XClient& x) : x_(x) {}
 
     /// Both return when the server has handled the key.
-    void press(std::uint16_t key) const;
-    void release(std::uint16_t key) const;
+    void press(std::uint16_t key) const { send(XCB_KEY_PRESS, key); }
+    void release(std::uint16_t key) const { send(XCB_KEY_RELEASE, key); }
 
-    void tap(std::uint16_t key) const;
+    void tap(std::uint16_t key) const {
+        press(key);
+        release(key);
+    }
     /// Holds the modifier's key while it taps the other.
-    void tap(std::uint16_t modifier, std::uint16_t key) const;
+    void tap(std::uint16_t modifier, std::uint16_t key) const {
+        press(modifier);
+        tap(key);
+        release(modifier);
+    }
 
-    /// Taps the lock key if its lamp is not as wanted.
-    void setNumLock(bool on) const;
-    void setCapsLock(bool on) const;
+    /// Taps the lock key if its modifier (XCB_MOD_MASK_2 and so on) is not as wanted.
+    void setLock(std::uint16_t key, std::uint16_t modifier, bool on) const {
+        const auto isOn = [&] {
+            const ReplyPointer<xcb_query_pointer_reply_t> state(xcb_query_pointer_reply(
+                x_.connection(), xcb_query_pointer(x_.connection(), x_.root()), nullptr));
+            return state && (state->mask & modifier) != 0;
+        };
+        if (isOn() != on) {
+            tap(key);
+        }
+        if (isOn() != on) {
+            throw std::runtime_error("the lock key does not work");
+        }
+    }
 
-    static xcb_keycode_t keycode(std::uint16_t key);
+    /// The server's code of the key.
+    static xcb_keycode_t keycode(std::uint16_t key) { return static_cast<xcb_keycode_t>(key + 8); }
 
 private:
-    void send(std::uint8_t type, std::uint16_t key) const;
-    void setLock(std::uint16_t key, std::uint16_t modifier, bool on) const;
+    void send(std::uint8_t type, std::uint16_t key) const {
+        xcb_test_fake_input(x_.connection(), type, keycode(key), XCB_CURRENT_TIME, XCB_NONE, 0, 0,
+                            0);
+        x_.synchronize();
+    }
 
     const XClient& x_;
 };

@@ -13,12 +13,30 @@ using Environment = std::map<std::string, std::string>;
 /// A user who has nothing but an empty folder, which goes with this object.
 class PrivateHome {
 public:
-    PrivateHome();
+    PrivateHome() {
+        for (const char* folder : {"config", "cache", "data", "runtime"}) {
+            std::filesystem::create_directory(folder_.path() / folder);
+        }
+        std::filesystem::permissions(folder_.path() / "runtime", std::filesystem::perms::owner_all);
+    }
 
-    std::filesystem::path write(std::string_view name, const std::string& content) const;
+    std::filesystem::path write(std::string_view name, const std::string& content) const {
+        setContent(folder_.path() / name, content);
+        return folder_.path() / name;
+    }
 
     /// PATH, a plain locale, and HOME and the XDG folders inside the folder.
-    Environment environment() const;
+    Environment environment() const {
+        const char* path = std::getenv("PATH");
+        const std::filesystem::path& home = folder_.path();
+        return {{"PATH", path == nullptr ? "/usr/bin:/bin" : path},
+                {"LANG", "C.UTF-8"},
+                {"HOME", home},
+                {"XDG_CONFIG_HOME", home / "config"},
+                {"XDG_CACHE_HOME", home / "cache"},
+                {"XDG_DATA_HOME", home / "data"},
+                {"XDG_RUNTIME_DIR", home / "runtime"}};
+    }
 
 private:
     TemporaryFolder folder_;

@@ -3,14 +3,19 @@
 #include "desktop/memory/memory_standard_folders.h"
 #include "desktop/memory/memory_user_defaults.h"
 #include "model/model.h"
+#include "support/captured_log.h"
 #include "support/temporary_folder.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <memory>
 #include <string>
 
 namespace panewright {
+
+inline Bytes bytes(const std::string& text) {
+    return Bytes(text.begin(), text.end());
+}
 
 /// A store in a folder of the test's own.
 class StoreFixture : public testing::Test {
@@ -23,6 +28,11 @@ protected:
 
     std::unique_ptr<Model> makeModel() { return std::make_unique<Model>(folders_, defaults_); }
 
+    static void save(Model& model) {
+        model.save();
+        model.finishSaving();
+    }
+
     /// What a fresh look at the file finds.
     std::optional<WindowStates> statesOnDisk() const {
         const auto content = readFile(file_);
@@ -32,10 +42,7 @@ protected:
     static std::shared_ptr<WindowState> makeState(const std::string& app, const std::string& name) {
         auto state = WindowState::windowStateIsDefault(false, false);
         state->setAppBundleId(app);
-        state->setAppName("Application " + app);
         state->setWindowStateName(name);
-        state->setOriginalWindowRect({10.5, 23, 1066.6666666666667, 700});
-        state->setOriginalQuartzDisplayBounds({0, 0, 1920, 1080});
         state->setKeyEvent(CarbonKeyEvent::carbonEventWithKeyCode(123, 0x80000));
         return state;
     }
@@ -45,28 +52,11 @@ protected:
         WindowStates states;
         for (int index = 0; index < count; ++index) {
             const std::string app = "org.example.Application" + std::to_string(index % 20);
-            auto& array = states[app];
-            if (!array) {
-                array = std::make_shared<WindowStateArray>();
-            }
+            auto& array =
+                states.try_emplace(app, std::make_shared<WindowStateArray>()).first->second;
             array->push_back(makeState(app, name));
         }
         return states;
-    }
-
-    /// The name that all states have, empty unless there are so many and they have one.
-    static std::string commonName(const std::optional<WindowStates>& states, std::size_t count) {
-        std::string name;
-        std::size_t found = 0;
-        for (const auto& [key, array] : states.value_or(WindowStates())) {
-            for (const auto& state : *array) {
-                if (found++ > 0 && state->windowStateName() != name) {
-                    return "";
-                }
-                name = state->windowStateName().value_or("");
-            }
-        }
-        return found == count ? name : "";
     }
 };
 

@@ -33,17 +33,14 @@ inline std::string contentOf(const std::filesystem::path& file) {
     return {std::istreambuf_iterator<char>(input), {}};
 }
 
+/// Makes the folders on the way to the file too.
 inline void setContent(const std::filesystem::path& file, const std::string& content) {
+    std::filesystem::create_directories(file.parent_path());
     std::ofstream(file, std::ios::binary) << content;
 }
 
-/// The names in the folder that begin so.
-inline int countOfNames(const std::filesystem::path& folder, const std::string& start) {
-    int count = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-        count += entry.path().filename().string().rfind(start, 0) == 0 ? 1 : 0;
-    }
-    return count;
+inline auto countOfFiles(const std::filesystem::path& folder) {
+    return std::distance(std::filesystem::directory_iterator(folder), {});
 }
 
 inline int modeOf(const std::filesystem::path& file) {

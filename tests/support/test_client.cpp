@@ -3,11 +3,9 @@
 #include "support/eventually.h"
 
 #include <stdexcept>
-#include <unistd.h>
+#include <sys/utsname.h>
 
 namespace panewright::test {
-
-TestClient::TestClient(const std::string& display) : TestClient(display, Options{}) {}
 
 TestClient::TestClient(const std::string& display, const Options& options)
     : x_(display), window_(xcb_generate_id(x_.connection())) {
@@ -55,17 +53,13 @@ void TestClient::setHints(const Options& options) const {
     set(kIncrements, 9, options.increments);
     x_.setProperty(window_, "WM_NORMAL_HINTS", XCB_ATOM_WM_SIZE_HINTS, hints);
 
-    const std::string classHint =
-        options.windowClass + std::string(1, '\0') + options.windowClass + std::string(1, '\0');
-    const auto setText = [&](xcb_atom_t property, const std::string& text) {
-        xcb_change_property(x_.connection(), XCB_PROP_MODE_REPLACE, window_, property,
-                            XCB_ATOM_STRING, 8, static_cast<std::uint32_t>(text.size()),
-                            text.data());
-    };
-    setText(XCB_ATOM_WM_NAME, options.title);
-    setText(XCB_ATOM_WM_CLASS, classHint);
-    x_.setProperty(window_, "_NET_WM_PID", XCB_ATOM_CARDINAL,
-                   {static_cast<std::uint32_t>(getpid())});
+    const std::string& name = options.windowClass;
+    x_.setText(window_, "WM_NAME", name);
+    x_.setText(window_, "WM_CLASS", name + '\0' + name + '\0');
+    utsname host{};
+    uname(&host);
+    x_.setText(window_, "WM_CLIENT_MACHINE", host.nodename);
+    x_.setProperty(window_, "_NET_WM_PID", XCB_ATOM_CARDINAL, {options.pid});
     if (options.gtkFrameExtents) {
         const auto& extents = *options.gtkFrameExtents;
         x_.setProperty(window_, "_GTK_FRAME_EXTENTS", XCB_ATOM_CARDINAL,
@@ -81,14 +75,8 @@ void TestClient::takeFocus() const {
     x_.synchronize();
 }
 
-bool TestClient::isActive() const {
-    const auto active = x_.property(x_.root(), "_NET_ACTIVE_WINDOW");
-    return !active.empty() && active.front() == window_; // xfwm4 adds a second number
-}
-
 void TestClient::activate() const {
-    constexpr std::uint32_t kPager = 2;
-    x_.sendToWindowManager(window_, "_NET_ACTIVE_WINDOW", {kPager, XCB_CURRENT_TIME});
+    x_.activate(window_);
     if (!eventually([this] { return isActive(); })) {
         throw std::runtime_error("the window manager does not activate the test window");
     }
@@ -100,11 +88,6 @@ int TestClient::keyPresses() {
         keyPresses_ += (event->response_type & ~kSentByAClient) == XCB_KEY_PRESS ? 1 : 0;
     }
     return keyPresses_;
-}
-
-void TestClient::destroy() const {
-    xcb_destroy_window(x_.connection(), window_);
-    xcb_flush(x_.connection());
 }
 
 } // namespace panewright::test

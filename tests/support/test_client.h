@@ -8,47 +8,44 @@
 
 namespace panewright::test {
 
+/// In pixels.
+struct ClientExtent {
+    std::uint32_t width = 0;
+    std::uint32_t height = 0;
+};
+struct ClientOptions {
+    Frame client{.x = 100, .y = 100, .width = 400, .height = 300};
+    std::string windowClass = "TestClient";
+    /// The process that it says it is of, which counts where the server does not know.
+    std::uint32_t pid = 1;
+    xcb_gravity_t gravity = XCB_GRAVITY_NORTH_WEST;
+    std::optional<ClientExtent> minimumSize;
+    std::optional<ClientExtent> maximumSize;
+    std::optional<ClientExtent> increments;
+    /// The invisible border (left, right, top, bottom) of a window that draws its own frame.
+    std::optional<std::array<std::uint32_t, 4>> gtkFrameExtents;
+};
+
 /// A plain window of another program, on a connection of its own; mapped and framed by the window
 /// manager when the constructor returns. Goes with its object.
 class TestClient {
 public:
-    struct Extent {
-        std::uint32_t width = 0;
-        std::uint32_t height = 0;
-    };
-    struct Options {
-        Frame client{.x = 100, .y = 100, .width = 400, .height = 300};
-        std::string title = "test window";
-        std::string windowClass = "TestClient";
-        xcb_gravity_t gravity = XCB_GRAVITY_NORTH_WEST;
-        std::optional<Extent> minimumSize;
-        std::optional<Extent> maximumSize;
-        std::optional<Extent> increments;
-        /// The invisible border (left, right, top, bottom) of a window that draws its own frame.
-        std::optional<std::array<std::uint32_t, 4>> gtkFrameExtents;
-    };
+    using Extent = ClientExtent;
+    using Options = ClientOptions;
 
-    explicit TestClient(const std::string& display);
-    TestClient(const std::string& display, const Options& options);
+    explicit TestClient(const std::string& display, const Options& options = {});
 
     xcb_window_t window() const { return window_; }
 
     /// Returns when the window manager has made it the active window.
     void activate() const;
-    bool isActive() const;
+    bool isActive() const { return x_.activeWindow() == window_; }
 
     /// Takes the input focus, without asking a window manager.
     void takeFocus() const;
 
-    /// How many key presses have come to the window, or through a key that this client grabbed.
+    /// How many key presses have come to the window.
     int keyPresses();
-
-    bool grabKey(std::uint16_t modifiers, xcb_keycode_t key) const {
-        return x_.grabKey(modifiers, key);
-    }
-
-    /// Sends the request and does not wait.
-    void destroy() const;
 
 private:
     void setHints(const Options& options) const;

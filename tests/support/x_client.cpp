@@ -1,5 +1,6 @@
 #include "support/x_client.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace panewright::test {
@@ -43,6 +44,21 @@ void XClient::setProperty(xcb_window_t window, std::string_view name, xcb_atom_t
                         static_cast<std::uint32_t>(values.size()), values.data());
 }
 
+void XClient::setText(xcb_window_t window, std::string_view property, std::string_view text) const {
+    xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, atom(property), XCB_ATOM_STRING,
+                        8, static_cast<std::uint32_t>(text.size()), text.data());
+}
+
+void XClient::activate(xcb_window_t window) const {
+    constexpr std::uint32_t kPager = 2;
+    sendToWindowManager(window, "_NET_ACTIVE_WINDOW", {kPager, XCB_CURRENT_TIME});
+}
+
+xcb_window_t XClient::activeWindow() const {
+    const auto active = property(root_, "_NET_ACTIVE_WINDOW");
+    return active.empty() ? xcb_window_t{XCB_NONE} : active.front(); // xfwm4 adds a second number
+}
+
 void XClient::sendToWindowManager(xcb_window_t window, std::string_view message,
                                   const std::array<std::uint32_t, 5>& values) const {
     xcb_client_message_event_t event{};
@@ -50,9 +66,7 @@ void XClient::sendToWindowManager(xcb_window_t window, std::string_view message,
     event.format = 32;
     event.window = window;
     event.type = atom(message);
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        event.data.data32[i] = values.at(i);
-    }
+    std::ranges::copy(values, event.data.data32);
     xcb_send_event(connection_, 0, root_,
                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char*>(&event));

@@ -37,6 +37,13 @@ public:
     void setProperty(xcb_window_t window, std::string_view name, xcb_atom_t type,
                      const std::vector<std::uint32_t>& values) const;
 
+    void setText(xcb_window_t window, std::string_view property, std::string_view text) const;
+
+    /// Makes it the active window, as a pager does, and does not wait.
+    void activate(xcb_window_t window) const;
+    /// None while no window is active.
+    xcb_window_t activeWindow() const;
+
     /// Asks the window manager, as a pager does.
     void sendToWindowManager(xcb_window_t window, std::string_view message,
                              const std::array<std::uint32_t, 5>& values) const;

@@ -1,8 +1,6 @@
 #include "system/program.h"
 
 #include <csignal>
-#include <gmock/gmock.h>
-#include <linux/input-event-codes.h>
 
 namespace panewright::test {
 namespace {
@@ -13,51 +11,105 @@ using testing::Optional;
 
 constexpr std::chrono::milliseconds kAtOnce{2000};
 
-TEST(LifeCycle, EndsOnSigtermAndReleasesTheKeys) {
-    Desktop desktop;
-    const TestClient window(desktop.display());
-    window.activate(); // hot keys are installed while there is a program to be in
+/// How the program starts and ends, and the store that it keeps for its user meanwhile, made and
+/// looked at by others.
+class LifeCycle : public testing::Test {
+protected:
+    LifeCycle() { window_.activate(); }
+
+    void foreignStore(const std::vector<std::string>& arguments) const {
+        std::vector<std::string> command{PYTHON, FOREIGN_STORE};
+        command.insert(command.end(), arguments.begin(), arguments.end());
+        EXPECT_NO_THROW(desktop_.run(command));
+    }
+
+    Desktop desktop_;
+    TestClient window_{desktop_.display()};
+    const std::filesystem::path file_ =
+        std::filesystem::path(desktop_.environment()["XDG_DATA_HOME"]) /
+        "Panewright/keyEvents.data";
+};
+
+TEST_F(LifeCycle, EndsOnSigtermWithReleasedKeysAndAStoreForTheUserAlone) {
     const xcb_keycode_t key = Keyboard::keycode(KEY_2);
-    Program program(desktop);
-    EXPECT_FALSE(desktop.x().grabKey(XCB_MOD_MASK_1, key));
+    Program program(desktop_);
+    EXPECT_FALSE(desktop_.x().grabKey(XCB_MOD_MASK_1, key));
     program->sendSignal(SIGTERM);
     EXPECT_THAT(program->waitForEnd(kAtOnce), Optional(0));
-    EXPECT_TRUE(desktop.x().grabKey(XCB_MOD_MASK_1, key));
+    EXPECT_TRUE(desktop_.x().grabKey(XCB_MOD_MASK_1, key));
+    EXPECT_EQ(modeOf(file_), 0600);
+    foreignStore({"read", file_});
 }
 
-TEST(LifeCycle, EndsWithAMessageWhenTheServerGoesAway) {
-    Desktop desktop;
-    Program program(desktop);
+TEST_F(LifeCycle, EndsWithAMessageWithoutAServer) {
+    Program program(desktop_);
     const std::size_t before = program->standardError().size();
-    desktop.server().kill();
+    desktop_.killServer();
     EXPECT_THAT(program->waitForEnd(kAtOnce), Optional(Gt(0)));
     EXPECT_THAT(program->standardError().substr(before), ContainsRegex("X server|display"));
-}
 
-TEST(LifeCycle, EndsWithAMessageWithoutADisplay) {
     const PrivateHome home;
-    const Environment none = home.environment();
-    Environment unreachable = none;
-    unreachable["DISPLAY"] = ":32000";
-    for (const Environment& environment : {none, unreachable}) {
-        ChildProcess program({PANEWRIGHT_PROGRAM}, environment);
-        EXPECT_THAT(program.waitForEnd(kAtOnce), Optional(Gt(0)));
-        EXPECT_THAT(program.standardError(), ContainsRegex("X server|DISPLAY|display"));
+    Environment environment = home.environment();
+    for (const char* display : {"", ":32000"}) {
+        environment["DISPLAY"] = display;
+        ChildProcess another({PANEWRIGHT_PROGRAM}, environment);
+        EXPECT_THAT(another.waitForEnd(kAtOnce), Optional(Gt(0)));
+        EXPECT_THAT(another.standardError(), ContainsRegex("X server|DISPLAY|display"));
     }
 }
 
-TEST(LifeCycle, WorksOnAWaylandSessionAndSaysWhatItCannotReach) {
-    Desktop desktop;
-    const TestClient window(desktop.display());
-    window.activate();
-    Environment environment = desktop.environment();
+TEST_F(LifeCycle, GoesOnInAWaylandSessionAndSaysWhatItCannotReach) {
+    Environment environment = desktop_.environment();
     environment["XDG_SESSION_TYPE"] = "wayland";
     environment["WAYLAND_DISPLAY"] = "wayland-0";
     Program program(environment);
     EXPECT_THAT(program->standardError(), ContainsRegex("Wayland.*X11"));
-    desktop.keyboard().tap(KEY_LEFTALT, KEY_2);
-    const Frame centredLarge{.x = 80, .y = 45, .width = 1440, .height = 810};
-    EXPECT_EQ(frameOnceItIs(centredLarge, desktop.x(), window.window()), centredLarge);
+    expectAfter(KEY_2, kLarge, desktop_, window_.window());
+}
+
+TEST_F(LifeCycle, LeavesAStoreAloneThatIsDamagedOrAnothers) {
+    setContent(file_, "damaged");
+    {
+        Program first(desktop_);
+        EXPECT_THAT(first->standardError(), testing::HasSubstr("the file is damaged"));
+        std::filesystem::remove(file_);
+        ChildProcess second({PANEWRIGHT_PROGRAM}, desktop_.environment());
+        EXPECT_THAT(second.waitForEnd(), Optional(0));
+        EXPECT_EQ(second.standardError(), "panewright: already running\n");
+        EXPECT_FALSE(std::filesystem::exists(file_));
+        setContent(file_, "damaged");
+        first->sendSignal(SIGTERM);
+        EXPECT_THAT(first->waitForEnd(), Optional(0));
+    }
+    EXPECT_EQ(contentOf(file_), "damaged");
+}
+
+TEST_F(LifeCycle, KeepsTheStatesOfAnotherWriterForTheirProgramAlone) {
+    constexpr Frame kCorner{40, 60, 500, 400};
+    std::filesystem::create_directories(file_.parent_path());
+    foreignStore({"write", file_, R"({"Own": [{
+        "class": "WindowState", "WindowState.AppBundleId": "Own",
+        "WindowState.OriginalWindowRect": "{{40, 60}, {500, 400}}",
+        "WindowState.OriginalQuartzDisplayBounds": "{{0, 0}, {1600, 900}}",
+        "WindowState.KeyEvent": {"class": "CarbonKeyEvent", "keyCode": 23, "modifierFlags": 524288}
+    }]})"});
+    const TestClient own(desktop_.display(), {.windowClass = "Own"});
+    for (const int end : {SIGTERM, SIGKILL, SIGTERM}) {
+        own.activate();
+        Program program(desktop_);
+        expectAfter(KEY_5, kCorner, desktop_, own.window());
+        expectAfter(KEY_2, kLarge, desktop_, own.window());
+
+        window_.activate();
+        expectAfter(KEY_2, kLarge, desktop_, window_.window());
+        const int before = window_.keyPresses();
+        expectAfter(KEY_5, kLarge, desktop_, window_.window());
+        EXPECT_TRUE(eventually([&] { return window_.keyPresses() > before; }));
+
+        program->sendSignal(end);
+        EXPECT_THAT(program->waitForEnd(), Optional(end == SIGTERM ? 0 : -SIGKILL));
+        foreignStore({"read", file_});
+    }
 }
 
 } // namespace

@@ -2,6 +2,9 @@
 
 #include "support/desktop.h"
 
+#include <gmock/gmock.h>
+#include <linux/input-event-codes.h>
+
 #include <stdexcept>
 
 namespace panewright::test {
@@ -22,5 +25,19 @@ public:
 private:
     ChildProcess process_;
 };
+
+/// What Alt+1 to Alt+4 do on a display of 1600 by 900.
+using FourFrames = std::array<Frame, 4>;
+constexpr FourFrames kStates{
+    {{0, 0, 1600, 900}, {80, 45, 1440, 810}, {160, 90, 1280, 720}, {280, 158, 1040, 585}}};
+constexpr Frame kLarge = kStates[1];
+constexpr Frame kSmall = kStates[3];
+
+/// Presses Alt and the key; the window must come to stand in the frame.
+inline void expectAfter(std::uint16_t key, const Frame& frame, const Desktop& desktop,
+                        xcb_window_t window, std::chrono::milliseconds timeout = kPatience) {
+    desktop.keyboard().tap(KEY_LEFTALT, key);
+    EXPECT_EQ(frameOnceItIs(frame, desktop.x(), window, timeout), frame) << "key " << key;
+}
 
 } // namespace panewright::test

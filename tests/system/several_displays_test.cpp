@@ -1,11 +1,6 @@
 #include "system/program.h"
 
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <linux/input-event-codes.h>
 #include <thread>
-#include <vector>
 
 namespace panewright::test {
 namespace {
@@ -14,94 +9,74 @@ namespace {
 class SeveralDisplays : public testing::Test {
 protected:
     SeveralDisplays() {
-        connect({"1000/300x800/200+0+0", "1366/300x768/200+1000+0", "640/300x480/200+2366+100"});
+        desktop_.setDisplays({"1000x800+0+0", "1366x768+1000+0", "640x480+2366+100"});
         window_.activate();
     }
-
-    void xrandr(std::vector<std::string> arguments) const {
-        arguments.insert(arguments.begin(), "xrandr");
-        runToEnd(arguments, desktop_.environment());
-    }
-    /// Geometries as xrandr has them; the first is the primary display.
-    void connect(const std::vector<std::string>& geometries) {
-        for (const auto& geometry : geometries) {
-            const std::string name = "D" + std::to_string(connected_);
-            xrandr({"--setmonitor", (connected_ == 0 ? "*" : "") + name, geometry,
-                    connected_ == 0 ? "screen" : "none"});
-            ++connected_;
-        }
-    }
-    void unplugLast() { xrandr({"--delmonitor", "D" + std::to_string(--connected_)}); }
-
     void writeSettings(const std::string& settings) const {
-        const std::filesystem::path folder =
-            std::filesystem::path(desktop_.environment()["XDG_CONFIG_HOME"]) / "Panewright";
-        std::filesystem::create_directories(folder);
-        std::ofstream(folder / "Panewright.conf") << "[General]\n" << settings;
+        setContent(desktop_.environment()["XDG_CONFIG_HOME"] + "/Panewright/Panewright.conf",
+                   "[General]\n" + settings);
     }
-
-    void expectAfter(std::uint16_t key, const Frame& frame) {
-        desktop_.keyboard().tap(KEY_LEFTALT, key);
-        EXPECT_EQ(frameOnceItIs(frame, desktop_.x(), window_.window()), frame);
+    void expectMove(std::uint16_t key, const Frame& frame) const {
+        expectAfter(key, frame, desktop_, window_.window());
     }
 
     Desktop desktop_{{.width = 3006, .height = 900}};
     TestClient window_{desktop_.display()};
-    int connected_ = 0;
 };
 
-constexpr Frame kSmallOnFirst{.x = 175, .y = 140, .width = 650, .height = 520};
-constexpr Frame kSmallOnSecond{.x = 1240, .y = 135, .width = 888, .height = 499};
-constexpr Frame kSmallOnThird{.x = 2478, .y = 184, .width = 416, .height = 312};
+constexpr Frame kSmallOnFirst{175, 140, 650, 520};
+constexpr Frame kSmallOnSecond{1240, 135, 888, 499};
+constexpr Frame kSmallOnThird{2478, 184, 416, 312};
+constexpr Frame kLargeOnFirst{50, 40, 900, 720};
 
 TEST_F(SeveralDisplays, KeepAStateWhereItIsUnlessTheUserLetsItMoveOn) {
-    Program program(desktop_);
-    expectAfter(KEY_4, kSmallOnFirst);
+    const Program program(desktop_);
+    expectMove(KEY_4, kSmallOnFirst);
     desktop_.keyboard().tap(KEY_LEFTALT, KEY_4);
-    expectAfter(KEY_2, {.x = 50, .y = 40, .width = 900, .height = 720}); // it was still here
-    expectAfter(KEY_4, kSmallOnFirst);
+    expectMove(KEY_2, kLargeOnFirst); // it was still here
+    expectMove(KEY_4, kSmallOnFirst);
 
     writeSettings("AllowMoveWindow=true\n");
-    expectAfter(KEY_4, kSmallOnSecond); // where coordinates are fractions
-    expectAfter(KEY_4, kSmallOnThird);
-    expectAfter(KEY_4, kSmallOnFirst);
+    expectMove(KEY_4, kSmallOnSecond); // where coordinates are fractions
+    expectMove(KEY_4, kSmallOnThird);
+    expectMove(KEY_4, kSmallOnFirst);
 
-    expectAfter(KEY_1, {.x = 0, .y = 0, .width = 1000, .height = 800});
-    expectAfter(KEY_1, {.x = 1000, .y = 0, .width = 1366, .height = 768});
+    expectMove(KEY_1, {0, 0, 1000, 800});
+    expectMove(KEY_1, {1000, 0, 1366, 768});
     // The program looks once at what came of its writes, and repairs what another has moved by
     // then.
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
-    placeWindow(desktop_.x(), window_.window(),
-                {.x = 1000, .y = 23, .width = 1366, .height = 745}); // fills it below a menu bar
-    expectAfter(KEY_1, {.x = 2366, .y = 100, .width = 640, .height = 480});
+    const Frame belowAMenuBar{1000, 23, 1366, 745};
+    placeWindow(desktop_.x(), window_.window(), belowAMenuBar);
+    expectMove(KEY_1, {2366, 100, 640, 480});
 }
 
 TEST_F(SeveralDisplays, AreGoneThroughWithTheirOwnKey) {
     writeSettings("MoveToNextWindowKeyEventKeyCode=45\n" // N
                   "MoveToNextWindowKeyEventKeyModifiers=524288\n");
-    Program program(desktop_);
-    placeWindow(desktop_.x(), window_.window(), {.x = 100, .y = 200, .width = 500, .height = 400});
-    expectAfter(KEY_N, {.x = 1137, .y = 192, .width = 683, .height = 384});
-    expectAfter(KEY_N, {.x = 2431, .y = 220, .width = 320, .height = 240});
-    expectAfter(KEY_N, {.x = 102, .y = 200, .width = 500, .height = 400});
+    const Program program(desktop_);
+    placeWindow(desktop_.x(), window_.window(), {100, 200, 500, 400});
+    expectMove(KEY_N, {1137, 192, 683, 384});
+    expectMove(KEY_N, {2431, 220, 320, 240});
+    expectMove(KEY_N, {102, 200, 500, 400});
 }
 
 TEST_F(SeveralDisplays, MayBeUnpluggedBetweenTwoPressesAndDuringOne) {
     writeSettings("AllowMoveWindow=true\n");
     Program program(desktop_);
-    expectAfter(KEY_4, kSmallOnFirst);
-    expectAfter(KEY_4, kSmallOnSecond);
-    unplugLast();
-    expectAfter(KEY_4, kSmallOnFirst);
+    expectMove(KEY_4, kSmallOnFirst);
+    expectMove(KEY_4, kSmallOnSecond);
+    desktop_.setDisplays({"1000x800+0+0", "1366x768+1000+0"});
+    expectMove(KEY_4, kSmallOnFirst);
 
     desktop_.keyboard().press(KEY_LEFTALT);
     desktop_.keyboard().press(KEY_4);
-    unplugLast();
+    desktop_.setDisplays({"1000x800+0+0"});
     desktop_.keyboard().release(KEY_4);
     desktop_.keyboard().release(KEY_LEFTALT);
-    expectAfter(KEY_2, {.x = 50, .y = 40, .width = 900, .height = 720});
+    expectMove(KEY_2, kLargeOnFirst);
     desktop_.keyboard().tap(KEY_LEFTALT, KEY_2); // there is no other display
-    expectAfter(KEY_4, kSmallOnFirst);
+    expectMove(KEY_4, kSmallOnFirst);
     EXPECT_EQ(program->exitStatus(), std::nullopt);
 }
 

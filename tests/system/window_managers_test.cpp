@@ -1,20 +1,12 @@
 #include "system/program.h"
 
-#include <array>
 #include <deque>
-#include <gmock/gmock.h>
-#include <linux/input-event-codes.h>
 #include <string>
 #include <thread>
 #include <vector>
 
 namespace panewright::test {
 namespace {
-
-/// Of Alt+1 to Alt+4, on a display of 1600 by 900.
-using FourFrames = std::array<Frame, 4>;
-constexpr FourFrames kStates{
-    {{0, 0, 1600, 900}, {80, 45, 1440, 810}, {160, 90, 1280, 720}, {280, 158, 1040, 585}}};
 
 struct Manager {
     std::string name;
@@ -68,15 +60,14 @@ std::vector<Manager> installedManagers() {
 
 class WindowManagers : public testing::TestWithParam<Manager> {
 protected:
-    void press(std::size_t state) const {
-        desktop_.keyboard().tap(KEY_LEFTALT, static_cast<std::uint16_t>(KEY_1 + state));
+    static std::uint16_t keyOf(std::size_t state) {
+        return static_cast<std::uint16_t>(KEY_1 + state);
     }
 
     /// Presses Alt+4 to Alt+1 and checks where the window then is.
     void expectFrames(xcb_window_t window, const FourFrames& expected) const {
         for (std::size_t state = expected.size(); state-- > 0;) {
-            press(state);
-            EXPECT_EQ(frameOnceItIs(expected.at(state), desktop_.x(), window), expected.at(state));
+            expectAfter(keyOf(state), expected.at(state), desktop_, window);
         }
     }
 
@@ -88,20 +79,21 @@ protected:
         }
         for (const std::size_t state : {3U, 2U, 1U}) {
             const Frame& full = kStates.at(state);
-            press(state);
+            desktop_.keyboard().tap(KEY_LEFTALT, keyOf(state));
             const auto fits = [&] {
                 const Frame frame = outerFrame(desktop_.x(), window);
                 return frame.x == full.x && frame.y == full.y && frame.width <= full.width &&
                        frame.width > full.width - step && frame.height <= full.height &&
                        frame.height > full.height - step;
             };
-            EXPECT_TRUE(eventually(fits)) << outerFrame(desktop_.x(), window);
+            EXPECT_TRUE(eventually(fits))
+                << testing::PrintToString(outerFrame(desktop_.x(), window));
         }
     }
 
     void expectNothingHappens(xcb_window_t window) const {
         const Frame before = outerFrame(desktop_.x(), window);
-        press(1);
+        desktop_.keyboard().tap(KEY_LEFTALT, KEY_2);
         // There is nothing to wait for; what could happen takes a few milliseconds.
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
         EXPECT_EQ(outerFrame(desktop_.x(), window), before);
@@ -125,14 +117,12 @@ TEST_P(WindowManagers, TakeWindowsOutOfStatesThatBlockPlacing) {
         SCOPED_TRACE(states.front());
         for (const std::size_t state : {3U, 1U}) {
             addStates(desktop_.x(), window, states);
-            press(state);
-            EXPECT_EQ(frameOnceItIs(kStates.at(state), desktop_.x(), window), kStates.at(state));
+            expectAfter(keyOf(state), kStates.at(state), desktop_, window);
         }
     }
     addStates(desktop_.x(), window, {"_NET_WM_STATE_FULLSCREEN"});
     // kwin says so before it has done it.
-    const Frame full{.x = 0, .y = 0, .width = 1600, .height = 900};
-    ASSERT_EQ(frameOnceItIs(full, desktop_.x(), window), full);
+    ASSERT_EQ(frameOnceItIs(kStates[0], desktop_.x(), window), kStates[0]);
     expectNothingHappens(window);
 }
 
@@ -170,25 +160,18 @@ TEST_P(WindowManagers, PlaceWindowsWithLimitsAsFarAsTheyGo) {
 TEST_P(WindowManagers, PlaceTheWindowsOfToolkits) {
     Environment environment = desktop_.environment();
     environment.insert({{"GTK_CSD", "1"}, {"NO_AT_BRIDGE", "1"}, {"GSETTINGS_BACKEND", "memory"}});
-    const auto activeWindow = [&] {
-        const auto active = desktop_.x().property(desktop_.x().root(), "_NET_ACTIVE_WINDOW");
-        return active.empty() ? static_cast<xcb_window_t>(XCB_NONE) : active.front();
-    };
-    struct Case {
-        std::vector<std::string> command;
-        int step;
-    };
-    const std::vector<Case> cases{{{"xterm", "-e", "sh", "-c", "exec cat"}, 20},
-                                  {{"yad", "--text-info"}, 1},
-                                  {{QT_WINDOW}, 1}};
+    const std::vector<std::pair<std::vector<std::string>, int>> cases{
+        {{"xterm", "-e", "sh", "-c", "exec cat"}, 20},
+        {{"yad", "--text-info"}, 1},
+        {{QT_WINDOW}, 1}};
     for (const auto& [command, step] : cases) {
         SCOPED_TRACE(command.front());
         const ChildProcess program(command, environment);
         ASSERT_TRUE(eventually([&] {
-            return activeWindow() != first_.window() &&
-                   outerFrame(desktop_.x(), activeWindow()).width > 0;
+            return !first_.isActive() &&
+                   outerFrame(desktop_.x(), desktop_.x().activeWindow()).width > 0;
         }));
-        expectFramesInSteps(activeWindow(), step);
+        expectFramesInSteps(desktop_.x().activeWindow(), step);
         first_.activate();
     }
 }
@@ -203,7 +186,7 @@ TEST(TilingWindowManager, KeepsItsTiles) {
     const Program program(desktop);
     desktop.keyboard().tap(KEY_LEFTALT, KEY_4);
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
-    EXPECT_EQ(outerFrame(desktop.x(), tile.window()), (Frame{0, 0, 1600, 900}));
+    EXPECT_EQ(outerFrame(desktop.x(), tile.window()), kStates[0]);
 }
 
 } // namespace

@@ -1,61 +1,56 @@
-#include "contract/foreign_program.h"
 #include "contract/x11_rig.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
 #include <unistd.h>
 
-#include <tuple>
+#include <deque>
+#include <set>
 
 namespace panewright {
 namespace {
 
-class Identity {
-public:
-    explicit Identity(const test::XServer::Options& options = {}) {
-        const auto folder = home_.path() / "applications";
-        std::filesystem::create_directories(folder);
+/// Where the desktop entries "org.example.Player" and "viewer" are installed.
+class ClientIdentity : public testing::Test {
+protected:
+    ClientIdentity() {
         for (const auto& [id, name] :
              {std::pair{"org.example.Player", "Player"}, std::pair{"viewer", "Viewer"}}) {
-            setContent(folder / (std::string(id) + ".desktop"),
+            setContent(home_.path() / "applications" / (std::string(id) + ".desktop"),
                        std::string("[Desktop Entry]\nType=Application\nStartupWMClass=Show-") +
                            name + "\nName=" + name + "\nIcon=" + name + "-icon\n");
         }
         setenv("XDG_DATA_HOME", home_.path().c_str(), 1);
-        rig.emplace(options);
+        // The server cannot tell which process a window is of.
+        rig_.emplace(test::Screen{.arguments = {"-extension", "X-Resource"}});
     }
 
-    void setText(xcb_window_t window, std::string_view property, std::string_view text) const {
-        const auto& x = rig->desktop.x();
-        xcb_change_property(x.connection(), XCB_PROP_MODE_REPLACE, window, x.atom(property),
-                            XCB_ATOM_STRING, 8, static_cast<std::uint32_t>(text.size()),
-                            text.data());
+    xcb_window_t open(const std::string& windowClass, std::uint32_t pid) {
+        const test::ClientOptions options{.windowClass = windowClass, .pid = pid};
+        return clients_.emplace_back(rig_->desktop.display(), options).window();
+    }
+    RunningApplication frontmost() {
+        return rig_->ports->workspace.frontmostApplication().value_or(RunningApplication{});
+    }
+    /// Makes it the active window, whose application must become the frontmost one.
+    void expectFrontmost(xcb_window_t window, const std::string& identifier,
+                         const std::string& name) {
+        rig_->desktop.x().activate(window);
+        EXPECT_TRUE(rig_->eventually([&] {
+            return rig_->desktop.x().activeWindow() == window &&
+                   frontmost().bundleIdentifier == identifier && frontmost().localizedName == name;
+        })) << frontmost().bundleIdentifier.value_or("none");
+        rig_->loop.runPending();
     }
 
-    /// Whether it is what the frontmost application becomes.
-    bool becomesFrontmost(xcb_window_t window, const std::string& identifier,
-                          const std::string& name) {
-        rig->desktop.x().sendToWindowManager(window, "_NET_ACTIVE_WINDOW", {2, XCB_CURRENT_TIME});
-        return rig->eventually([&] {
-            const auto application = rig->ports->workspace.frontmostApplication();
-            return application && application->bundleIdentifier == identifier &&
-                   application->localizedName == name;
-        });
-    }
-
-private:
     TemporaryFolder home_;
-
-public:
-    std::optional<X11Rig> rig;
+    std::optional<X11Rig> rig_;
+    std::deque<test::TestClient> clients_; // all stay, so that none gets the identifier of another
 };
 
-TEST(ClientIdentity, IsThatOfTheDesktopEntryElseTheClass) {
-    Identity identity;
-    ForeignProgram program(identity.rig->desktop.display(), "Plain");
-    const auto plain = program.open(300, 200, false);
-    ASSERT_TRUE(identity.becomesFrontmost(plain, "Plain", "Plain"));
-    const auto pid = identity.rig->ports->workspace.frontmostApplication()->processIdentifier;
+TEST_F(ClientIdentity, IsThatOfTheDesktopEntryElseTheClass) {
+    constexpr std::uint32_t kPid = 10'000'000; // no real process has such a number
+    const auto plain = open("Plain", kPid);
     const struct {
         const char* property;
         std::string text;
@@ -71,72 +66,48 @@ TEST(ClientIdentity, IsThatOfTheDesktopEntryElseTheClass) {
     };
     for (const auto& test : cases) {
         SCOPED_TRACE(test.text);
+        const auto window = open("Plain", kPid);
+        rig_->desktop.x().setText(window, test.property, test.text);
+        expectFrontmost(plain, "Plain", "Plain");
         int activations = 0;
         const auto registration =
-            identity.rig->ports->workspace.onApplicationActivated([&] { ++activations; });
-        const auto window = program.open(300, 200, false);
-        identity.setText(window, test.property, test.text);
-        ASSERT_TRUE(identity.becomesFrontmost(plain, "Plain", "Plain"));
-        identity.rig->loop.runPending();
-        activations = 0;
-        EXPECT_TRUE(identity.becomesFrontmost(window, test.identifier, test.name));
-        identity.rig->loop.runPending();
+            rig_->ports->workspace.onApplicationActivated([&] { ++activations; });
+        expectFrontmost(window, test.identifier, test.name);
         // Another identifier in one process is another application.
         EXPECT_EQ(activations, std::string(test.identifier) == "Plain" ? 0 : 1);
-        EXPECT_EQ(identity.rig->ports->workspace.frontmostApplication()->processIdentifier, pid);
-        program.destroy(window);
-        ASSERT_TRUE(identity.becomesFrontmost(plain, "Plain", "Plain"));
+        EXPECT_EQ(frontmost().processIdentifier, static_cast<ProcessId>(kPid));
     }
 }
 
-TEST(ClientIdentity, LeadsToTheIcon) {
-    Identity identity;
-    ForeignProgram program(identity.rig->desktop.display(), "Viewer");
-    program.open(300, 200, false); // has no picture
-    identity.rig->desktop.x().setProperty(program.open(300, 200, false), "_NET_WM_ICON",
-                                          XCB_ATOM_CARDINAL, {1, 1, 0x80112233});
-    const auto pid = program.pid();
-    auto& icons = identity.rig->ports->icons;
+TEST_F(ClientIdentity, LeadsToTheIcon) {
+    constexpr ProcessId kPid = 10'000'000;
     const std::vector<IconPicture> picture{{1, 1, {0x80112233}}};
-    EXPECT_EQ(icons.iconOf({pid, "viewer", "Viewer"}).name, "Viewer-icon");
-    EXPECT_TRUE(identity.rig->eventually([&] {
-        return icons.iconOf({pid, std::nullopt, std::nullopt}).pictures == picture;
-    }));
-    const auto none = icons.iconOf({0, "missing", "Missing"});
-    EXPECT_EQ(none.name, "");
-    EXPECT_TRUE(none.pictures.empty());
+    rig_->desktop.x().setProperty(open("Viewer", kPid), "_NET_WM_ICON", XCB_ATOM_CARDINAL,
+                                  {1, 1, 0x80112233});
+    rig_->desktop.x().synchronize();
+    auto& icons = rig_->ports->icons;
+    EXPECT_EQ(icons.iconOf({kPid, "viewer", "Viewer"}).name, "Viewer-icon");
+    EXPECT_EQ(icons.iconOf({kPid, std::nullopt, std::nullopt}).pictures, picture);
+    EXPECT_EQ(icons.iconOf({kPid, "missing", "Missing"}).name, "");
+    EXPECT_TRUE(icons.iconOf({kPid + 1, "viewer", "Viewer"}).pictures.empty());
 }
 
-TEST(ClientIdentity, IsOurOwnForTheWindowsOfThisProcess) {
-    Identity identity;
-    const test::TestClient own(identity.rig->desktop.display());
-    EXPECT_TRUE(identity.becomesFrontmost(own.window(), "com.quillfen.Panewright",
-                                          "com.quillfen.Panewright"));
-    EXPECT_EQ(identity.rig->ports->workspace.frontmostApplication()->processIdentifier, getpid());
-}
-
-TEST(ClientIdentity, IsAPrivateProcessForAClientOfAnotherMachine) {
-    // Without the extension that tells what process a client is.
-    Identity identity({.arguments = {"-extension", "X-Resource"}});
-    ForeignProgram program(identity.rig->desktop.display(), "Remote");
-    const auto first = program.open(300, 200, false);
-    const auto second = program.open(300, 200, false);
-    std::vector<ProcessId> pids;
-    for (const auto window : {first, second, first}) {
-        identity.setText(window, "WM_CLIENT_MACHINE", "elsewhere.example");
-        EXPECT_TRUE(identity.becomesFrontmost(window, "Remote", "Remote"));
-        EXPECT_TRUE(identity.rig->eventually([&] {
-            const auto application = identity.rig->ports->workspace.frontmostApplication();
-            const bool isOther = pids.empty() || application->processIdentifier != pids.back();
-            if (isOther) {
-                pids.push_back(application->processIdentifier);
-            }
-            return isOther;
-        }));
+TEST_F(ClientIdentity, IsAPrivateProcessForEachClientOfAnotherMachine) {
+    std::set<ProcessId> pids;
+    for (const char* name : {"Remote", "Other"}) {
+        const auto window = open(name, 1);
+        rig_->desktop.x().setText(window, "WM_CLIENT_MACHINE", "elsewhere.example");
+        rig_->desktop.x().synchronize();
+        expectFrontmost(window, name, name);
+        pids.insert(frontmost().processIdentifier);
     }
-    // Each connection is a client.
-    EXPECT_THAT(pids, testing::Each(testing::Lt(-1)));
-    EXPECT_EQ(pids.front(), pids.back());
+    EXPECT_THAT(pids, testing::AllOf(testing::SizeIs(2), testing::Each(testing::Lt(-1))));
+}
+
+TEST_F(ClientIdentity, IsOurOwnForTheWindowsOfThisProcessWhateverTheySay) {
+    rig_.emplace(); // with the extension
+    expectFrontmost(open("Other", 1), "com.quillfen.Panewright", "com.quillfen.Panewright");
+    EXPECT_EQ(frontmost().processIdentifier, getpid());
 }
 
 } // namespace

@@ -1,9 +1,7 @@
 #include "contract/x11_rig.h"
+#include "desktop/linux/edid.h"
 
 #include <gmock/gmock.h>
-#include <xcb/randr.h>
-
-#include <cstdlib>
 
 namespace panewright {
 namespace {
@@ -11,27 +9,41 @@ namespace {
 using namespace std::chrono_literals;
 using testing::ElementsAre;
 
+TEST(Edid, GivesTheIdentityOfTheHardware) {
+    std::vector<std::uint8_t> block{0,    0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0,
+                                    0x10, 0xAC, 0x64, 0xA0, 0x4C, 0x37, 0x30, 0x31};
+    EXPECT_FALSE(parseEdid({}));
+    EXPECT_FALSE(parseEdid(block)); // too short
+    for (const std::size_t size : {128U, 256U}) {
+        block.resize(size);
+        EXPECT_EQ(parseEdid(block), (EdidIdentity{0x10AC, 0xA064, 0x3130374C}));
+    }
+    block[0] = 1;
+    EXPECT_FALSE(parseEdid(block));
+}
+
 class RandrDisplaysTest : public testing::Test {
 protected:
     void xrandr(std::vector<std::string> arguments) {
         arguments.insert(arguments.begin(), "xrandr");
-        test::runToEnd(arguments, rig_.desktop.environment());
+        rig_.desktop.run(arguments);
         rig_.loop.runPending();
     }
     std::vector<std::string> names() const {
         std::vector<std::string> names;
-        for (const auto& screen : rig_.ports->displays.screens()) {
+        for (const auto& screen : displays_.screens()) {
             names.push_back(screen.name);
         }
         return names;
     }
 
     X11Rig rig_;
+    RandrDisplays& displays_ = rig_.ports->displays;
 };
 
 TEST_F(RandrDisplaysTest, TellOnceOfABurstOfChanges) {
     int changes = 0;
-    const auto registration = rig_.ports->displays.onChange([&] { ++changes; });
+    const auto registration = displays_.onChange([&] { ++changes; });
     xrandr({"--setmonitor", "A", "800/200x900/200+0+0", "screen"});
     rig_.loop.advance(150ms);
     xrandr({"--setmonitor", "B", "800/200x900/200+800+0", "none"});
@@ -47,45 +59,37 @@ TEST_F(RandrDisplaysTest, TellOnceOfABurstOfChanges) {
     EXPECT_EQ(changes, 1); // nothing has become of it
 }
 
-TEST_F(RandrDisplaysTest, PutThePrimaryFirstElseTheOneAtTheOrigin) {
+TEST_F(RandrDisplaysTest, PutThePrimaryFirstElseTheOneAtTheOriginAndKeepTheLastOnes) {
     xrandr({"--setmonitor", "Z", "800/200x900/200+0+0", "screen"});
     xrandr({"--setmonitor", "A", "800/200x900/200+800+0", "none"});
     EXPECT_THAT(names(), ElementsAre("Z", "A"));
     xrandr({"--delmonitor", "A"});
     xrandr({"--setmonitor", "*A", "800/200x900/200+800+0", "none"});
     EXPECT_THAT(names(), ElementsAre("A", "Z"));
-}
-
-TEST_F(RandrDisplaysTest, KeepTheLastOnesWhileThereIsNone) {
-    const auto before = names();
+    xrandr({"--delmonitor", "A"});
+    xrandr({"--delmonitor", "Z"});
+    EXPECT_THAT(names(), ElementsAre("screen"));
     xrandr({"--fb", "1600x900", "--output", "screen", "--off"});
-    EXPECT_EQ(names(), before);
-    EXPECT_THAT(before, testing::SizeIs(1));
+    EXPECT_THAT(names(), ElementsAre("screen"));
 }
 
-TEST_F(RandrDisplaysTest, HaveTheIdentityOfTheHardware) {
-    const auto& displays = rig_.ports->displays;
-    const auto before = displays.activeDisplays(1).front();
-    EXPECT_EQ(displays.vendorNumber(before), 0U);
-
-    std::vector<std::uint8_t> edid{0,    0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0,
-                                   0x10, 0xAC, 0x64, 0xA0, 0x4C, 0x37, 0x30, 0x31};
-    edid.resize(128);
-    const auto& x = rig_.desktop.x();
-    const auto outputs = xcb_randr_get_screen_resources_reply(
-        x.connection(), xcb_randr_get_screen_resources(x.connection(), x.root()), nullptr);
-    ASSERT_TRUE(outputs);
-    xcb_randr_change_output_property(x.connection(),
-                                     *xcb_randr_get_screen_resources_outputs(outputs),
-                                     x.atom("EDID"), XCB_ATOM_INTEGER, 8, XCB_PROP_MODE_REPLACE,
-                                     static_cast<std::uint32_t>(edid.size()), edid.data());
-    std::free(outputs);
-    x.synchronize();
-    EXPECT_TRUE(rig_.eventually(
-        [&] { return displays.vendorNumber(displays.activeDisplays(1).front()) == 0x10AC; }));
-    const auto display = displays.activeDisplays(1).front();
-    EXPECT_EQ(displays.serialNumber(display), 0x3130374CU);
-    EXPECT_NE(display, before);
+TEST_F(RandrDisplaysTest, ShowAMirrorAsOneScreenAndAnswerZerosWhenTheyAreGone) {
+    rig_.desktop.setDisplays({"800x900+0+0", "800x900+0+0"});
+    rig_.loop.runPending();
+    const auto ids = displays_.activeDisplays(48);
+    ASSERT_THAT(ids, testing::SizeIs(2));
+    EXPECT_EQ(displays_.bounds(ids[1]), (Rect{0, 0, 800, 900}));
+    EXPECT_EQ(displays_.pixelSize(ids[1]), (Size{800, 900}));
+    EXPECT_EQ(displays_.primaryDisplay(ids[1]), ids[0]);
+    EXPECT_THAT(displays_.displaysWithPoint({5, 5}, 48), ElementsAre(ids[0], ids[1]));
+    EXPECT_THAT(displays_.displaysWithPoint({800, 5}, 48), ElementsAre());
+    EXPECT_THAT(displays_.displaysWithRect({700, 200, 200, 100}, 1), ElementsAre(ids[0]));
+    EXPECT_THAT(names(), ElementsAre("D0"));
+    rig_.desktop.setDisplays({"800x900+0+0"});
+    rig_.loop.runPending();
+    EXPECT_EQ(displays_.bounds(ids[1]), Rect{});
+    EXPECT_EQ(displays_.pixelSize(ids[1]), Size{});
+    EXPECT_EQ(displays_.unitNumber(ids[1]), 0U);
 }
 
 } // namespace

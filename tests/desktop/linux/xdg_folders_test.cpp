@@ -1,5 +1,7 @@
 #include "desktop/linux/xdg_folders.h"
 
+#include "support/temporary_folder.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -13,26 +15,32 @@ TEST(XdgFolders, FollowTheEnvironmentWhereItNamesAbsolutePaths) {
         const char* home;
         const char* dataHome;
         Path expected;
-    } cases[] = {{"/home/ada", nullptr, "/home/ada/.local/share"},
-                 {"/home/ada", "", "/home/ada/.local/share"},
-                 {"/home/ada", "data", "/home/ada/.local/share"},
-                 {"/home/ada", "/data", "/data"},
+    } cases[] = {{"/home/ada", "/data", "/data"},
                  {nullptr, "/data", "/data"},
                  {nullptr, nullptr, std::nullopt},
-                 {"ada", nullptr, std::nullopt}};
+                 {"ada", "", std::nullopt},
+                 {"/home/ada", "data", "/home/ada/.local/share"},
+                 {"/home/ada", nullptr, "/home/ada/.local/share"}};
     const auto set = [](const char* name, const char* value) {
         value ? ::setenv(name, value, 1) : ::unsetenv(name);
     };
-    const std::string home = std::getenv("HOME") ? std::getenv("HOME") : "/";
-    for (const auto& test : cases) {
-        set("HOME", test.home);
-        set("XDG_DATA_HOME", test.dataHome);
-        EXPECT_EQ(xdgDataHome(), test.expected);
+    for (const auto& [home, dataHome, expected] : cases) {
+        set("HOME", home);
+        set("XDG_DATA_HOME", dataHome);
+        EXPECT_EQ(xdgDataHome(), expected);
     }
-    EXPECT_FALSE(XdgFolders().applicationSupportDirectory());
-    set("HOME", home.c_str());
     ::unsetenv("XDG_CONFIG_HOME");
-    EXPECT_EQ(xdgConfigHome(), std::filesystem::path(home) / ".config");
+    EXPECT_EQ(xdgConfigHome(), "/home/ada/.config");
+}
+
+TEST(XdgFolders, AreCreatedForTheUserAloneOrSayWhyTheyCannotBe) {
+    const TemporaryFolder temporary;
+    const XdgFolders folders;
+    EXPECT_FALSE(folders.createDirectory(temporary.path() / "a/b"));
+    EXPECT_FALSE(folders.createDirectory(temporary.path() / "a/b"));
+    EXPECT_EQ(modeOf(temporary.path() / "a"), 0700);
+    setContent(temporary.path() / "file", "");
+    EXPECT_NE(folders.createDirectory(temporary.path() / "file/below").value().message, "");
 }
 
 } // namespace

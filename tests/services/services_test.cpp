@@ -1,0 +1,135 @@
+#include "desktop/linux/autostart_entry.h"
+#include "desktop/memory/memory_user_defaults.h"
+#include "services/defaults.h"
+#include "services/launch_agent_format.h"
+#include "services/launch_agent_startup_item.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace panewright {
+namespace {
+
+using namespace std::string_literals;
+
+TEST(Defaults, ReadEveryKindOfValueAsBooleanAndInteger) {
+    constexpr auto kMax = std::numeric_limits<std::int64_t>::max();
+    const std::tuple<DefaultsValue, bool, std::int64_t> cases[] = {
+        {true, true, 1},
+        {std::int64_t{-1}, true, -1},
+        {std::int64_t{0}, false, 0},
+        {0.5, true, 0},
+        {1e300, true, kMax},
+        {" -7.9 points"s, true, -7},
+        {"+3"s, true, 3},
+        {"9e99"s, true, 9},
+        {"YES"s, true, 0},
+        {"no"s, false, 0},
+        {"000"s, false, 0},
+        {"001"s, true, 1},
+        {Bytes{1, 2}, false, 0},
+        {""s, false, 0},
+        {"99999999999999999999"s, true, kMax},
+    };
+    MemoryUserDefaults store;
+    Defaults defaults(store);
+    for (const auto& [value, asBool, asInteger] : cases) {
+        defaults.setObject("key", value);
+        EXPECT_EQ(defaults.boolForKey("key"), asBool) << testing::PrintToString(value);
+        EXPECT_EQ(defaults.integerForKey("key"), asInteger) << testing::PrintToString(value);
+    }
+    defaults.removeObjectForKey("key");
+    EXPECT_EQ(defaults.integerForKey("key"), 0);
+    defaults.registerDefaults({{"key", std::int64_t{4}}});
+    EXPECT_EQ(defaults.integerForKey("key"), 4);
+    EXPECT_EQ(store.objectForKey("key"), std::nullopt);
+    defaults.setInteger("key", 0);
+    EXPECT_EQ(defaults.integerForKey("key"), 0);
+}
+
+class LoginItemTest : public testing::TestWithParam<const char*> {
+protected:
+    LoginItemTest() {
+        setenv("XDG_CONFIG_HOME", folder_.path().c_str(), 1);
+        if (GetParam() == "agents"s) {
+            format_ = std::make_unique<LaunchAgentFormat>(folder_.path());
+        } else {
+            format_ = std::make_unique<AutostartEntryFormat>();
+        }
+    }
+    LaunchAgentStartupItem itemFor(const std::string& program) const {
+        return {*format_, program, "com.quillfen.Panewright.Agent.plist",
+                "com.quillfen.Panewright.Agent"};
+    }
+
+    TemporaryFolder folder_;
+    std::unique_ptr<LoginItemFormat> format_;
+};
+
+TEST_P(LoginItemTest, IsInstalledWhileItsFileIsThere) {
+    for (const char* program :
+         {"/opt/a b/panewright", "/a\"b", "/a'b", "/a\\b", "/a$b`c", "/100%f", "/a&<b>", "/ü x"}) {
+        const auto item = itemFor(program);
+        EXPECT_FALSE(item.isInstalled());
+        item.install();
+        EXPECT_TRUE(item.isInstalled());
+        EXPECT_EQ(format_->programIn(contentOf(*item.installedAgentPath())), program);
+        item.uninstall();
+    }
+}
+
+TEST_P(LoginItemTest, IsPointedAtThisCopyUnlessItIsNotOurs) {
+    const auto current = itemFor("/new/panewright");
+    const auto path = *current.installedAgentPath();
+    current.updateExecutablePath(); // never installs by itself
+    EXPECT_FALSE(current.isInstalled());
+    itemFor("/old/panewright").install();
+    current.updateExecutablePath();
+    EXPECT_EQ(format_->programIn(contentOf(path)), "/new/panewright");
+    setContent(path, "unrelated");
+    current.updateExecutablePath();
+    EXPECT_EQ(contentOf(path), "unrelated");
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, LoginItemTest, testing::Values("agents", "autostart"),
+                         [](const auto& format) { return std::string(format.param); });
+
+TEST(LaunchAgentFormat, WritesAnXmlPropertyListInItsOrder) {
+    const LaunchAgentFormat format("/home/u");
+    EXPECT_EQ(format.folder(), "/home/u/Library/LaunchAgents");
+    const auto encoded =
+        format.encode({"com.quillfen", "/opt/panewright", std::vector{"a"s, "b"s}});
+    EXPECT_EQ(encoded.substr(encoded.find("<dict>")),
+              "<dict>\n"
+              "\t<key>Label</key>\n\t<string>com.quillfen</string>\n"
+              "\t<key>LimitLoadToSessionType</key>\n\t<string>Aqua</string>\n"
+              "\t<key>RunAtLoad</key>\n\t<true/>\n"
+              "\t<key>Program</key>\n\t<string>/opt/panewright</string>\n"
+              "\t<key>ProgramArguments</key>\n"
+              "\t<array>\n\t\t<string>a</string>\n\t\t<string>b</string>\n\t</array>\n"
+              "</dict>\n</plist>\n");
+}
+
+TEST(AutostartEntryFormat, LeavesAnEntryAloneThatTheUserHasSwitchedOff) {
+    const TemporaryFolder folder;
+    setenv("XDG_CONFIG_HOME", folder.path().c_str(), 1);
+    const AutostartEntryFormat format;
+    const LaunchAgentStartupItem item(format, "/new/panewright", "com.quillfen.plist", "label");
+    const auto path = *item.installedAgentPath();
+    EXPECT_EQ(path, folder.path() / "autostart/com.quillfen.desktop");
+    const std::string off = "[Desktop Entry]\nExec=/old/panewright\nHidden = true\n";
+    setContent(path, off);
+    EXPECT_FALSE(item.isInstalled());
+    item.updateExecutablePath();
+    EXPECT_EQ(contentOf(path), off);
+    item.install();
+    EXPECT_TRUE(item.isInstalled());
+    EXPECT_EQ(format.programIn("[Other]\nExec=/x\n"), std::nullopt);
+    EXPECT_EQ(format.programIn("[Desktop Entry]\nExec=/plain/path --flag\n"), "/plain/path");
+    EXPECT_EQ(format.programIn("[Desktop Entry]\nExec=\"/open\n"), std::nullopt);
+}
+
+} // namespace
+} // namespace panewright
