@@ -189,7 +189,7 @@ TEST_F(StatusItemControllerTest, MovesToTheNextDisplayWithItsKeyAndShowsIt) {
     EXPECT_EQ(frameAfter(kNextKey), kMiddle);
     desktop_.userDefaults.removeObjectForKey("MoveToNextWindowKeyEventKeyCode");
     controller().addEventHandlers();
-    EXPECT_EQ(controller().moveToNextDisplayItem(), Shown{});
+    EXPECT_EQ(controller().moveToNextDisplayItem().keyEquivalent, "");
     EXPECT_FALSE(program_.press(kNextKey));
 }
 
