@@ -31,8 +31,9 @@ protected:
     }
 
     std::unique_ptr<test::TestClient> client(std::uint32_t pid) const {
-        return std::make_unique<test::TestClient>(x11_->desktop.display(),
-                                                  test::ClientOptions{.pid = pid});
+        // What gets the focus has been given it.
+        return std::make_unique<test::TestClient>(
+            x11_->desktop.display(), test::ClientOptions{.pid = pid, .wantsFocus = false});
     }
     Workspace& port() {
         return x11_ ? static_cast<Workspace&>(x11_->ports->workspace) : memory_.workspace;
@@ -40,6 +41,10 @@ protected:
     void showOurs() {
         if (x11_) {
             ours_ = client(static_cast<std::uint32_t>(getpid()));
+            // When it closes, managers like to go to what it belongs to.
+            x11_->desktop.x().setProperty(ours_->window(), "WM_TRANSIENT_FOR", XCB_ATOM_WINDOW,
+                                          {others_[0]});
+            x11_->desktop.x().synchronize();
         } else {
             memoryOurs_ = memory_.windows.openWindow({.pid = MemoryDesktop::kOwnPid});
         }
