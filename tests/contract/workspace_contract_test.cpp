@@ -31,8 +31,9 @@ protected:
     }
 
     std::unique_ptr<test::TestClient> client(std::uint32_t pid) const {
-        return std::make_unique<test::TestClient>(x11_->desktop.display(),
-                                                  test::ClientOptions{.pid = pid});
+        // What gets the focus has been given it.
+        return std::make_unique<test::TestClient>(
+            x11_->desktop.display(), test::ClientOptions{.pid = pid, .wantsFocus = false});
     }
     Workspace& port() {
         return x11_ ? static_cast<Workspace&>(x11_->ports->workspace) : memory_.workspace;
@@ -40,6 +41,10 @@ protected:
     void showOurs() {
         if (x11_) {
             ours_ = client(static_cast<std::uint32_t>(getpid()));
+            // When it closes, managers like to go to what it belongs to.
+            x11_->desktop.x().setProperty(ours_->window(), "WM_TRANSIENT_FOR", XCB_ATOM_WINDOW,
+                                          {others_[0]});
+            x11_->desktop.x().synchronize();
         } else {
             memoryOurs_ = memory_.windows.openWindow({.pid = MemoryDesktop::kOwnPid});
         }
@@ -84,10 +89,11 @@ protected:
     /// Also a while later.
     void expectInFront(std::size_t other) {
         EXPECT_TRUE(eventually([&] { return isInFront(other); }));
-        for (int turn = 0; turn < 50; ++turn) {
-            eventually([asked = false]() mutable { return std::exchange(asked, true); });
-        }
+        letTimePass(50);
         EXPECT_TRUE(isInFront(other));
+    }
+    void letTimePass(int milliseconds) {
+        eventually([&] { return milliseconds-- == 0 || !x11_; });
     }
 
     MemoryDesktop memory_;
@@ -109,6 +115,7 @@ TEST_P(WorkspaceContract, GivesTheKeyboardBackToTheWindowThatHadIt) {
         const bool isOnlyAboutToBeShown = order == "closes after";
         if (isOnlyAboutToBeShown) {
             port().bringThisApplicationToFront();
+            letTimePass(150);
         }
         showOurs();
         if (!isOnlyAboutToBeShown) {

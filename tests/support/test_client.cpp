@@ -60,6 +60,9 @@ void TestClient::setHints(const Options& options) const {
     uname(&host);
     x_.setText(window_, "WM_CLIENT_MACHINE", host.nodename);
     x_.setProperty(window_, "_NET_WM_PID", XCB_ATOM_CARDINAL, {options.pid});
+    if (!options.wantsFocus) {
+        x_.setProperty(window_, "_NET_WM_USER_TIME", XCB_ATOM_CARDINAL, {0});
+    }
     if (options.gtkFrameExtents) {
         const auto& extents = *options.gtkFrameExtents;
         x_.setProperty(window_, "_GTK_FRAME_EXTENTS", XCB_ATOM_CARDINAL,

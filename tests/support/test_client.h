@@ -18,6 +18,8 @@ struct ClientOptions {
     std::string windowClass = "TestClient";
     /// The process that it says it is of, which counts where the server does not know.
     std::uint32_t pid = 1;
+    /// Whether the window manager may focus it when it is shown (EWMH, _NET_WM_USER_TIME).
+    bool wantsFocus = true;
     xcb_gravity_t gravity = XCB_GRAVITY_NORTH_WEST;
     std::optional<ClientExtent> minimumSize;
     std::optional<ClientExtent> maximumSize;

@@ -1,6 +1,7 @@
 #include "desktop/linux/x11_workspace.h"
 
 #include "desktop/linux/client_message.h"
+#include "desktop/linux/window_geometry.h"
 
 #include <spawn.h>
 #include <string>
@@ -79,10 +80,17 @@ void X11Workspace::hideThisApplication() {
 void X11Workspace::insistOnWayBack() {
     const auto active = activeWindows_.readActiveWindow();
     const bool isCrossed = active != kNoWindow && active != wayBack_.to && active != wayBack_.from;
-    // As long as our window is shown it is the user who goes elsewhere, not the manager.
-    if (isCrossed && ++crossings_ <= kMaxCrossings && !activeWindows_.isShown(wayBack_.from)) {
+    // A user who goes elsewhere so soon does so by keys, or while our window is still shown.
+    if (isCrossed && isUnderPointer(active) && !activeWindows_.isShown(wayBack_.from) &&
+        ++crossings_ <= kMaxCrossings) {
         activate(wayBack_.to);
     }
+}
+
+bool X11Workspace::isUnderPointer(xcb_window_t window) {
+    const auto pointer = connection_.reply(xcb_query_pointer_reply,
+                                           xcb_query_pointer(connection_, connection_.root()));
+    return pointer && outermostAncestor(connection_, window) == pointer->child;
 }
 
 std::vector<xcb_window_t> X11Workspace::ownWindows() {

@@ -30,6 +30,7 @@ private:
     std::vector<xcb_window_t> ownWindows();
     void bringNewWindowToFront();
     void insistOnWayBack();
+    bool isUnderPointer(xcb_window_t window);
     void activate(xcb_window_t window);
 
     XConnection& connection_;
