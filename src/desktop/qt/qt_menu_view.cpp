@@ -45,7 +45,8 @@ QtMenuView::~QtMenuView() = default;
 
 void QtMenuView::popUp(const Menu& menu, const Rect& anchor) {
     menu_ = std::make_unique<QMenu>();
-    menu_->setAccessibleName("Panewright");
+    menu_->setWindowTitle("Panewright menu");
+    menu_->setAccessibleName(menu_->windowTitle());
     for (const auto& item : menu.items) {
         addItem(*menu_, item);
     }

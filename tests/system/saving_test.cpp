@@ -1,0 +1,240 @@
+#include "system/program.h"
+
+#include <algorithm>
+#include <csignal>
+
+namespace panewright::test {
+namespace {
+
+/// A panel with nothing but a tray, the program's icon at its right end, and a bus for both.
+struct Panel {
+    const char* program;
+    const char* configurationFile;
+    const char* configuration;
+    Point icon;
+};
+const Panel kTint2{"tint2",
+                   "tint2/tint2rc",
+                   R"(panel_items = FS
+panel_size = 100% 30
+panel_position = bottom center horizontal
+strut_policy = follow_size
+systray_padding = 4 4 4
+systray_icon_size = 22
+)",
+                   {1585, 885}};
+const Panel kXfce4Panel{"xfce4-panel",
+                        "xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml",
+                        R"(<?xml version="1.0" encoding="UTF-8"?>
+<channel name="xfce4-panel" version="1.0">
+  <property name="configver" type="int" value="2"/>
+  <property name="panels" type="array"><value type="int" value="1"/>
+    <property name="panel-1" type="empty">
+      <property name="position" type="string" value="p=6;x=0;y=0"/>
+      <property name="length" type="uint" value="100"/>
+      <property name="position-locked" type="bool" value="true"/>
+      <property name="size" type="uint" value="26"/>
+      <property name="plugin-ids" type="array">
+        <value type="int" value="1"/><value type="int" value="2"/></property>
+    </property>
+  </property>
+  <property name="plugins" type="empty">
+    <property name="plugin-1" type="string" value="separator">
+      <property name="expand" type="bool" value="true"/></property>
+    <property name="plugin-2" type="string" value="systray"/>
+  </property>
+</channel>
+)",
+                        {1585, 13}};
+
+struct Setting {
+    const char* windowManager;
+    const Panel& panel;
+};
+void PrintTo(const Setting& setting, std::ostream* out) {
+    *out << setting.windowManager << " with " << setting.panel.program;
+}
+
+/// The program in a panel, used with mouse and keyboard. Keys are as xdotool names them.
+class Saving : public testing::TestWithParam<Setting> {
+protected:
+    Saving() {
+        environment_["DBUS_SESSION_BUS_ADDRESS"] = bus_.firstLine();
+        environment_["NO_AT_BRIDGE"] = "1";
+        setContent(std::filesystem::path(environment_["XDG_CONFIG_HOME"]) /
+                       GetParam().panel.configurationFile,
+                   GetParam().panel.configuration);
+        start();
+        // The icon waits for a panel.
+        panel_.emplace(std::vector<std::string>{GetParam().panel.program}, environment_);
+    }
+    void start() { program_.emplace(environment_); }
+
+    void press(const std::vector<std::string>& keys) const {
+        std::vector<std::string> command{"xdotool", "key", "--clearmodifiers", "--delay", "60"};
+        command.insert(command.end(), keys.begin(), keys.end());
+        desktop_.run(command);
+    }
+    void type(const std::string& text) const { desktop_.run({"xdotool", "type", text}); }
+
+    bool isMenuOpen() const {
+        return !runToEnd(
+                    {"sh", "-c", "xdotool search --onlyvisible --name '^Panewright menu' || true"},
+                    environment_)
+                    .empty();
+    }
+    void openMenu() const {
+        const auto click = [&] {
+            const auto& icon = GetParam().panel.icon;
+            desktop_.run({"xdotool", "mousemove", std::to_string(int(icon.x)),
+                          std::to_string(int(icon.y)), "click", "1"});
+            return eventually([&] { return isMenuOpen(); }, std::chrono::seconds(2));
+        };
+        ASSERT_TRUE(eventually(click, std::chrono::seconds(20))); // the icon may still be coming
+    }
+    /// Opens the popover for the window, which is the active one.
+    void openPopover(const TestClient& window) const {
+        ASSERT_TRUE(window.isActive());
+        openMenu();
+        press({"s"});
+        ASSERT_TRUE(eventually([&] { return !window.isActive(); }));
+    }
+    /// Saves the window's frame from the open popover, with a recorded shortcut and what else is
+    /// pressed before Return.
+    void save(const TestClient& window, const std::string& name, const std::string& shortcut,
+              const std::vector<std::string>& more = {}) const {
+        type(name);
+        press({"Tab", "space"});
+        press({shortcut});
+        if (!more.empty()) {
+            press(more);
+        }
+        press({"Return"});
+        EXPECT_TRUE(eventually([&] { return window.isActive(); })) << "got no focus back";
+    }
+    Frame frameOf(const TestClient& window) const {
+        return outerFrame(desktop_.x(), window.window());
+    }
+    std::string store() const {
+        const auto data = desktop_.environment()["XDG_DATA_HOME"];
+        return runToEnd({PYTHON, FOREIGN_STORE, "read", data + "/Panewright/keyEvents.data"},
+                        environment_);
+    }
+
+    const Desktop desktop_{{}, GetParam().windowManager};
+    Environment environment_ = desktop_.environment();
+    ChildProcess bus_{{"dbus-daemon", "--session", "--nofork", "--nosyslog", "--print-address=1"},
+                      environment_};
+    std::optional<ChildProcess> panel_;
+    std::optional<Program> program_;
+};
+
+TEST_P(Saving, MakesAStateForItsApplicationAndOneForAll) {
+    constexpr Frame kCorner{60, 70, 500, 400};
+    constexpr Frame kWide{200, 300, 900, 300};
+    const TestClient first(desktop_.display(), {.windowClass = "Editor"});
+    first.activate();
+    placeWindow(desktop_.x(), first.window(), kCorner);
+    openPopover(first);
+    save(first, "Corner", "alt+9");
+    TestClient other(desktop_.display(), {.windowClass = "Viewer"});
+    other.activate();
+    placeWindow(desktop_.x(), other.window(), kWide);
+    openPopover(other);
+    save(other, "Wide", "alt+8", {"alt+a"});
+    const TestClient second(desktop_.display(), {.windowClass = "Editor"});
+
+    for (const bool isRestarted : {false, true}) {
+        SCOPED_TRACE(isRestarted ? "restarted" : "first run");
+        second.activate();
+        expectAfter(KEY_9, kCorner, desktop_, second.window());
+        expectAfter(KEY_8, kWide, desktop_, second.window());
+        other.activate();
+        const auto pressesBefore = other.keyPresses();
+        expectAfter(KEY_9, frameOf(other), desktop_, other.window());
+        EXPECT_TRUE(eventually([&] { return other.keyPresses() > pressesBefore; }));
+        expectAfter(KEY_2, kLarge, desktop_, other.window());
+        expectAfter(KEY_8, kWide, desktop_, other.window());
+        (*program_)->sendSignal(SIGTERM);
+        EXPECT_EQ((*program_)->waitForEnd(), 0);
+        program_.reset();
+        start();
+    }
+}
+
+TEST_P(Saving, GivesTheKeyboardBackWhenItIsCancelled) {
+    const TestClient window(desktop_.display());
+    window.activate();
+    const auto before = frameOf(window);
+    for (const char* key : {"Escape", "alt+c"}) {
+        openPopover(window);
+        expectAfter(KEY_2, before, desktop_, window.window()); // not while the popover is open
+        press({key});
+        EXPECT_TRUE(eventually([&] { return window.isActive(); })) << key;
+    }
+    expectAfter(KEY_2, kLarge, desktop_, window.window());
+    openMenu();
+    press({"q"});
+    EXPECT_EQ((*program_)->waitForEnd(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Everywhere, Saving,
+                         testing::Values(Setting{"openbox", kTint2}, Setting{"xfwm4", kXfce4Panel},
+                                         Setting{"marco", kTint2}),
+                         [](const auto& suite) { return std::string(suite.param.windowManager); });
+
+class Recording : public Saving {};
+
+TEST_P(Recording, TakesEveryKeyThatHasACode) {
+    desktop_.run({"setxkbmap", "-layout", "us,de", "-option", "grp:rctrl_toggle"});
+    EXPECT_TRUE(desktop_.x().grabKey(XCB_MOD_MASK_1, Keyboard::keycode(KEY_7)));
+    const TestClient window(desktop_.display());
+    window.activate();
+    const auto before = frameOf(window);
+    constexpr int kOption = 524288;
+    constexpr int kCommand = 1048576;
+    const struct {
+        const char* what;
+        std::uint16_t modifier; // 0: none
+        std::uint16_t key;
+        std::optional<int> keyCode;
+        int flags;
+    } cases[] = {
+        {"one of our own", KEY_LEFTALT, KEY_2, 19, kOption},
+        {"one of the window manager's", KEY_LEFTALT, KEY_F5, 96, kOption},
+        {"one of another program's", KEY_LEFTALT, KEY_7, 26, kOption},
+        {"a function key", 0, KEY_F6, 97, 0},
+        {"a keypad key", 0, KEY_KPPLUS, 69, 0},
+        {"a bare key", 0, KEY_X, 7, 0},
+        {"Space", KEY_LEFTALT, KEY_SPACE, 49, kOption},
+        {"Delete", KEY_LEFTMETA, KEY_BACKSPACE, 51, kCommand},
+        {"Escape", 0, KEY_ESC, std::nullopt, 0},
+        {"Tab", 0, KEY_TAB, std::nullopt, 0},
+        {"a key without a code, then Escape", KEY_PLAYPAUSE, KEY_ESC, std::nullopt, 0},
+        {"a dead key of the second layout", KEY_RIGHTCTRL, KEY_GRAVE, 50, 262144},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.what);
+        openPopover(window);
+        type("Recorded");
+        press({"Tab", "space"});
+        if (each.modifier != 0) {
+            desktop_.keyboard().tap(each.modifier, each.key);
+        } else {
+            desktop_.keyboard().tap(each.key);
+        }
+        press({"Return"});
+        ASSERT_TRUE(eventually([&] { return window.isActive(); }));
+        EXPECT_EQ(frameOf(window), before);
+        const auto saved = store();
+        const auto shortcut = "\"keyCode\": " + std::to_string(each.keyCode.value_or(0)) +
+                              ", \"modifierFlags\": " + std::to_string(each.flags);
+        EXPECT_EQ(each.keyCode.has_value(), saved.find(shortcut) != std::string::npos) << saved;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Everywhere, Recording, testing::Values(Setting{"openbox", kTint2}),
+                         [](const auto& suite) { return std::string(suite.param.windowManager); });
+
+} // namespace
+} // namespace panewright::test
