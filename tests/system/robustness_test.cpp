@@ -148,16 +148,5 @@ TEST_F(Robustness, SleepsWhileNothingHappens) {
     EXPECT_EQ(contextSwitches(), before);
 }
 
-TEST(WithoutAWindowManager, TheFocusedWindowIsPlaced) {
-    const Desktop desktop({}, "");
-    const TestClient client(desktop.display());
-    const TestClient other(desktop.display());
-    client.takeFocus();
-    const Program program(desktop);
-    expectAfter(KEY_2, kLarge, desktop, client.window());
-    other.takeFocus();
-    expectAfter(KEY_4, kSmall, desktop, other.window());
-}
-
 } // namespace
 } // namespace panewright::test

@@ -51,16 +51,6 @@ TEST_F(SeveralDisplays, KeepAStateWhereItIsUnlessTheUserLetsItMoveOn) {
     expectMove(KEY_1, {2366, 100, 640, 480});
 }
 
-TEST_F(SeveralDisplays, AreGoneThroughWithTheirOwnKey) {
-    writeSettings("MoveToNextWindowKeyEventKeyCode=45\n" // N
-                  "MoveToNextWindowKeyEventKeyModifiers=524288\n");
-    const Program program(desktop_);
-    placeWindow(desktop_.x(), window_.window(), {100, 200, 500, 400});
-    expectMove(KEY_N, {1137, 192, 683, 384});
-    expectMove(KEY_N, {2431, 220, 320, 240});
-    expectMove(KEY_N, {102, 200, 500, 400});
-}
-
 TEST_F(SeveralDisplays, MayBeUnpluggedBetweenTwoPressesAndDuringOne) {
     writeSettings("AllowMoveWindow=true\n");
     Program program(desktop_);
