@@ -51,6 +51,15 @@ TEST_F(SeveralDisplays, KeepAStateWhereItIsUnlessTheUserLetsItMoveOn) {
     expectMove(KEY_1, {2366, 100, 640, 480});
 }
 
+TEST_F(SeveralDisplays, AreGoneThroughByAWindowOfWholeCellsToo) {
+    writeSettings("AllowMoveWindow=true\n");
+    const Program program(desktop_);
+    const TestClient cells(desktop_.display(), {.increments = TestClient::Extent{10, 20}});
+    cells.activate();
+    expectAfter(KEY_4, {175, 140, 642, 505}, desktop_, cells.window());
+    expectAfter(KEY_4, {1240, 135, 882, 485}, desktop_, cells.window());
+}
+
 TEST_F(SeveralDisplays, MayBeUnpluggedBetweenTwoPressesAndDuringOne) {
     writeSettings("AllowMoveWindow=true\n");
     Program program(desktop_);

@@ -37,7 +37,6 @@ TEST(XdgFolders, AreCreatedForTheUserAloneOrSayWhyTheyCannotBe) {
     const TemporaryFolder temporary;
     const XdgFolders folders;
     EXPECT_FALSE(folders.createDirectory(temporary.path() / "a/b"));
-    EXPECT_FALSE(folders.createDirectory(temporary.path() / "a/b"));
     EXPECT_EQ(modeOf(temporary.path() / "a"), 0700);
     setContent(temporary.path() / "file", "");
     EXPECT_NE(folders.createDirectory(temporary.path() / "file/below").value().message, "");
