@@ -1,8 +1,10 @@
 // What every desktop answers of its programs and their windows.
 
 #include "accessibility/accessibility_helper.h"
+#include "accessibility/accessibility_observer.h"
 #include "contract/x11_rig.h"
 #include "desktop/memory/memory_desktop.h"
+#include "support/captured_log.h"
 
 #include <gmock/gmock.h>
 
@@ -123,8 +125,11 @@ private:
 };
 
 TEST_P(WindowsContract, FindsTheFocusedWindowOfTheFrontmostProgram) {
+    CapturedLog log;
     EXPECT_EQ(workspace().frontmostApplication(), std::nullopt);
     EXPECT_EQ(focusedWindow(), nullptr);
+    EXPECT_THAT(log.take(), ElementsAre("can't copy attribute kAXFocusedApplicationAttribute: "
+                                        "kAXErrorNoValue"));
     const auto first = open("Editor");
     EXPECT_EQ(focusedWindow()->pid(), frontmost().processIdentifier);
     EXPECT_TRUE(focusedWindow()->actsAsRole("AXWindow"));
@@ -189,30 +194,42 @@ TEST_P(WindowsContract, AnswersForAWindowThatIsGone) {
     EXPECT_TRUE(eventually([&] { return focusedWindow() == nullptr; }));
 }
 
-TEST_P(WindowsContract, TellsOfAFrameOnlyWhenItReallyChanged) {
+TEST_P(WindowsContract, TellsAnObserverOfAFrameThatReallyChanged) {
     const auto opened = open("Editor");
     std::vector<std::string> heard;
     const auto window = focusedWindow();
-    const auto observe = [&](std::string_view notification, const char* what) {
-        return port().observe(window->pid(), window->element(), notification,
-                              [&heard, what] { heard.emplace_back(what); });
+    const auto observe = [&](std::string_view notification) {
+        auto observer = AccessibilityObserver::observerForNotification(
+            notification, [&](auto&, const auto&, const auto& name) { heard.emplace_back(name); });
+        window->addObserver(observer);
+        return observer;
     };
-    const auto moves = observe(NSAccessibilityWindowMovedNotification, "moved");
-    auto resizes = observe(NSAccessibilityWindowResizedNotification, "resized");
-    const auto hears = [&](const char* what) {
+    const auto hears = [&](std::string_view what) {
         EXPECT_TRUE(eventually([&] { return !heard.empty(); }));
         EXPECT_THAT(heard, ElementsAre(what));
         heard.clear();
     };
+    const auto moves = observe(NSAccessibilityWindowMovedNotification);
+    const auto resizes = observe(NSAccessibilityWindowResizedNotification);
     setFrame(opened, {120, 100, 400, 300});
-    hears("moved");
+    hears(NSAccessibilityWindowMovedNotification);
     activate(opened);
     setFrame(opened, {120, 100, 500, 300});
-    hears("resized");
-    resizes.release();
+    hears(NSAccessibilityWindowResizedNotification);
+    window->removeObserver(resizes);
+    EXPECT_THAT(window->observers(), ElementsAre(moves));
     window->setNSValue(Point{10, 10}, kPosition);
     window->setNSValue(Size{200, 200}, kSize);
-    hears("moved");
+    hears(NSAccessibilityWindowMovedNotification);
+
+    auto again = focusedWindow();
+    again->addObserver(moves);
+    EXPECT_EQ(moves->element(), again);
+    EXPECT_THAT(window->observers(), ElementsAre(moves)) << "it stays listed";
+    setFrame(opened, {120, 100, 200, 200});
+    hears(NSAccessibilityWindowMovedNotification);
+    again = nullptr;
+    EXPECT_FALSE(moves->isInstalled());
 }
 
 INSTANTIATE_TEST_SUITE_P(Everywhere, WindowsContract, testing::Values("memory", "X11"),
