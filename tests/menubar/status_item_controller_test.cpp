@@ -257,12 +257,6 @@ TEST_F(AppDelegateTest, AnswersTheActionsOfItsMenu) {
     Model::instance().defaultWindowStates()->clear();
     delegate_.restoreWindowStates();
     EXPECT_EQ(Model::instance().defaultWindowStates()->size(), 4U);
-    delegate_.sendFeedback();
-    delegate_.openFAQ();
-    EXPECT_THAT(desktop_.workspace.openedUrls,
-                ElementsAre("http://quillfen.com/panewright/disqus.html",
-                            "http://quillfen.com/panewright#faq"));
-    EXPECT_EQ(desktop_.analytics.events.back().name, "OpenFAQ");
     program_.open(42, "org.example.Editor", {0, 0, 100, 100});
     desktop_.softwareUpdater.willShow();
     EXPECT_EQ(desktop_.windows.frontmost()->processIdentifier, MemoryDesktop::kOwnPid);
