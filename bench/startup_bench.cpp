@@ -11,12 +11,16 @@
 #include <cstdlib>
 #include <fstream>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace panewright::test {
 namespace {
 
 constexpr int kRounds = 41;
+
+/// Memory is looked at when everything that is put off at the start has been done.
+constexpr std::chrono::milliseconds kSettling{300};
 
 struct Series {
     std::string program;
@@ -48,6 +52,7 @@ void startOnce(Series& series, const Environment& environment) {
     const std::chrono::duration<double, std::milli> taken =
         std::chrono::steady_clock::now() - start;
     series.milliseconds.push_back(taken.count());
+    std::this_thread::sleep_for(kSettling);
     series.residentMebibytes.push_back(memoryField(process.pid(), "Rss"));
     series.proportionalMebibytes.push_back(memoryField(process.pid(), "Pss"));
     process.sendSignal(SIGTERM);

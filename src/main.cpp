@@ -8,13 +8,19 @@
 #include "desktop/linux/theme_sounds.h"
 #include "desktop/linux/x11_desktop.h"
 #include "desktop/linux/xdg_folders.h"
+#include "desktop/qt/qt_application_icons.h"
 #include "desktop/qt/qt_main_loop.h"
+#include "desktop/qt/qt_menu_view.h"
+#include "desktop/qt/qt_status_item.h"
 #include "desktop/qt/qt_text_services.h"
+#include "desktop/qt/qt_views.h"
 #include "model/model.h"
 #include "model/store_lock.h"
 #include "shortcuts/carbon_event_manager.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
 
 #include <cstdlib>
 #include <memory>
@@ -75,6 +81,10 @@ int runOn(X11Desktop& desktop, MainLoop& mainLoop, const ProgramInformation& pro
     NoAnalytics analytics;
     NoCrashReporter crashReporter;
     NoSoftwareUpdater softwareUpdater;
+    QtApplicationIcons icons(desktop.icons);
+    QtStatusItem statusItem(desktop.tray);
+    QtMenuView menuView;
+    QtViews views(desktop.nativeKeyCodes);
     const SharedInstances shared(desktop.hotKeys, mainLoop, userDefaults, folders);
 
     const ActiveWindowPlacer::Services placing{
@@ -86,25 +96,52 @@ int runOn(X11Desktop& desktop, MainLoop& mainLoop, const ProgramInformation& pro
         Tracking(analytics),
         ShortcutText(desktop.keyboardLayout, text),
     };
-    AppDelegate delegate(
-        {{placing, loginItems}, mainLoop, userDefaults, crashReporter, softwareUpdater});
+    AppDelegate delegate({{placing, loginItems, mainLoop, desktop.hotKeys, text, desktop.workAreas,
+                           icons, statusItem, menuView, views},
+                          userDefaults,
+                          crashReporter,
+                          softwareUpdater});
     delegate.applicationWillFinishLaunching();
     delegate.applicationDidFinishLaunching();
     mainLoop.post([] { logLine("ready"); });
     return mainLoop.run();
 }
 
-int run() {
-    QtMainLoop mainLoop;
-    const LinuxProgram program;
-    const XdgFolders folders;
-    const auto terminated = onTerminationSignal(mainLoop, [&] { mainLoop.quit(0); });
-    const StoreLock lock(folders);
-    if (lock.outcome() == StoreLock::Outcome::kHeldByAnother) {
-        logLine("already running");
-        return 0;
+/// The toolkit's application object and the user's language.
+class Toolkit {
+public:
+    Toolkit(int& argc, char** argv, const ProgramInformation& program)
+        : application_(prepared(argc), argv) {
+        QApplication::setApplicationDisplayName("Panewright");
+        QApplication::setDesktopFileName(QString::fromStdString(program.bundleIdentifier()));
+        QApplication::setQuitOnLastWindowClosed(false);
+        install(qtTexts_, "qtbase", QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+        install(ownTexts_, "panewright",
+                QCoreApplication::applicationDirPath() + "/../share/panewright/translations");
     }
-    describeSession();
+
+private:
+    /// Popovers are placed, and windows told apart, by the X server: also on a Wayland session.
+    static int& prepared(int& argc) {
+        qputenv("QT_QPA_PLATFORM", "xcb");
+        return argc;
+    }
+    static void install(QTranslator& translator, const QString& name, const QString& folder) {
+        if (translator.load(QLocale(), name, "_", folder)) {
+            QCoreApplication::installTranslator(&translator);
+        }
+    }
+
+    QApplication application_;
+    QTranslator qtTexts_;
+    QTranslator ownTexts_;
+};
+
+int runToolkit(int& argc, char** argv, const ProgramInformation& program,
+               const StandardFolders& folders, const TerminationSignals& terminationSignals) {
+    const Toolkit toolkit(argc, argv, program);
+    QtMainLoop mainLoop;
+    const auto terminated = terminationSignals.onSignal(mainLoop, [&] { mainLoop.quit(0); });
     const auto desktop = X11Desktop::open(mainLoop, program.bundleIdentifier());
     if (!desktop) {
         describeMissingServer();
@@ -123,6 +160,18 @@ int run() {
 } // namespace
 
 int main(int argc, char* argv[]) {
-    const QCoreApplication application(argc, argv);
-    return run();
+    const TerminationSignals terminationSignals;
+    const LinuxProgram program;
+    const XdgFolders folders;
+    const StoreLock lock(folders);
+    if (lock.outcome() == StoreLock::Outcome::kHeldByAnother) {
+        logLine("already running");
+        return 0;
+    }
+    describeSession();
+    if (!X11Desktop::isReachable()) {
+        describeMissingServer();
+        return kExitCannotStart;
+    }
+    return runToolkit(argc, argv, program, folders, terminationSignals);
 }

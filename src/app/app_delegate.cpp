@@ -2,6 +2,7 @@
 
 #include "model/model.h"
 #include "model/window_state.h"
+#include "services/product_website.h"
 #include "services/workspace_additions.h"
 
 namespace panewright {
@@ -12,8 +13,6 @@ using namespace std::chrono_literals;
 constexpr auto kPreferencesDelay = 1s;
 constexpr std::string_view kCrashOnExceptionsKey = "NSApplicationCrashOnExceptions";
 constexpr const char* kSystemPreferences = "/Applications/System Preferences.app";
-constexpr const char* kFeedbackUrl = "http://quillfen.com/panewright/disqus.html";
-constexpr const char* kFAQUrl = "http://quillfen.com/panewright#faq";
 
 AppDelegate*& theInstance() {
     static AppDelegate* instance = nullptr;
@@ -55,12 +54,12 @@ void AppDelegate::setupFabric() {
 void AppDelegate::setupAccessibility() {
     if (!AccessibilityHelper(placing().accessibility).accessibilityEnabledWithPrompt()) {
         pendingPreferences_ =
-            services_.mainLoop.after(kPreferencesDelay, [this] { bringPrefsForward(); });
+            services_.controller.mainLoop.after(kPreferencesDelay, [this] { bringPrefsForward(); });
     }
 }
 
 void AppDelegate::setupStatusItem() {
-    statusItemController_ = StatusItemController::create(services_.controller);
+    statusItemController_ = StatusItemController::create(services_.controller, *this);
     WindowState::setApplier(statusItemController_);
     statusItemController_->tracking().setCurrentApplication(frontMostAppBeforeRunning_);
     statusItemController_->startStatusItem();
@@ -73,6 +72,25 @@ void AppDelegate::setupSparkle() {
 
 void AppDelegate::bringPrefsForward() {
     placing().workspace.launchApplication(kSystemPreferences);
+}
+
+void AppDelegate::settings() {
+    placing().tracking.trackEvent(kShowSettingsEvent);
+    if (!settings_) {
+        settings_ = makeSettings();
+    }
+    settings_->showWindow();
+    settings_->makeKeyAndOrderFront();
+    placing().workspace.bringThisApplicationToFront();
+}
+
+std::shared_ptr<Settings> AppDelegate::makeSettings() {
+    const auto& controller = services_.controller;
+    return Settings::create({placing().beeper, controller.hotKeys, services_.userDefaults,
+                             placing().workspace, placing().program, controller.text,
+                             placing().shortcutText, placing().tracking,
+                             statusItemController_->launchAgentStartupItem(), Model::instance(),
+                             *statusItemController_, controller.views});
 }
 
 void AppDelegate::runAtStartup() {
@@ -91,7 +109,7 @@ void AppDelegate::restoreWindowStates() {
 }
 
 void AppDelegate::quit() {
-    services_.mainLoop.quit(0);
+    services_.controller.mainLoop.quit(0);
 }
 
 void AppDelegate::checkForUpdates() {
@@ -104,6 +122,10 @@ void AppDelegate::checkForUpdatesInBackground() {
 
 void AppDelegate::sendFeedback() {
     placing().workspace.openUrl(kFeedbackUrl);
+}
+
+void AppDelegate::crash() {
+    services_.crashReporter.crash();
 }
 
 void AppDelegate::openFAQ() {

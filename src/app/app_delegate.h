@@ -2,9 +2,9 @@
 
 #include "menubar/status_item_controller.h"
 #include "platform/crash_reporter.h"
-#include "platform/main_loop.h"
 #include "platform/software_updater.h"
 #include "platform/user_defaults.h"
+#include "ui/settings.h"
 
 #include <memory>
 #include <optional>
@@ -13,19 +13,18 @@
 namespace panewright {
 
 /// The program's life: start-up in its order, and the actions that belong to the whole program.
-class AppDelegate {
+class AppDelegate : public ApplicationActions {
 public:
     /// All of it must outlive the delegate.
     struct Services {
         StatusItemController::Services controller;
-        MainLoop& mainLoop;
         UserDefaults& userDefaults;
         CrashReporter& crashReporter;
         SoftwareUpdater& softwareUpdater;
     };
 
     explicit AppDelegate(const Services& services);
-    ~AppDelegate();
+    ~AppDelegate() override;
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
 
@@ -49,24 +48,29 @@ public:
 
     // Actions of the menu.
     void bringPrefsForward();
-    void runAtStartup();
+    /// Opens the settings window, which is made the first time.
+    void settings() override;
+    void runAtStartup() override;
     void restoreWindowStates();
-    void quit();
-    void checkForUpdates();
+    void quit() override;
+    void checkForUpdates() override;
     void checkForUpdatesInBackground();
-    void sendFeedback();
+    void sendFeedback() override;
     void openFAQ();
+    void crash() override;
 
 private:
     void setupFabric();
     void setupAccessibility();
     void setupStatusItem();
     void setupSparkle();
+    std::shared_ptr<Settings> makeSettings();
     const ActiveWindowPlacer::Services& placing() const { return services_.controller.placing; }
 
     Services services_;
     std::optional<RunningApplication> frontMostAppBeforeRunning_;
     std::shared_ptr<StatusItemController> statusItemController_;
+    std::shared_ptr<Settings> settings_;
     Registration pendingPreferences_;
 };
 

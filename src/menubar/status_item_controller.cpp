@@ -1,8 +1,11 @@
 #include "menubar/status_item_controller.h"
 
+#include "geometry/frame_attributes.h"
 #include "menubar/hot_key_collisions.h"
+#include "menubar/status_item_anchor.h"
 #include "model/model.h"
 #include "model/window_state.h"
+#include "services/product_website.h"
 #include "services/workspace_additions.h"
 #include "shortcuts/carbon_event_manager.h"
 
@@ -14,6 +17,8 @@ namespace {
 
 constexpr const char* kLaunchAgentLabel = "com.quillfen.Panewright.Agent";
 constexpr const char* kLaunchAgentFileName = "com.quillfen.Panewright.Agent.plist";
+constexpr Size kStatusImageSize{17, 14};
+constexpr double kStatusItemLength = 23;
 
 std::vector<std::shared_ptr<WindowState>> statesIn(const std::shared_ptr<WindowStateArray>& array) {
     return array ? *array : WindowStateArray{};
@@ -21,25 +26,39 @@ std::vector<std::shared_ptr<WindowState>> statesIn(const std::shared_ptr<WindowS
 
 } // namespace
 
-std::shared_ptr<StatusItemController> StatusItemController::create(const Services& services) {
-    return std::shared_ptr<StatusItemController>(new StatusItemController(services));
+std::shared_ptr<StatusItemController> StatusItemController::create(const Services& services,
+                                                                   ApplicationActions& actions) {
+    return std::shared_ptr<StatusItemController>(new StatusItemController(services, actions));
 }
 
-StatusItemController::StatusItemController(const Services& services)
-    : services_(services),
+StatusItemController::StatusItemController(const Services& services, ApplicationActions& actions)
+    : services_(services), actions_(actions),
       tracking_(FocusTracking::create({services.placing.accessibility, services.placing.displays,
                                        services.placing.workspace, services.placing.program})),
-      placer_(services.placing, *tracking_) {}
+      placer_(services.placing, *tracking_),
+      menu_(services.text, {[this] { saveWindowPosition(); },
+                            [this] { moveToNextDisplay(nullptr); }, [this] { actions_.settings(); },
+                            [this] { actions_.runAtStartup(); }, [this] { actions_.quit(); }}) {}
 
 void StatusItemController::startStatusItem() {
     if (std::exchange(started_, true)) {
         return;
     }
     awakeFromNib();
+    showStatusItem();
     if (tracking_->currentApplication()) {
         tracking_->updateApplicationTrackingElements();
         addEventHandlers();
     }
+}
+
+void StatusItemController::showStatusItem() {
+    services_.statusItem.show({"StatusIcon", kStatusImageSize, kStatusItemLength, "Panewright"},
+                              [controller = weak_from_this()](const StatusItemClick& click) {
+                                  if (const auto self = controller.lock()) {
+                                      self->clicked(click);
+                                  }
+                              });
 }
 
 void StatusItemController::awakeFromNib() {
@@ -48,6 +67,7 @@ void StatusItemController::awakeFromNib() {
     setupUI();
     setupCarbonEventManager();
     setupNotifications();
+    setupSavePopover();
 }
 
 void StatusItemController::setupModel() {
@@ -61,7 +81,7 @@ void StatusItemController::setupStartupItem() {
 }
 
 void StatusItemController::setupUI() {
-    startupItemState_ = startupItem_->isInstalled();
+    setStartupItemState(startupItem_->isInstalled());
 }
 
 void StatusItemController::setupCarbonEventManager() {
@@ -71,6 +91,36 @@ void StatusItemController::setupCarbonEventManager() {
 void StatusItemController::setupNotifications() {
     activations_ = services_.placing.workspace.onApplicationActivated(
         [this] { workspaceDidActiveApplication(); });
+    tracking_->setWindowChangedHandler([this] { updateSaveShortcutViewControllerIfOpen(); });
+}
+
+void StatusItemController::setupSavePopover() {
+    const auto& placing = services_.placing;
+    savePopover_.emplace(SavePopover::Services{services_.icons, placing.workspace, placing.program,
+                                               [this] { return anchor(); }},
+                         SaveShortcutViewController::Services{
+                             placing.beeper, services_.hotKeys, services_.mainLoop, services_.text,
+                             placing.shortcutText, placing.tracking, services_.views, *this},
+                         *tracking_);
+}
+
+PopoverAnchor StatusItemController::anchor() const {
+    return statusItemAnchor(services_.statusItem, services_.placing.displays, services_.workAreas,
+                            tracking_->currentDisplay());
+}
+
+void StatusItemController::clicked(const StatusItemClick& /*click*/) {
+    menuNeedsUpdate();
+    services_.menuView.popUp(menu_.menu, anchor().rect);
+}
+
+void StatusItemController::menuNeedsUpdate() {
+    tracking_->updateApplicationTracking();
+    menu_.moveToNextDisplayItem->action = nullptr;
+    if (services_.placing.displays.screens().size() != 1) {
+        menu_.moveToNextDisplayItem->action = [this] { moveToNextDisplay(nullptr); };
+    }
+    addEventHandlers();
 }
 
 void StatusItemController::workspaceDidActiveApplication() {
@@ -78,7 +128,11 @@ void StatusItemController::workspaceDidActiveApplication() {
         return;
     }
     tracking_->updateApplicationTracking();
-    addEventHandlers();
+    if (savePopover_->isShown()) {
+        savePopover_->update();
+    } else {
+        addEventHandlers();
+    }
 }
 
 void StatusItemController::addEventHandlers() {
@@ -97,16 +151,18 @@ void StatusItemController::addEventHandlers() {
 }
 
 void StatusItemController::installMoveToNextDisplayKey() {
-    moveToNextDisplayItem_ = {};
+    auto& item = *menu_.moveToNextDisplayItem;
+    item.keyEquivalent.clear();
+    item.keyEquivalentModifierMask = 0;
     const auto event = model_->moveToNextWindowKeyEvent();
     if (!event) {
         return;
     }
     event->setTarget(shared_from_this(), &StatusItemController::moveToNextDisplay);
     CarbonEventManager::sharedManager().addCarbonKeyEvent(event);
-    moveToNextDisplayItem_ = {services_.placing.shortcutText.stringForRawKeyCode(
-                                  static_cast<std::uint16_t>(event->keyCode())),
-                              event->modifierFlags()};
+    item.keyEquivalent = services_.placing.shortcutText.stringForRawKeyCode(
+        static_cast<std::uint16_t>(event->keyCode()));
+    item.keyEquivalentModifierMask = event->modifierFlags();
 }
 
 void StatusItemController::moveToNextDisplay(const std::shared_ptr<CarbonKeyEvent>& /*sender*/) {
@@ -154,6 +210,51 @@ void StatusItemController::removeWindowState(const std::shared_ptr<WindowState>&
         kRemoveWindowStateEvent, state->attributesForTracking(services_.placing.shortcutText));
     model_->removeWindowState(state);
     addEventHandlers();
+}
+
+void StatusItemController::saveWindowPosition() {
+    if (!isFrameSettable(tracking_->windowElement())) {
+        services_.placing.beeper.beep();
+        return;
+    }
+    CarbonEventManager::sharedManager().removeAllEvents();
+    tracking_->updateApplicationTracking();
+    savePopover_->open();
+}
+
+void StatusItemController::updateSaveShortcutViewControllerIfOpen() {
+    if (savePopover_->isShown()) {
+        savePopover_->update();
+    }
+}
+
+void StatusItemController::finishSavingWindowState() {
+    model_->save();
+    addEventHandlers();
+    abandonSavingWindowState();
+}
+
+void StatusItemController::abandonSavingWindowState() {
+    savePopover_->close();
+    services_.placing.workspace.hideThisApplication();
+}
+
+void StatusItemController::sendFeedback() {
+    actions_.sendFeedback();
+}
+
+void StatusItemController::checkForUpdates() {
+    services_.placing.tracking.trackEvent(kCheckForUpdatesEvent);
+    actions_.checkForUpdates();
+}
+
+/// Unlike the program's own action sends no event.
+void StatusItemController::openFAQ() {
+    services_.placing.workspace.openUrl(kFAQUrl);
+}
+
+void StatusItemController::crash() {
+    actions_.crash();
 }
 
 } // namespace panewright

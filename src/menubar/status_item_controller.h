@@ -1,12 +1,19 @@
 #pragma once
 
 #include "menubar/active_window_placer.h"
+#include "menubar/application_actions.h"
 #include "menubar/focus_tracking.h"
+#include "menubar/menu_view.h"
+#include "menubar/save_popover.h"
+#include "menubar/status_menu.h"
 #include "model/window_state_applier.h"
 #include "platform/login_item.h"
+#include "platform/status_item.h"
+#include "platform/work_areas.h"
 #include "services/launch_agent_startup_item.h"
+#include "ui/hot_key_refresh.h"
+#include "ui/window_state_saving.h"
 
-#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -18,44 +25,48 @@ class CarbonKeyEvent;
 class Model;
 class WindowState;
 
-/// The heart of the running program: keeps the hot keys in step with the frontmost application and
-/// puts states onto its focused window. Main thread only.
+/// The heart of the running program: owns the status item with its menu and popovers, keeps the hot
+/// keys in step with the frontmost application and puts states onto its focused window. Main thread
+/// only.
 class StatusItemController : public WindowStateApplier,
+                             public WindowStateSaving,
+                             public HotKeyRefresh,
                              public std::enable_shared_from_this<StatusItemController> {
 public:
     /// All of it must outlive the controller.
     struct Services {
         ActiveWindowPlacer::Services placing;
         const LoginItemFormat& loginItems;
+        MainLoop& mainLoop;
+        const HotKeys& hotKeys;
+        const TextServices& text;
+        const WorkAreas& workAreas;
+        ApplicationIcons& icons;
+        StatusItem& statusItem;
+        MenuView& menuView;
+        ViewFactory& views;
     };
 
-    /// What the menu shows of the hot key of an item.
-    struct ShownShortcut {
-        /// Empty without one.
-        std::string keyEquivalent;
-        std::uint64_t keyEquivalentModifierMask = 0;
-
-        friend bool operator==(const ShownShortcut&, const ShownShortcut&) = default;
-    };
-
-    static std::shared_ptr<StatusItemController> create(const Services& services);
+    static std::shared_ptr<StatusItemController> create(const Services& services,
+                                                        ApplicationActions& actions);
 
     FocusTracking& tracking() { return *tracking_; }
     const LaunchAgentStartupItem& launchAgentStartupItem() const { return *startupItem_; }
     /// Whether the start-at-login item is checked.
-    bool startupItemState() const { return startupItemState_; }
-    void setStartupItemState(bool on) { startupItemState_ = on; }
-    const ShownShortcut& moveToNextDisplayItem() const { return moveToNextDisplayItem_; }
+    bool startupItemState() const { return menu_.startupItem->isChecked; }
+    void setStartupItemState(bool on) { menu_.startupItem->isChecked = on; }
+    const MenuItem& moveToNextDisplayItem() const { return *menu_.moveToNextDisplayItem; }
 
-    /// Sets everything up and, with an application known already, tracks it and installs the hot
-    /// keys. Once only: repeating does nothing. The store is loaded here.
+    /// Sets everything up, shows the status item and, with an application known already, tracks it
+    /// and installs the hot keys. Once only: repeating does nothing. The store is loaded here.
     void startStatusItem();
+
+    /// Brings everything that the menu shows up to date.
+    void menuNeedsUpdate();
 
     void workspaceDidActiveApplication();
 
-    /// Installs the hot keys of all states that apply now, and the one that moves to the next
-    /// display, in place of those installed before.
-    void addEventHandlers();
+    void addEventHandlers() override;
 
     /// The sender is not used.
     void moveToNextDisplay(const std::shared_ptr<CarbonKeyEvent>& sender);
@@ -69,13 +80,28 @@ public:
     bool applyWindowStateNamed(std::string_view name, std::string_view forApplicationNamed);
 
     /// Only adds: the caller saves and refreshes the hot keys.
-    void addWindowState(const std::shared_ptr<WindowState>& state);
+    void addWindowState(const std::shared_ptr<WindowState>& state) override;
 
     /// Removes and saves, and gives the hot key that the state overrode back to its owner.
     void removeWindowState(const std::shared_ptr<WindowState>& state);
 
+    /// Opens the save popover for the tracked window; beeps when that cannot be moved and resized.
+    /// No hot key is installed while the popover is open, so that each can be recorded.
+    void saveWindowPosition();
+    void updateSaveShortcutViewControllerIfOpen();
+    void finishSavingWindowState() override;
+    void abandonSavingWindowState() override;
+
+    // Actions of the menu that concern the whole program.
+    void sendFeedback();
+    void checkForUpdates();
+    void openFAQ();
+    /// Nothing: the program's own action opens the settings.
+    void settings() {}
+    void crash();
+
 private:
-    explicit StatusItemController(const Services& services);
+    StatusItemController(const Services& services, ApplicationActions& actions);
 
     void awakeFromNib();
     void setupModel();
@@ -83,16 +109,21 @@ private:
     void setupUI();
     void setupCarbonEventManager();
     void setupNotifications();
+    void setupSavePopover();
+    void showStatusItem();
+    void clicked(const StatusItemClick& click);
+    PopoverAnchor anchor() const;
     void installMoveToNextDisplayKey();
     bool applyFirst(std::string_view name, std::optional<std::string_view> applicationName);
 
     Services services_;
+    ApplicationActions& actions_;
     std::shared_ptr<FocusTracking> tracking_;
     ActiveWindowPlacer placer_;
+    StatusMenu menu_;
+    std::optional<SavePopover> savePopover_;
     Model* model_ = nullptr;
     std::optional<LaunchAgentStartupItem> startupItem_;
-    bool startupItemState_ = false;
-    ShownShortcut moveToNextDisplayItem_;
     bool started_ = false;
     Registration activations_;
 };

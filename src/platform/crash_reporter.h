@@ -9,6 +9,9 @@ public:
 
     /// Once, at the start of the program.
     virtual void start() = 0;
+
+    /// Ends the program as a crash would, to see a report of it; nothing where there is no service.
+    virtual void crash() = 0;
 };
 
 } // namespace panewright

@@ -61,7 +61,8 @@ public:
 
     /// kHotKeyInvalid, without a handle, for a key that the keyboard does not have. The same key
     /// may be registered more than once, and one that another program holds may be registered too:
-    /// it sends no presses until that program lets go of it and the keyboard mapping changes.
+    /// it sends no presses until that program lets go of it and the keyboard mapping changes, or
+    /// isTakenByAnotherProgram() is asked of it.
     /// Unregistering a key and registering it again in one turn of the main loop costs nothing.
     virtual Registered registerHotKey(std::uint32_t virtualKeyCode, std::uint32_t modifiers,
                                       HotKeyId id) = 0;
@@ -71,7 +72,8 @@ public:
                                            void* userData) = 0;
     virtual void removeHandler(EventHandlerRef ref) = 0;
 
-    /// Whether this key was registered by us and another program holds it.
+    /// Whether another program holds this key, so that registering it has no effect. Need not be
+    /// registered by us: a key that is not is tried out and let go.
     virtual bool isTakenByAnotherProgram(std::uint32_t virtualKeyCode,
                                          std::uint32_t modifiers) const = 0;
 };

@@ -12,6 +12,10 @@ public:
 
     virtual std::string bundleIdentifier() const = 0;
 
+    /// What people call the version, such as "1.2.8", and the number of the build.
+    virtual std::string shortVersion() const = 0;
+    virtual std::string buildVersion() const = 0;
+
     /// The file name of the program.
     virtual std::string executableName() const = 0;
 

@@ -13,6 +13,13 @@ public:
 
     /// Upper case by Unicode's full mapping, the same in every locale ("ß" gives "SS").
     virtual std::string upperCased(std::string_view text) const = 0;
+
+    /// A text that the user sees, which stands in the program in English, in the user's language;
+    /// as it is where there is no translation.
+    virtual std::string localized(const char* text) const = 0;
+
+    /// Without the white space (Unicode's space separators and the tab; no line ends) around it.
+    virtual std::string trimmedOfWhitespace(std::string_view text) const = 0;
 };
 
 } // namespace panewright

@@ -34,8 +34,14 @@ public:
     /// Calls back after another program became frontmost.
     virtual Registration onApplicationActivated(std::function<void()> callback) = 0;
 
-    /// Brings our own program's windows to the front; nothing when it has none.
+    /// Brings our own program's windows to the front, also one that is only about to be shown;
+    /// nothing when it has none.
     virtual void bringThisApplicationToFront() = 0;
+
+    /// Gives the keyboard back to the window that had it before ours; to whichever the desktop
+    /// chooses if that is gone. Nothing while another program is frontmost. Which windows of ours
+    /// stay visible is not decided here.
+    virtual void hideThisApplication() = 0;
 
     /// Opens the address in the user's browser. Returns at once; failure is ignored.
     virtual void openUrl(const std::string& url) = 0;

@@ -20,10 +20,20 @@ private:
 };
 
 // Names of the events.
+constexpr std::string_view kAllowShortcutToMoveDisplaysEvent = "AllowShortcutToMoveDisplays";
 constexpr std::string_view kApplyWindowStateEvent = "ApplyWindowState";
+constexpr std::string_view kCancelSaveWindowStateEvent = "CancelSaveWindowState";
 constexpr std::string_view kCheckForUpdatesEvent = "CheckForUpdates";
+constexpr std::string_view kInstallStartupItemEvent = "InstallStartupItem";
 constexpr std::string_view kMoveToNextDisplayEvent = "MoveToNextDisplay";
 constexpr std::string_view kOpenFAQEvent = "OpenFAQ";
+constexpr std::string_view kPreferencesFAQEvent = "PreferencesFAQ";
+constexpr std::string_view kPreferencesFeedbackEvent = "PreferencesFeedback";
+constexpr std::string_view kPreferencesWebsiteEvent = "PreferencesWebsite";
+constexpr std::string_view kRemoveStartupItemEvent = "RemoveStartupItem";
 constexpr std::string_view kRemoveWindowStateEvent = "RemoveWindowState";
+constexpr std::string_view kRestoreDefaultWindowStatesEvent = "RestoreDefaultWindowStates";
+constexpr std::string_view kSaveWindowStateEvent = "SaveWindowState";
+constexpr std::string_view kShowSettingsEvent = "ShowSettings";
 
 } // namespace panewright

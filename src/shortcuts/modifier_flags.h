@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <string_view>
 
 namespace panewright {
 
@@ -10,6 +12,18 @@ constexpr std::uint64_t kControlFlag = 0x40000;
 constexpr std::uint64_t kOptionFlag = 0x80000;
 constexpr std::uint64_t kCommandFlag = 0x100000;
 constexpr std::uint64_t kFunctionFlag = 0x800000;
+
+/// The modifiers that a shortcut can have, in the order in which they are shown.
+struct ModifierSymbol {
+    std::uint64_t flag;
+    std::string_view symbol;
+};
+constexpr std::array<ModifierSymbol, 4> kModifierSymbols{{
+    {kControlFlag, "\u2303"},
+    {kOptionFlag, "\u2325"},
+    {kShiftFlag, "\u21E7"},
+    {kCommandFlag, "\u2318"},
+}};
 
 /// Modifiers in the form of the hot-key interface.
 constexpr std::uint64_t kHotKeyCommand = 0x100;

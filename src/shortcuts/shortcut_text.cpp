@@ -3,24 +3,11 @@
 #include "shortcuts/modifier_flags.h"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
 #include <string_view>
 
 namespace panewright {
 namespace {
-
-struct ModifierSymbol {
-    std::uint64_t flag;
-    std::string_view symbol;
-};
-
-constexpr std::array<ModifierSymbol, 4> kModifierSymbols{{
-    {kControlFlag, "\u2303"},
-    {kOptionFlag, "\u2325"},
-    {kShiftFlag, "\u21E7"},
-    {kCommandFlag, "\u2318"},
-}};
 
 struct KeyName {
     std::uint64_t keyCode;
@@ -79,14 +66,19 @@ std::string_view fixedName(std::uint64_t keyCode) {
 
 } // namespace
 
-std::string ShortcutText::presentableKeyboardShortcut(std::uint64_t keyCode,
-                                                      std::uint64_t modifierFlags) const {
+std::string modifierSymbols(std::uint64_t modifierFlags) {
     std::string text;
     for (const auto& [flag, symbol] : kModifierSymbols) {
         if (modifierFlags & flag) {
             text += symbol;
         }
     }
+    return text;
+}
+
+std::string ShortcutText::presentableKeyboardShortcut(std::uint64_t keyCode,
+                                                      std::uint64_t modifierFlags) const {
+    std::string text = modifierSymbols(modifierFlags);
     const auto name = fixedName(keyCode);
     return text += name.empty() ? stringForRawKeyCode(static_cast<std::uint16_t>(keyCode))
                                 : std::string(name);

@@ -8,6 +8,10 @@
 
 namespace panewright {
 
+/// The symbols of the modifiers in the order Control, Option, Shift, Command; bits of others show
+/// nothing.
+std::string modifierSymbols(std::uint64_t modifierFlags);
+
 /// The text that shows a shortcut: symbols of the modifiers, in the order Control, Option, Shift,
 /// Command, then the key's name. UTF-8. Modifier flags are in the application's form; bits of other
 /// modifiers show nothing.

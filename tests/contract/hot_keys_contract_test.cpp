@@ -62,9 +62,22 @@ protected:
     }
     void takeByAnotherProgram(std::uint32_t keyCode) {
         if (x11_) {
-            x11_->desktop.x().grabKey(XCB_MOD_MASK_1, test::Keyboard::keycode(evdevCode(keyCode)));
+            EXPECT_TRUE(eventually([&] { // our letting go may still be under way
+                return x11_->desktop.x().grabKey(XCB_MOD_MASK_1,
+                                                 test::Keyboard::keycode(evdevCode(keyCode)));
+            }));
         } else {
             memory_.takeByAnotherProgram(keyCode, kOption);
+        }
+    }
+    void letGoByAnotherProgram(std::uint32_t keyCode) {
+        if (x11_) {
+            const auto& x = x11_->desktop.x();
+            xcb_ungrab_key(x.connection(), test::Keyboard::keycode(evdevCode(keyCode)), x.root(),
+                           XCB_MOD_MASK_1);
+            x.synchronize();
+        } else {
+            memory_.letGoByAnotherProgram(keyCode, kOption);
         }
     }
     template <class Condition>
@@ -118,19 +131,33 @@ TEST_P(HotKeysContract, TellKeysApartAndFallSilentWhenUnregistered) {
     EXPECT_EQ(refused.ref, 0U);
 }
 
-TEST_P(HotKeysContract, RememberAKeyThatAnotherProgramHolds) {
+TEST_P(HotKeysContract, TellWhetherAnotherProgramHoldsAKey) {
     install(first_);
     takeByAnotherProgram(20);
-    EXPECT_FALSE(port().isTakenByAnotherProgram(20, kOption)); // nobody here wanted it
+    const auto isTaken = [&](std::uint32_t keyCode) {
+        return port().isTakenByAnotherProgram(keyCode, kOption);
+    };
     const auto wanted = port().registerHotKey(20, kOption, {0, 1});
     EXPECT_EQ(wanted.status, kNoError);
     add(21, 2);
-    EXPECT_TRUE(eventually([&] { return port().isTakenByAnotherProgram(20, kOption); }));
-    EXPECT_FALSE(port().isTakenByAnotherProgram(21, kOption));
-    EXPECT_THAT(heardAfter(20, 0), IsEmpty());
-    EXPECT_THAT(heardAfter(21), ElementsAre("first2"));
-    port().unregisterHotKey(wanted.ref);
-    EXPECT_TRUE(eventually([&] { return !port().isTakenByAnotherProgram(20, kOption); }));
+    for (const char* moment : {"before they are grabbed", "after"}) {
+        SCOPED_TRACE(moment);
+        EXPECT_TRUE(isTaken(20));
+        EXPECT_FALSE(isTaken(21));
+        EXPECT_FALSE(isTaken(200));
+        EXPECT_FALSE(port().isTakenByAnotherProgram(20, kOption | kShift));
+        EXPECT_THAT(heardAfter(20, 0), IsEmpty());
+        EXPECT_THAT(heardAfter(21), ElementsAre("first2"));
+    }
+    takeByAnotherProgram(22); // which nobody here wants
+    EXPECT_TRUE(isTaken(22));
+    letGoByAnotherProgram(22);
+    EXPECT_FALSE(isTaken(22));
+    takeByAnotherProgram(22); // being asked has let go of it
+    EXPECT_TRUE(isTaken(22));
+    letGoByAnotherProgram(20);
+    EXPECT_FALSE(isTaken(20));
+    EXPECT_THAT(heardAfter(20), ElementsAre("first1")); // it is ours since
 }
 
 INSTANTIATE_TEST_SUITE_P(Everywhere, HotKeysContract, testing::Values("memory", "X11"),

@@ -181,8 +181,8 @@ TEST_F(StatusItemControllerTest, MovesOnWhenAStateIsInEffectAndTheUserAllowsIt) 
 }
 
 TEST_F(StatusItemControllerTest, MovesToTheNextDisplayWithItsKeyAndShowsIt) {
-    using Shown = StatusItemController::ShownShortcut;
-    EXPECT_EQ(controller().moveToNextDisplayItem(), (Shown{"N", 0x80000}));
+    EXPECT_EQ(controller().moveToNextDisplayItem().keyEquivalent, "N");
+    EXPECT_EQ(controller().moveToNextDisplayItem().keyEquivalentModifierMask, 0x80000U);
     EXPECT_EQ(frameAfter(kNextKey),
               (Rect{1573.3333740234375, 60.000003814697266, 1066.666748046875, 720}));
     EXPECT_THAT(takeEvents(), ElementsAre("MoveToNextDisplay"));
@@ -190,7 +190,7 @@ TEST_F(StatusItemControllerTest, MovesToTheNextDisplayWithItsKeyAndShowsIt) {
     EXPECT_EQ(frameAfter(kNextKey), kMiddle);
     desktop_.userDefaults.removeObjectForKey("MoveToNextWindowKeyEventKeyCode");
     controller().addEventHandlers();
-    EXPECT_EQ(controller().moveToNextDisplayItem(), Shown{});
+    EXPECT_EQ(controller().moveToNextDisplayItem().keyEquivalent, "");
     EXPECT_FALSE(program_.press(kNextKey));
 }
 

@@ -18,6 +18,7 @@ public:
 class NoCrashReporter : public CrashReporter {
 public:
     void start() override {}
+    void crash() override {}
 };
 
 class NoSoftwareUpdater : public SoftwareUpdater {

@@ -5,9 +5,18 @@
 #include "desktop/linux/x_properties.h"
 
 #include <algorithm>
+#include <unistd.h>
 #include <utility>
 
 namespace panewright {
+
+namespace {
+
+bool isOurs(const std::optional<RunningApplication>& application) {
+    return application && application->processIdentifier == getpid();
+}
+
+} // namespace
 
 ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager,
                              std::string ownBundleIdentifier)
@@ -15,6 +24,7 @@ ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager,
       identity_(connection, std::move(ownBundleIdentifier)),
       rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE |
                                                                     XCB_EVENT_MASK_FOCUS_CHANGE)),
+      arrivals_(connection.onArrival([this](const auto& event) { noteArrival(event); })),
       events_(connection.onEvent([this](const auto& event) { handle(event); })),
       managerChanges_(manager.onChange([this] { update(); })) {
     update();
@@ -25,7 +35,7 @@ std::optional<xcb_window_t> ActiveWindows::focusedWindowOf(ProcessId pid) {
         if (window.pid != pid) {
             continue;
         }
-        if (!window.isPlaceable) {
+        if (window.kind != Kind::kOrdinary) {
             return std::nullopt;
         }
         if (isShown(window.window)) {
@@ -33,6 +43,43 @@ std::optional<xcb_window_t> ActiveWindows::focusedWindowOf(ProcessId pid) {
         }
     }
     return std::nullopt;
+}
+
+std::vector<xcb_window_t> ActiveWindows::windowsOf(ProcessId pid) {
+    XPropertyRequest clients(connection_, connection_.root(), connection_.atoms()._NET_CLIENT_LIST,
+                             kMaxClients);
+    return identity_.windowsOf(pid, clients.numbers());
+}
+
+std::optional<ActiveWindows::WayBack> ActiveWindows::wayBack() {
+    const auto active = readActiveWindow();
+    const bool isOursActive = active != kNoWindow && pidOf(active) == getpid();
+    // The events of a change may not have been handled yet, so what was frontmost counts too.
+    const bool wasOursActive = isOurs(frontmost_);
+    if (!isOursActive && !(wasOursActive && (active == kNoWindow || wentFirst_))) {
+        return std::nullopt;
+    }
+    const WayBack way{isOursActive ? active : active_,
+                      wasOursActive ? beforeOurs_ : lastOfOthers()};
+    return way.to != kNoWindow && isShown(way.to) ? std::optional(way) : std::nullopt;
+}
+
+xcb_window_t ActiveWindows::lastOfOthers() const {
+    const auto found = std::find_if(windows_.begin(), windows_.end(), [](const Window& window) {
+        return window.pid != getpid() && window.kind != Kind::kDock;
+    });
+    return found == windows_.end() ? kNoWindow : found->window;
+}
+
+void ActiveWindows::noteArrival(const xcb_generic_event_t& event) {
+    if (event.response_type == XCB_PROPERTY_NOTIFY) {
+        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+        changeArrived_ = changeArrived_ || (change.window == connection_.root() &&
+                                            change.atom == connection_.atoms()._NET_ACTIVE_WINDOW);
+    } else if (event.response_type == XCB_UNMAP_NOTIFY && active_ != kNoWindow &&
+               reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window == active_) {
+        wentFirst_ = !changeArrived_; // destroying a window unmaps it too
+    }
 }
 
 void ActiveWindows::handle(const xcb_generic_event_t& event) {
@@ -50,16 +97,25 @@ void ActiveWindows::handle(const xcb_generic_event_t& event) {
         const auto gone = reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window;
         std::erase_if(windows_, [gone](const Window& window) { return window.window == gone; });
         active_ = active_ == gone ? kNoWindow : active_;
+        beforeOurs_ = beforeOurs_ == gone ? kNoWindow : beforeOurs_;
     }
 }
 
 void ActiveWindows::update() {
     const auto active = readActiveWindow();
-    if (active == kNoWindow || active == active_) {
+    if (active == kNoWindow) {
         return;
     }
+    changeArrived_ = false;
+    if (active == active_) {
+        return;
+    }
+    wentFirst_ = false;
     active_ = active;
     auto application = identity_.applicationOf(active);
+    if (application.processIdentifier == getpid() && !isOurs(frontmost_)) {
+        beforeOurs_ = lastOfOthers();
+    }
     moveToFront(active, application.processIdentifier);
     if (frontmost_ != application) {
         frontmost_ = std::move(application);
@@ -89,10 +145,13 @@ xcb_window_t ActiveWindows::readFocusedTopLevel() {
     return outermostAncestor(connection_, focus->focus).value_or(kNoWindow);
 }
 
-bool ActiveWindows::isDesktopOrDock(xcb_window_t window) {
+ActiveWindows::Kind ActiveWindows::kindOf(xcb_window_t window) {
     const auto& atoms = connection_.atoms();
     const auto type = XPropertyRequest(connection_, window, atoms._NET_WM_WINDOW_TYPE).number();
-    return type == atoms._NET_WM_WINDOW_TYPE_DESKTOP || type == atoms._NET_WM_WINDOW_TYPE_DOCK;
+    if (type == atoms._NET_WM_WINDOW_TYPE_DESKTOP) {
+        return Kind::kDesktop;
+    }
+    return type == atoms._NET_WM_WINDOW_TYPE_DOCK ? Kind::kDock : Kind::kOrdinary;
 }
 
 bool ActiveWindows::isShown(xcb_window_t window) {
@@ -108,7 +167,7 @@ void ActiveWindows::moveToFront(xcb_window_t window, ProcessId pid) {
                                     [&](const Window& w) { return w.window == window; });
     if (known == windows_.end()) {
         windows_.insert(windows_.begin(),
-                        Window{window, pid, !isDesktopOrDock(window),
+                        Window{window, pid, kindOf(window),
                                connection_.selectEvents(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY |
                                                                     XCB_EVENT_MASK_FOCUS_CHANGE)});
     } else {

@@ -33,10 +33,32 @@ public:
     /// desktop or a dock of it is active.
     std::optional<xcb_window_t> focusedWindowOf(ProcessId pid);
 
+    /// The windows of the process that the manager shows, the newest last (EWMH,
+    /// _NET_CLIENT_LIST).
+    std::vector<xcb_window_t> windowsOf(ProcessId pid);
+
+    /// The window that is active now, as the server says; kNoWindow if there is none.
+    xcb_window_t readActiveWindow();
+
+    /// Whether it is mapped, on a workspace that is seen, or shaded.
+    bool isShown(xcb_window_t window);
+
+    /// The keyboard's way from a window of ours back to the one that was active before.
+    struct WayBack {
+        xcb_window_t from = kNoWindow;
+        xcb_window_t to = kNoWindow;
+    };
+
+    /// Nil if that window is not shown any more, and while another program has the keyboard; but
+    /// not when the manager has given it to one only because our window went.
+    std::optional<WayBack> wayBack();
+
     /// The process that a window belongs to.
     ProcessId pidOf(xcb_window_t window) {
         return identity_.applicationOf(window).processIdentifier;
     }
+
+    ClientIdentity& identity() { return identity_; }
 
     /// Called after another application, or the same program under another identifier, got the
     /// active window.
@@ -50,18 +72,19 @@ public:
     }
 
 private:
+    enum class Kind { kOrdinary, kDesktop, kDock };
     struct Window {
         xcb_window_t window = kNoWindow;
         ProcessId pid = 0;
-        bool isPlaceable = true;
+        Kind kind = Kind::kOrdinary;
         Registration selection;
     };
 
     void handle(const xcb_generic_event_t& event);
-    xcb_window_t readActiveWindow();
+    void noteArrival(const xcb_generic_event_t& event);
     xcb_window_t readFocusedTopLevel();
-    bool isDesktopOrDock(xcb_window_t window);
-    bool isShown(xcb_window_t window);
+    xcb_window_t lastOfOthers() const;
+    Kind kindOf(xcb_window_t window);
     void moveToFront(xcb_window_t window, ProcessId pid);
 
     XConnection& connection_;
@@ -71,10 +94,17 @@ private:
     std::vector<Window> windows_;
     /// The last active one, unless it is gone.
     xcb_window_t active_ = kNoWindow;
+    /// The last active one of another program when one of ours became active, unless it is gone.
+    xcb_window_t beforeOurs_ = kNoWindow;
     std::optional<RunningApplication> frontmost_;
+    /// What has been heard, though not handled, since active_ became the active window: that it
+    /// changes, and that it went before that.
+    bool changeArrived_ = false;
+    bool wentFirst_ = false;
     ObserverList<> activated_;
     ObserverList<ProcessId> windowChanged_;
     Registration rootSelection_;
+    Registration arrivals_;
     Registration events_;
     Registration managerChanges_;
 };

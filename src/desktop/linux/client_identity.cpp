@@ -81,34 +81,65 @@ void ClientIdentity::identify(RunningApplication& application, const std::string
     }
 }
 
-ProcessId ClientIdentity::pidOf(xcb_window_t window) {
-    if (const auto pid = pidFromServer(window)) {
-        return *pid;
+std::vector<xcb_window_t> ClientIdentity::windowsOf(ProcessId pid,
+                                                    const std::vector<xcb_window_t>& windows) {
+    const auto pids = pidsFromServer(windows);
+    std::vector<xcb_window_t> found;
+    for (const auto window : windows) {
+        const auto known = pids.find(clientOf(window));
+        if ((known == pids.end() ? pidFromWindow(window) : known->second) == pid) {
+            found.push_back(window);
+        }
     }
-    if (const auto pid = pidFromProperty(window)) {
-        return *pid;
-    }
-    return privatePid(window);
+    return found;
 }
 
-std::optional<ProcessId> ClientIdentity::pidFromServer(xcb_window_t window) {
-    if (!hasXRes_) {
-        return std::nullopt;
+ProcessId ClientIdentity::pidOf(xcb_window_t window) {
+    const auto pids = pidsFromServer({window});
+    return pids.empty() ? pidFromWindow(window) : pids.begin()->second;
+}
+
+ProcessId ClientIdentity::pidFromWindow(xcb_window_t window) {
+    const auto pid = pidFromProperty(window);
+    return pid ? *pid : privatePid(window);
+}
+
+/// The client's range of resources, which its windows' numbers are from.
+std::uint32_t ClientIdentity::clientOf(xcb_window_t window) const {
+    return window & ~xcb_get_setup(connection_)->resource_id_mask;
+}
+
+/// By client; without those that the server knows no process of.
+std::map<std::uint32_t, ProcessId>
+ClientIdentity::pidsFromServer(const std::vector<xcb_window_t>& windows) {
+    std::map<std::uint32_t, ProcessId> pids;
+    std::map<std::uint32_t, xcb_res_client_id_spec_t> clients;
+    for (const auto window : windows) {
+        clients[clientOf(window)] = {window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
     }
-    const xcb_res_client_id_spec_t wanted{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
-    const auto reply = connection_.reply(xcb_res_query_client_ids_reply,
-                                         xcb_res_query_client_ids(connection_, 1, &wanted));
+    std::vector<xcb_res_client_id_spec_t> wanted;
+    for (const auto& [client, spec] : clients) {
+        wanted.push_back(spec);
+    }
+    const auto reply =
+        hasXRes_
+            ? connection_.reply(xcb_res_query_client_ids_reply,
+                                xcb_res_query_client_ids(connection_,
+                                                         static_cast<std::uint32_t>(wanted.size()),
+                                                         wanted.data()))
+            : nullptr;
     if (!reply) {
-        return std::nullopt;
+        return pids;
     }
     for (auto ids = xcb_res_query_client_ids_ids_iterator(reply.get()); ids.rem;
          xcb_res_client_id_value_next(&ids)) {
         if ((ids.data->spec.mask & XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID) &&
             xcb_res_client_id_value_value_length(ids.data) > 0) {
-            return static_cast<ProcessId>(*xcb_res_client_id_value_value(ids.data));
+            pids[clientOf(ids.data->spec.client)] =
+                static_cast<ProcessId>(*xcb_res_client_id_value_value(ids.data));
         }
     }
-    return std::nullopt;
+    return pids;
 }
 
 std::optional<ProcessId> ClientIdentity::pidFromProperty(xcb_window_t window) {
@@ -122,9 +153,8 @@ std::optional<ProcessId> ClientIdentity::pidFromProperty(xcb_window_t window) {
 }
 
 ProcessId ClientIdentity::privatePid(xcb_window_t window) {
-    const auto client = window & ~xcb_get_setup(connection_)->resource_id_mask;
     const auto next = kFirstPrivatePid - static_cast<ProcessId>(privatePids_.size());
-    return privatePids_.try_emplace(client, next).first->second;
+    return privatePids_.try_emplace(clientOf(window), next).first->second;
 }
 
 } // namespace panewright

@@ -6,6 +6,7 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 namespace panewright {
 
@@ -19,11 +20,18 @@ public:
     /// that is gone belongs to an application without names.
     RunningApplication applicationOf(xcb_window_t window);
 
+    /// Which of the windows belong to the process, in their order.
+    std::vector<xcb_window_t> windowsOf(ProcessId pid, const std::vector<xcb_window_t>& windows);
+
+    DesktopEntries& entries() { return entries_; }
+
 private:
     void identify(RunningApplication& application, const std::string& wmClass,
                   const std::string& gtkId, const std::string& kdeFile);
     ProcessId pidOf(xcb_window_t window);
-    std::optional<ProcessId> pidFromServer(xcb_window_t window);
+    ProcessId pidFromWindow(xcb_window_t window);
+    std::uint32_t clientOf(xcb_window_t window) const;
+    std::map<std::uint32_t, ProcessId> pidsFromServer(const std::vector<xcb_window_t>& windows);
     std::optional<ProcessId> pidFromProperty(xcb_window_t window);
     ProcessId privatePid(xcb_window_t window);
 

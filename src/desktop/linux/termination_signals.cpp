@@ -4,30 +4,33 @@
 #include <sys/signalfd.h>
 #include <unistd.h>
 
-#include <memory>
 #include <utility>
 
 namespace panewright {
 
-Registration onTerminationSignal(MainLoop& mainLoop, std::function<void()> callback) {
+TerminationSignals::TerminationSignals() {
     sigset_t signals;
     sigemptyset(&signals);
     for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
         sigaddset(&signals, number);
     }
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-    const int descriptor = signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
-    auto watch = std::make_shared<Registration>(
-        mainLoop.whenReadable(descriptor, [descriptor, callback = std::move(callback)] {
+    descriptor_ = signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
+}
+
+TerminationSignals::~TerminationSignals() {
+    close(descriptor_);
+}
+
+Registration TerminationSignals::onSignal(MainLoop& mainLoop,
+                                          std::function<void()> callback) const {
+    return mainLoop.whenReadable(
+        descriptor_, [descriptor = descriptor_, callback = std::move(callback)] {
             signalfd_siginfo info{};
             while (read(descriptor, &info, sizeof info) == sizeof info) {
                 callback();
             }
-        }));
-    return Registration([watch, descriptor] {
-        watch->release();
-        close(descriptor);
-    });
+        });
 }
 
 } // namespace panewright

@@ -7,9 +7,20 @@
 
 namespace panewright {
 
-/// Calls back on the main loop when the process is asked to end (SIGTERM, SIGINT, SIGHUP). Must be
-/// called before any thread is started, as the threads inherit the mask that keeps the signals for
-/// the loop.
-Registration onTerminationSignal(MainLoop& mainLoop, std::function<void()> callback);
+/// Keeps the signals that ask the process to end (SIGTERM, SIGINT, SIGHUP) for its main loop. Must
+/// be made before any thread is started, toolkit's included: threads inherit the mask.
+class TerminationSignals {
+public:
+    TerminationSignals();
+    ~TerminationSignals();
+    TerminationSignals(const TerminationSignals&) = delete;
+    TerminationSignals& operator=(const TerminationSignals&) = delete;
+
+    /// Calls back on the main loop for each one, also for one that came before.
+    Registration onSignal(MainLoop& mainLoop, std::function<void()> callback) const;
+
+private:
+    int descriptor_ = -1;
+};
 
 } // namespace panewright

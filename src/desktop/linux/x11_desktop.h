@@ -1,13 +1,17 @@
 #pragma once
 
 #include "desktop/linux/active_windows.h"
+#include "desktop/linux/desktop_entry_icons.h"
+#include "desktop/linux/evdev_native_key_codes.h"
 #include "desktop/linux/randr_displays.h"
 #include "desktop/linux/window_manager.h"
 #include "desktop/linux/x11_accessibility.h"
 #include "desktop/linux/x11_hot_keys.h"
+#include "desktop/linux/x11_work_areas.h"
 #include "desktop/linux/x11_workspace.h"
 #include "desktop/linux/x_bell.h"
 #include "desktop/linux/x_connection.h"
+#include "desktop/linux/x_embed_tray.h"
 #include "desktop/linux/xkb_keyboard_layout.h"
 #include "desktop/linux/xkb_keymap.h"
 
@@ -19,7 +23,10 @@ namespace panewright {
 /// The ports of an X session, on one connection.
 class X11Desktop {
 public:
-    /// Null when the server that $DISPLAY names cannot be reached.
+    /// Whether the server that $DISPLAY names answers: the toolkit ends the program if not.
+    static bool isReachable();
+
+    /// Null when it does not.
     static std::unique_ptr<X11Desktop> open(MainLoop& mainLoop, std::string ownBundleIdentifier);
 
 private:
@@ -33,10 +40,14 @@ private:
 
 public:
     RandrDisplays displays;
+    X11WorkAreas workAreas;
     X11Accessibility accessibility;
     X11HotKeys hotKeys;
+    EvdevNativeKeyCodes nativeKeyCodes;
     XkbKeyboardLayout keyboardLayout;
     X11Workspace workspace;
+    DesktopEntryIcons icons;
+    XEmbedTray tray;
     XBell beeper;
 
     /// Called once, when the X server has gone away.

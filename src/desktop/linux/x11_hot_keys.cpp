@@ -3,6 +3,7 @@
 #include "desktop/linux/evdev_key_codes.h"
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -76,9 +77,21 @@ void X11HotKeys::removeHandler(EventHandlerRef ref) {
 
 bool X11HotKeys::isTakenByAnotherProgram(std::uint32_t virtualKeyCode,
                                          std::uint32_t modifiers) const {
-    const auto grabs = grabsOf(virtualKeyCode, modifiers);
-    return std::any_of(grabs.begin(), grabs.end(),
-                       [this](const Grab& grab) { return takenByOthers_.contains(grab); });
+    auto asked = grabsOf(virtualKeyCode, modifiers);
+    std::erase_if(asked, [this](const Grab& grab) { return held_.contains(grab); });
+    const auto refused = refusedOf(asked);
+    for (const auto& granted : asked) {
+        if (refused.contains(granted)) {
+            continue;
+        }
+        if (takenByOthers_.erase(granted) > 0) {
+            held_.insert(granted); // the other program has let go of what we want
+        } else {
+            ungrab(granted);
+        }
+    }
+    connection_.flush();
+    return !refused.empty();
 }
 
 std::vector<X11HotKeys::Grab> X11HotKeys::grabsOf(std::uint32_t virtualKeyCode,
@@ -141,6 +154,13 @@ void X11HotKeys::synchronize() {
 }
 
 void X11HotKeys::grab(const std::vector<Grab>& grabs) {
+    const auto refused = refusedOf(grabs);
+    std::copy_if(grabs.begin(), grabs.end(), std::inserter(held_, held_.end()),
+                 [&](const Grab& grab) { return !refused.contains(grab); });
+    takenByOthers_.insert(refused.begin(), refused.end());
+}
+
+std::set<X11HotKeys::Grab> X11HotKeys::refusedOf(const std::vector<Grab>& grabs) const {
     std::vector<std::pair<const Grab*, xcb_void_cookie_t>> requests;
     for (const auto& wanted : grabs) {
         for (const auto root : connection_.roots()) {
@@ -153,20 +173,19 @@ void X11HotKeys::grab(const std::vector<Grab>& grabs) {
             }
         }
     }
-    held_.insert(grabs.begin(), grabs.end());
+    std::set<Grab> refused;
     for (const auto& [wanted, cookie] : requests) {
-        if (!connection_.succeeded(cookie) && held_.erase(*wanted) > 0) {
-            takenByOthers_.insert(*wanted);
+        if (!connection_.succeeded(cookie)) {
+            refused.insert(*wanted);
         }
     }
-    for (const auto& taken : grabs) {
-        if (takenByOthers_.contains(taken)) {
-            ungrab(taken); // those lock states that were granted
-        }
+    for (const auto& grab : refused) {
+        ungrab(grab); // those lock states that were granted
     }
+    return refused;
 }
 
-void X11HotKeys::ungrab(const Grab& grab) {
+void X11HotKeys::ungrab(const Grab& grab) const {
     for (const auto root : connection_.roots()) {
         for (const auto locks : lockStates()) {
             xcb_ungrab_key(connection_, grab.key, root,

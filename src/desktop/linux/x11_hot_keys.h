@@ -47,7 +47,9 @@ private:
     void synchronizeSoon();
     void synchronize();
     void grab(const std::vector<Grab>& grabs);
-    void ungrab(const Grab& grab);
+    /// Makes the grabs, all in one round trip, and gives those that another client has.
+    std::set<Grab> refusedOf(const std::vector<Grab>& grabs) const;
+    void ungrab(const Grab& grab) const;
     void regrabAll();
     void handle(const xcb_generic_event_t& event);
     void pressed(const xcb_key_press_event_t& press);
@@ -59,8 +61,10 @@ private:
     HotKeyHandlers handlers_;
     std::map<HotKeyRef, HotKey> hotKeys_;
     HotKeyRef lastRef_ = 0;
-    std::set<Grab> held_;
-    std::set<Grab> takenByOthers_;
+    // What the server last answered of the keys that are registered; asking whether a key is taken
+    // brings it up to date.
+    mutable std::set<Grab> held_;
+    mutable std::set<Grab> takenByOthers_;
     /// What the grabs in held_ were made with.
     ModifierMasks grabbedWith_;
     std::set<xcb_keycode_t> down_;

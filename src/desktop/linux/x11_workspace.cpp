@@ -8,13 +8,91 @@
 #include <unistd.h>
 
 namespace panewright {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// How long a toolkit and the window manager may take to show a window, and how long it is likely
+/// still to come.
+constexpr auto kSlowestWindow = 1s;
+constexpr auto kUsualWindow = 100ms;
+
+/// How long a manager may take to focus what lies under the pointer after a window went. xfwm4
+/// waits 250 ms.
+constexpr auto kSlowestFocus = 500ms;
+constexpr int kMaxCrossings = 3;
+
+} // namespace
+
+X11Workspace::X11Workspace(XConnection& connection, ActiveWindows& activeWindows,
+                           MainLoop& mainLoop)
+    : connection_(connection), activeWindows_(activeWindows), mainLoop_(mainLoop),
+      serverTime_(connection),
+      rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE)),
+      events_(connection.onEvent([this](const auto& event) { handle(event); })) {}
+
+void X11Workspace::handle(const xcb_generic_event_t& event) {
+    if (event.response_type == XCB_UNMAP_NOTIFY) {
+        known_.erase(reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window);
+    } else if (event.response_type == XCB_PROPERTY_NOTIFY) {
+        const auto property = reinterpret_cast<const xcb_property_notify_event_t&>(event).atom;
+        if (newWindowWish_ && property == connection_.atoms()._NET_CLIENT_LIST) {
+            bringNewWindowToFront();
+        } else if (wayBackWatch_ && property == connection_.atoms()._NET_ACTIVE_WINDOW) {
+            insistOnWayBack();
+        }
+    }
+}
 
 void X11Workspace::bringThisApplicationToFront() {
-    if (const auto window = activeWindows_.focusedWindowOf(getpid())) {
-        sendToManager(connection_, *window, connection_.atoms()._NET_ACTIVE_WINDOW,
-                      {kSourcePager, XCB_CURRENT_TIME, 0, 0, 0});
-        connection_.flush();
+    wayBackWatch_.release();
+    newWindowWish_ = mainLoop_.after(kSlowestWindow, [this] { newWindowWish_.release(); });
+    knownWindowWish_ = mainLoop_.after(kUsualWindow, [this] {
+        if (const auto shown = ownWindows(); !shown.empty()) {
+            activate(shown.back());
+        }
+    });
+    bringNewWindowToFront();
+}
+
+void X11Workspace::bringNewWindowToFront() {
+    const auto shown = ownWindows();
+    if (!shown.empty() && known_.insert(shown.back()).second) {
+        newWindowWish_.release();
+        knownWindowWish_.release();
+        activate(shown.back());
     }
+    known_.insert(shown.begin(), shown.end());
+}
+
+void X11Workspace::hideThisApplication() {
+    newWindowWish_.release();
+    knownWindowWish_.release();
+    if (const auto way = activeWindows_.wayBack()) {
+        wayBack_ = *way;
+        crossings_ = 0;
+        wayBackWatch_ = mainLoop_.after(kSlowestFocus, [this] { wayBackWatch_.release(); });
+        activate(wayBack_.to);
+    }
+}
+
+void X11Workspace::insistOnWayBack() {
+    const auto active = activeWindows_.readActiveWindow();
+    const bool isCrossed = active != kNoWindow && active != wayBack_.to && active != wayBack_.from;
+    // As long as our window is shown it is the user who goes elsewhere, not the manager.
+    if (isCrossed && ++crossings_ <= kMaxCrossings && !activeWindows_.isShown(wayBack_.from)) {
+        activate(wayBack_.to);
+    }
+}
+
+std::vector<xcb_window_t> X11Workspace::ownWindows() {
+    return activeWindows_.windowsOf(getpid());
+}
+
+void X11Workspace::activate(xcb_window_t window) {
+    sendToManager(connection_, window, connection_.atoms()._NET_ACTIVE_WINDOW,
+                  {kSourcePager, serverTime_.now(), 0, 0, 0});
+    connection_.flush();
 }
 
 void X11Workspace::openUrl(const std::string& url) {

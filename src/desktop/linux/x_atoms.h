@@ -7,6 +7,7 @@ namespace panewright {
 /// Every atom that the adapter uses, under its name on the wire.
 #define PANEWRIGHT_X_ATOMS(X)                                                                      \
     X(EDID)                                                                                        \
+    X(MANAGER)                                                                                     \
     X(UTF8_STRING)                                                                                 \
     X(WM_CLIENT_MACHINE)                                                                           \
     X(WM_STATE)                                                                                    \
@@ -14,6 +15,7 @@ namespace panewright {
     X(_GTK_FRAME_EXTENTS)                                                                          \
     X(_KDE_NET_WM_DESKTOP_FILE)                                                                    \
     X(_NET_ACTIVE_WINDOW)                                                                          \
+    X(_NET_CLIENT_LIST)                                                                            \
     X(_NET_FRAME_EXTENTS)                                                                          \
     X(_NET_MOVERESIZE_WINDOW)                                                                      \
     X(_NET_REQUEST_FRAME_EXTENTS)                                                                  \
@@ -22,6 +24,7 @@ namespace panewright {
     X(_NET_WM_ACTION_MOVE)                                                                         \
     X(_NET_WM_ACTION_RESIZE)                                                                       \
     X(_NET_WM_ALLOWED_ACTIONS)                                                                     \
+    X(_NET_WM_ICON)                                                                                \
     X(_NET_WM_NAME)                                                                                \
     X(_NET_WM_PID)                                                                                 \
     X(_NET_WM_STATE)                                                                               \
@@ -29,6 +32,8 @@ namespace panewright {
     X(_NET_WM_STATE_MAXIMIZED_HORZ)                                                                \
     X(_NET_WM_STATE_MAXIMIZED_VERT)                                                                \
     X(_NET_WM_STATE_SHADED)                                                                        \
+    X(_NET_WM_STRUT)                                                                               \
+    X(_NET_WM_STRUT_PARTIAL)                                                                       \
     X(_NET_WM_WINDOW_TYPE)                                                                         \
     X(_NET_WM_WINDOW_TYPE_DESKTOP)                                                                 \
     X(_NET_WM_WINDOW_TYPE_DOCK)

@@ -10,6 +10,9 @@
 
 namespace panewright {
 
+/// Where lists of windows are cut off.
+constexpr std::uint32_t kMaxClients = 16384;
+
 /// A window property that has been asked for. Asking for several before taking the first answer
 /// costs one round trip. A property that is missing, of another format, or of a window that is
 /// gone, is nil or empty.

@@ -1,13 +1,19 @@
 #pragma once
 
 #include "desktop/memory/memory_accessibility.h"
+#include "desktop/memory/memory_application_icons.h"
 #include "desktop/memory/memory_displays.h"
 #include "desktop/memory/memory_hot_keys.h"
 #include "desktop/memory/memory_keyboard_layout.h"
 #include "desktop/memory/memory_main_loop.h"
+#include "desktop/memory/memory_native_key_codes.h"
+#include "desktop/memory/memory_views.h"
 #include "desktop/memory/memory_services.h"
+#include "desktop/memory/memory_status_item.h"
+#include "desktop/memory/memory_system_tray.h"
 #include "desktop/memory/memory_user_defaults.h"
 #include "desktop/memory/memory_windows.h"
+#include "desktop/memory/memory_work_areas.h"
 #include "desktop/memory/memory_workspace.h"
 
 namespace panewright {
@@ -23,10 +29,17 @@ struct MemoryDesktop {
     MemoryProgram program;
     MemoryWindows windows;
     MemoryDisplays displays;
+    MemoryWorkAreas workAreas{displays};
     MemoryAccessibility accessibility{windows, mainLoop};
     MemoryWorkspace workspace{windows, kOwnPid};
+    MemoryApplicationIcons icons;
     MemoryHotKeys hotKeys{mainLoop};
+    MemoryNativeKeyCodes nativeKeyCodes;
     MemoryKeyboardLayout keyboardLayout;
+    MemorySystemTray tray{mainLoop};
+    MemoryStatusItem statusItem;
+    MemoryMenuView menuView;
+    MemoryViews views{windows, kOwnPid};
     MemoryTextServices text;
     MemoryUserDefaults userDefaults;
     MemoryBeeper beeper;

@@ -31,12 +31,4 @@ HotKeys::Registered MemoryHotKeys::registerHotKey(std::uint32_t virtualKeyCode,
     return {kNoError, lastRef_};
 }
 
-bool MemoryHotKeys::isTakenByAnotherProgram(std::uint32_t virtualKeyCode,
-                                            std::uint32_t modifiers) const {
-    const Key key{virtualKeyCode, modifiers};
-    return takenByOthers_.contains(key) &&
-           std::any_of(hotKeys_.begin(), hotKeys_.end(),
-                       [&](const auto& hotKey) { return hotKey.second.key == key; });
-}
-
 } // namespace panewright

@@ -23,6 +23,10 @@ public:
     void takeByAnotherProgram(std::uint32_t virtualKeyCode, std::uint32_t modifiers) {
         takenByOthers_.insert({virtualKeyCode, modifiers});
     }
+    /// Makes that program let go of it.
+    void letGoByAnotherProgram(std::uint32_t virtualKeyCode, std::uint32_t modifiers) {
+        takenByOthers_.erase({virtualKeyCode, modifiers});
+    }
 
     /// What identifiers cannot be read with from now on; kNoError: they can.
     void setParameterStatus(EventStatus status) { parameterStatus_ = status; }
@@ -38,7 +42,9 @@ public:
     }
     void removeHandler(EventHandlerRef ref) override { handlers_.remove(ref); }
     bool isTakenByAnotherProgram(std::uint32_t virtualKeyCode,
-                                 std::uint32_t modifiers) const override;
+                                 std::uint32_t modifiers) const override {
+        return takenByOthers_.contains({virtualKeyCode, modifiers});
+    }
 
 private:
     using Key = std::pair<std::uint32_t, std::uint32_t>;

@@ -55,8 +55,10 @@ public:
 class MemoryCrashReporter : public CrashReporter {
 public:
     void start() override { ++starts; }
+    void crash() override { ++crashes; }
 
     int starts = 0;
+    int crashes = 0;
 };
 
 class MemorySoftwareUpdater : public SoftwareUpdater {
@@ -75,13 +77,15 @@ public:
 class MemoryProgram : public ProgramInformation {
 public:
     std::string bundleIdentifier() const override { return "com.quillfen.Panewright"; }
+    std::string shortVersion() const override { return "1.2.8"; }
+    std::string buildVersion() const override { return "57"; }
     std::string executableName() const override { return "panewright"; }
     std::string executablePath() const override { return path; }
 
     std::string path = "/opt/panewright/bin/panewright";
 };
 
-/// Upper-cases the letters of ASCII.
+/// Knows the letters and white space of ASCII, and no language but English.
 class MemoryTextServices : public TextServices {
 public:
     std::string upperCased(std::string_view text) const override {
@@ -90,6 +94,14 @@ public:
             return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
         });
         return upper;
+    }
+    std::string localized(const char* text) const override { return text; }
+    std::string trimmedOfWhitespace(std::string_view text) const override {
+        const auto first = text.find_first_not_of(" \t");
+        if (first == std::string_view::npos) {
+            return {};
+        }
+        return std::string(text.substr(first, text.find_last_not_of(" \t") + 1 - first));
     }
 };
 

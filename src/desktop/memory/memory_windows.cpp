@@ -9,6 +9,13 @@ void MemoryWindows::addApplication(RunningApplication application) {
     applications_.insert_or_assign(application.processIdentifier, application);
 }
 
+void MemoryWindows::removeApplication(ProcessId pid) {
+    applications_.erase(pid);
+    stacks_.erase(pid);
+    std::erase(activations_, pid);
+    std::erase_if(windows_, [pid](const auto& window) { return window.second.pid == pid; });
+}
+
 MemoryWindowId MemoryWindows::openWindow(Window window) {
     const auto id = nextWindow_++;
     auto& stack = stacks_[window.pid];
@@ -39,8 +46,16 @@ void MemoryWindows::activateApplication(ProcessId pid) {
     bringToFront(pid);
 }
 
+void MemoryWindows::activateApplicationBefore(ProcessId pid) {
+    if (activations_.size() > 1 && activations_.back() == pid) {
+        bringToFront(activations_[activations_.size() - 2]);
+    }
+}
+
 void MemoryWindows::bringToFront(ProcessId pid) {
     const auto& application = applications_.at(pid);
+    std::erase(activations_, pid);
+    activations_.push_back(pid);
     if (frontmost_ != application) {
         frontmost_ = application;
         activated_.notify();

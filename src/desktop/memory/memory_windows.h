@@ -31,6 +31,8 @@ public:
     };
 
     void addApplication(RunningApplication application);
+    /// Ends it, its windows with it. What was frontmost stays so until another one is activated.
+    void removeApplication(ProcessId pid);
 
     /// Below its application's other windows: the first one is its focused window, a later one
     /// when it is activated.
@@ -41,6 +43,9 @@ public:
     void activateWindow(MemoryWindowId window);
     /// Brings an application to the front whose focused window stays what it was, or none.
     void activateApplication(ProcessId pid);
+    /// Brings back the application that was in front before this one; nothing unless this one is
+    /// frontmost and another that was still runs.
+    void activateApplicationBefore(ProcessId pid);
 
     /// As the user or the program itself would, within the window's size limits.
     void setFrame(MemoryWindowId window, const Rect& frame);
@@ -66,6 +71,8 @@ private:
     /// Of each application, the focused one last.
     std::map<ProcessId, std::vector<MemoryWindowId>> stacks_;
     std::optional<RunningApplication> frontmost_;
+    /// Those that were frontmost and still run, the last one last.
+    std::vector<ProcessId> activations_;
     ObserverList<> activated_;
     std::map<std::pair<std::int64_t, std::string>, ObserverList<>> notifications_;
     /// Apart from pids, which share the key space of notifications.

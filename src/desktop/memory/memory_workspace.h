@@ -21,6 +21,7 @@ public:
         return windows_.onActivation(std::move(callback));
     }
     void bringThisApplicationToFront() override { windows_.activateApplication(ownPid_); }
+    void hideThisApplication() override { windows_.activateApplicationBefore(ownPid_); }
     void openUrl(const std::string& url) override { openedUrls.push_back(url); }
     void launchApplication(const std::string& bundlePath) override {
         launched.push_back(bundlePath);

@@ -15,9 +15,10 @@ class ClientIdentity : public testing::Test {
 protected:
     ClientIdentity() {
         const std::string entry = "[Desktop Entry]\nType=Application\nName=";
-        setContent(home_.path() / "applications/org.example.Player.desktop", entry + "Player\n");
+        setContent(home_.path() / "applications/org.example.Player.desktop",
+                   entry + "Player\nIcon=Player-icon\n");
         setContent(home_.path() / "applications/viewer.desktop",
-                   entry + "Viewer\nStartupWMClass=Show-Viewer\n");
+                   entry + "Viewer\nIcon=Viewer-icon\nStartupWMClass=Show-Viewer\n");
         setenv("XDG_DATA_HOME", home_.path().c_str(), 1);
         // The server cannot tell which process a window is of.
         rig_.emplace(test::Screen{.arguments = {"-extension", "X-Resource"}});
@@ -75,6 +76,19 @@ TEST_F(ClientIdentity, IsThatOfTheDesktopEntryElseTheClass) {
         EXPECT_EQ(activations, std::string(test.identifier) == "Plain" ? 0 : 1);
         EXPECT_EQ(frontmost().processIdentifier, static_cast<ProcessId>(kPid));
     }
+}
+
+TEST_F(ClientIdentity, LeadsToTheIcon) {
+    constexpr ProcessId kPid = 10'000'000;
+    const std::vector<IconPicture> picture{{1, 1, {0x80112233}}};
+    rig_->desktop.x().setProperty(open("Viewer", kPid), "_NET_WM_ICON", XCB_ATOM_CARDINAL,
+                                  {1, 1, 0x80112233});
+    rig_->desktop.x().synchronize();
+    auto& icons = rig_->ports->icons;
+    EXPECT_EQ(icons.iconOf({kPid, "viewer", "Viewer"}).name, "Viewer-icon");
+    EXPECT_EQ(icons.iconOf({kPid, std::nullopt, std::nullopt}).pictures, picture);
+    EXPECT_EQ(icons.iconOf({kPid, "missing", "Missing"}).name, "");
+    EXPECT_TRUE(icons.iconOf({kPid + 1, "viewer", "Viewer"}).pictures.empty());
 }
 
 TEST_F(ClientIdentity, IsAPrivateProcessForEachClientOfAnotherMachine) {

@@ -1,5 +1,7 @@
 #include "desktop/linux/evdev_key_codes.h"
 
+#include "desktop/linux/evdev_native_key_codes.h"
+
 #include <gmock/gmock.h>
 #include <linux/input-event-codes.h>
 
@@ -20,6 +22,7 @@ TEST(EvdevKeyCodes, NameEachPhysicalKeyOnce) {
     };
     for (const auto& [virtualKeyCode, evdevCode] : keys) {
         EXPECT_THAT(evdevCodesOf(virtualKeyCode), ElementsAre(evdevCode)) << virtualKeyCode;
+        EXPECT_EQ(EvdevNativeKeyCodes().virtualKeyCode(evdevCode + 8), virtualKeyCode);
     }
     EXPECT_THAT(evdevCodesOf(114), ElementsAre(KEY_INSERT, KEY_HELP)); // keyboards differ
     std::set<std::uint32_t> unassigned;
@@ -35,6 +38,7 @@ TEST(EvdevKeyCodes, NameEachPhysicalKeyOnce) {
     for (const std::uint32_t code : {KEY_RESERVED, KEY_PAUSE, KEY_F21, KEY_PLAYPAUSE}) {
         EXPECT_EQ(virtualKeyCodeOf(code), std::nullopt) << code;
     }
+    EXPECT_EQ(EvdevNativeKeyCodes().virtualKeyCode(7), std::nullopt);
 }
 
 } // namespace

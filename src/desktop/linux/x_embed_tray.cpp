@@ -1,0 +1,123 @@
+#include "desktop/linux/x_embed_tray.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <limits>
+
+namespace panewright {
+namespace {
+
+/// Null for a visual that is not of this screen.
+const xcb_visualtype_t* visualOf(const xcb_setup_t* setup, xcb_visualid_t id) {
+    for (auto screens = xcb_setup_roots_iterator(setup); screens.rem; xcb_screen_next(&screens)) {
+        for (auto depths = xcb_screen_allowed_depths_iterator(screens.data); depths.rem;
+             xcb_depth_next(&depths)) {
+            for (auto visuals = xcb_depth_visuals_iterator(depths.data); visuals.rem;
+                 xcb_visualtype_next(&visuals)) {
+                if (visuals.data->visual_id == id) {
+                    return visuals.data;
+                }
+            }
+        }
+    }
+    return nullptr;
+}
+
+/// The first pixel of an image as a number, its bytes in the server's order.
+std::uint32_t firstPixel(const xcb_setup_t* setup, const std::uint8_t* bytes, std::size_t count) {
+    std::uint32_t pixel = 0;
+    for (std::size_t i = 0; i < std::min<std::size_t>(count, sizeof pixel); ++i) {
+        const bool lowFirst = setup->image_byte_order == XCB_IMAGE_ORDER_LSB_FIRST;
+        pixel = lowFirst ? pixel | static_cast<std::uint32_t>(bytes[i]) << (8U * i)
+                         : pixel << 8U | bytes[i];
+    }
+    return pixel;
+}
+
+/// From 0 to 1.
+double channel(std::uint32_t pixel, std::uint32_t mask) {
+    return mask == 0 ? 0 : static_cast<double>(pixel & mask) / static_cast<double>(mask);
+}
+
+bool isCoordinate(double value) {
+    return value >= 0 && value <= std::numeric_limits<std::int16_t>::max();
+}
+
+} // namespace
+
+XEmbedTray::XEmbedTray(XConnection& connection)
+    : connection_(connection),
+      // The message that announces a tray is sent to those who want the root's structure events.
+      rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY)),
+      events_(connection.onEvent([this](const auto& event) { handle(event); })) {
+    const auto roots = connection.roots();
+    const auto screen = std::find(roots.begin(), roots.end(), connection.root()) - roots.begin();
+    const auto name = fmt::format("_NET_SYSTEM_TRAY_S{}", screen);
+    if (const auto atom = connection.reply(
+            xcb_intern_atom_reply,
+            xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data()))) {
+        selection_ = atom->atom;
+    }
+    findOwner();
+}
+
+std::optional<double> XEmbedTray::brightnessAt(Point point) const {
+    if (!isCoordinate(std::floor(point.x)) || !isCoordinate(std::floor(point.y))) {
+        return std::nullopt;
+    }
+    const auto image = connection_.reply(
+        xcb_get_image_reply,
+        xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, connection_.root(),
+                      static_cast<std::int16_t>(point.x), static_cast<std::int16_t>(point.y), 1, 1,
+                      std::numeric_limits<std::uint32_t>::max()));
+    const auto* setup = xcb_get_setup(connection_);
+    const auto* visual = image ? visualOf(setup, image->visual) : nullptr;
+    if (!visual || visual->_class != XCB_VISUAL_CLASS_TRUE_COLOR) {
+        return std::nullopt;
+    }
+    const auto pixel = firstPixel(setup, xcb_get_image_data(image.get()),
+                                  static_cast<std::size_t>(xcb_get_image_data_length(image.get())));
+    // Luma of ITU-R BT.709.
+    return 0.2126 * channel(pixel, visual->red_mask) + 0.7152 * channel(pixel, visual->green_mask) +
+           0.0722 * channel(pixel, visual->blue_mask);
+}
+
+void XEmbedTray::handle(const xcb_generic_event_t& event) {
+    if (event.response_type == XCB_CLIENT_MESSAGE) {
+        const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(event);
+        if (message.type != connection_.atoms().MANAGER || message.format != 32 ||
+            message.data.data32[1] != selection_) {
+            return;
+        }
+    } else if (event.response_type != XCB_DESTROY_NOTIFY || owner_ == kNoWindow ||
+               reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window != owner_) {
+        return;
+    }
+    const auto before = owner_;
+    findOwner();
+    if (owner_ != before) {
+        changed_.notify();
+    }
+}
+
+void XEmbedTray::findOwner() {
+    owner_ = readOwner();
+    // One that goes before its end can be heard of is no owner any more when asked again.
+    for (auto known = kNoWindow; owner_ != known; owner_ = readOwner()) {
+        known = owner_;
+        ownerEvents_ = known == kNoWindow
+                           ? Registration()
+                           : connection_.selectEvents(known, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    }
+}
+
+xcb_window_t XEmbedTray::readOwner() {
+    const auto reply = connection_.reply(xcb_get_selection_owner_reply,
+                                         xcb_get_selection_owner(connection_, selection_));
+    return reply ? reply->owner : kNoWindow;
+}
+
+} // namespace panewright

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "menubar/menu_view.h"
+#include "platform/status_item.h"
+
+#include <algorithm>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace panewright {
+
+/// A status item that a test clicks.
+class MemoryStatusItem : public StatusItem {
+public:
+    void show(const StatusItemLook& look,
+              std::function<void(const StatusItemClick&)> clicked) override {
+        shown = look;
+        clicked_ = std::move(clicked);
+    }
+    std::optional<Rect> frame() const override { return place; }
+
+    void click(const StatusItemClick& click = {}) const { clicked_(click); }
+
+    std::optional<StatusItemLook> shown;
+    std::optional<Rect> place;
+
+private:
+    std::function<void(const StatusItemClick&)> clicked_;
+};
+
+/// Keeps the menu that was opened last.
+class MemoryMenuView : public MenuView {
+public:
+    void popUp(const Menu& menu, const Rect& anchor) override {
+        opened = menu;
+        openedAt = anchor;
+    }
+
+    /// Chooses the item with that title; false when the menu has none, or it cannot be chosen.
+    bool choose(std::string_view title) const {
+        const auto item = std::find_if(opened.items.begin(), opened.items.end(),
+                                       [&](const auto& each) { return each->title == title; });
+        if (item == opened.items.end() || !(*item)->action) {
+            return false;
+        }
+        (*item)->action();
+        return true;
+    }
+
+    Menu opened;
+    Rect openedAt;
+};
+
+} // namespace panewright

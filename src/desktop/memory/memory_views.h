@@ -1,0 +1,156 @@
+#pragma once
+
+#include "desktop/memory/memory_windows.h"
+#include "shortcuts/qf_shortcut_recorder.h"
+#include "ui/save_shortcut_view_controller.h"
+#include "ui/settings.h"
+#include "ui/view_factory.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace panewright {
+
+/// A popover as a window of this program on the desktop in memory.
+class MemoryPopover : public Popover {
+public:
+    MemoryPopover(MemoryWindows& windows, ProcessId ownPid) : windows_(windows), ownPid_(ownPid) {}
+
+    bool isShown() const override { return window_.has_value(); }
+    void show(const PopoverAnchor& anchor) override {
+        shownAt = anchor;
+        if (!window_) {
+            window_ = windows_.openWindow({.pid = ownPid_, .title = "Popover"});
+        }
+    }
+    void makeKeyAndOrderFront() override { windows_.activateWindow(*window_); }
+    void close() override {
+        if (const auto window = std::exchange(window_, std::nullopt)) {
+            windows_.closeWindow(*window);
+        }
+    }
+
+    PopoverAnchor shownAt;
+
+private:
+    MemoryWindows& windows_;
+    ProcessId ownPid_;
+    std::optional<MemoryWindowId> window_;
+};
+
+/// The save popover's controls, which a test fills in and reads.
+class MemorySaveShortcutView : public SaveShortcutView, public QFShortcutRecorderView {
+public:
+    MemorySaveShortcutView(SaveShortcutViewController& controller, MemoryWindows& windows,
+                           ProcessId ownPid)
+        : controller_(controller), popover_(windows, ownPid) {
+        controller_.shortcutRecorder().setView(this);
+    }
+    ~MemorySaveShortcutView() override { controller_.shortcutRecorder().setView(nullptr); }
+    MemorySaveShortcutView(const MemorySaveShortcutView&) = delete;
+    MemorySaveShortcutView& operator=(const MemorySaveShortcutView&) = delete;
+
+    SaveShortcutViewController& controller() { return controller_; }
+    MemoryPopover& popover() override { return popover_; }
+    void setApplicationImage(const ImagePtr& image) override { applicationImage = image; }
+    void setWindowStateImage(const ImagePtr& image) override { windowStateImage = image; }
+    std::string windowStateName() const override { return name; }
+    void setWindowStateName(const std::string& text) override { name = text; }
+    void focusWindowStateName() override { recorderHasFocus = false; }
+    bool forAppOnly() const override { return appOnly; }
+    void setForAppOnly(bool on) override { appOnly = on; }
+    void setForAppOnlyTitle(const std::string& title) override { appOnlyTitle = title; }
+    void setForAppOnlyToolTip(const std::string& text) override { appOnlyToolTip = text; }
+    bool forAllApplications() const override { return allApplications; }
+    void setForAllApplications(bool on) override { allApplications = on; }
+    void setForAllApplicationsToolTip(const std::string& text) override {
+        allApplicationsToolTip = text;
+    }
+    bool prefersDisplay() const override { return preferred; }
+    void setPrefersDisplay(bool on) override { preferred = on; }
+    void setShortcutRemark(const std::string& text) override { remark = text; }
+
+    bool isFirstResponder() const override { return recorderHasFocus; }
+    void makeFirstResponder() override { recorderHasFocus = true; }
+    void setNeedsDisplay() override {}
+
+    ImagePtr applicationImage;
+    ImagePtr windowStateImage;
+    std::string name;
+    bool appOnly = false;
+    std::string appOnlyTitle;
+    std::string appOnlyToolTip;
+    bool allApplications = false;
+    std::string allApplicationsToolTip;
+    bool preferred = false;
+    std::string remark;
+    bool recorderHasFocus = false;
+
+private:
+    SaveShortcutViewController& controller_;
+    MemoryPopover popover_;
+};
+
+/// The settings window's controls, which a test fills in and reads.
+class MemorySettingsView : public SettingsView, public QFShortcutRecorderView {
+public:
+    explicit MemorySettingsView(Settings& settings) : controller_(settings) {
+        controller_.shortcutRecorder().setView(this);
+    }
+    ~MemorySettingsView() override { controller_.shortcutRecorder().setView(nullptr); }
+    MemorySettingsView(const MemorySettingsView&) = delete;
+    MemorySettingsView& operator=(const MemorySettingsView&) = delete;
+
+    Settings& controller() { return controller_; }
+    void showWindow() override { ++timesShown; }
+    void makeKeyAndOrderFront() override {}
+    bool startupItem() const override { return startsAtLogin; }
+    void setStartupItem(bool on) override { startsAtLogin = on; }
+    bool allowMoveWindow() const override { return allowsMove; }
+    void setAllowMoveWindow(bool on) override { allowsMove = on; }
+    void setVersion(const std::string& text) override { version = text; }
+    void setShortcutRemark(const std::string& text) override { remark = text; }
+
+    bool isFirstResponder() const override { return true; }
+    void makeFirstResponder() override {}
+    void setNeedsDisplay() override {}
+
+    int timesShown = 0;
+    bool startsAtLogin = false;
+    bool allowsMove = false;
+    std::string version;
+    std::string remark;
+
+private:
+    Settings& controller_;
+};
+
+/// Keeps hold of the views that it made.
+class MemoryViews : public ViewFactory {
+public:
+    MemoryViews(MemoryWindows& windows, ProcessId ownPid) : windows_(windows), ownPid_(ownPid) {}
+
+    std::unique_ptr<SaveShortcutView>
+    makeSaveShortcutView(SaveShortcutViewController& controller) override {
+        auto view = std::make_unique<MemorySaveShortcutView>(controller, windows_, ownPid_);
+        save = view.get();
+        return view;
+    }
+    std::unique_ptr<SettingsView> makeSettingsView(Settings& controller) override {
+        auto view = std::make_unique<MemorySettingsView>(controller);
+        settings = view.get();
+        return view;
+    }
+
+    /// Null until the popover was opened for the first time.
+    MemorySaveShortcutView* save = nullptr;
+    /// Null until the window was opened for the first time.
+    MemorySettingsView* settings = nullptr;
+
+private:
+    MemoryWindows& windows_;
+    ProcessId ownPid_;
+};
+
+} // namespace panewright

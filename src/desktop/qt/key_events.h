@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/key_event.h"
+#include "platform/native_key_codes.h"
+
+#include <QKeyEvent>
+
+#include <cstdint>
+#include <optional>
+
+namespace panewright {
+
+/// What is held, in the application's form: Alt is Option, Super is Command.
+std::uint64_t modifierFlagsOf(Qt::KeyboardModifiers modifiers);
+
+/// Whether the event is of a modifier or lock key.
+bool isModifierKey(const QKeyEvent& event);
+
+/// Nil for a key without a virtual key code.
+std::optional<KeyEvent> keyEventOf(const QKeyEvent& event, const NativeKeyCodes& keyCodes);
+
+} // namespace panewright

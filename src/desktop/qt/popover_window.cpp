@@ -1,0 +1,136 @@
+#include "desktop/qt/popover_window.h"
+
+#include "desktop/qt/key_events.h"
+#include "desktop/qt/native_geometry.h"
+#include "shortcuts/virtual_key_codes.h"
+#include "ui/popover_placement.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QWindow>
+
+namespace panewright {
+namespace {
+
+// In Qt's units.
+constexpr int kArrowHeight = 9;
+constexpr int kArrowWidth = 20;
+constexpr int kCornerRadius = 7;
+constexpr int kMargin = 16;
+constexpr int kSideMargin = 8;
+constexpr int kArrowMargin = kCornerRadius + kArrowWidth / 2 + 1;
+
+QPalette lightPalette() {
+    QPalette palette(QColor(0xf2, 0xf2, 0xf2), QColor(0xf6, 0xf6, 0xf6));
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::AlternateBase, QColor(0xf0, 0xf0, 0xf0));
+    palette.setColor(QPalette::Highlight, QColor(0x2f, 0x6f, 0xd6));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::PlaceholderText, QColor(0x8a, 0x8a, 0x8a));
+    palette.setColor(QPalette::ToolTipBase, QColor(0xff, 0xff, 0xe6));
+    palette.setColor(QPalette::ToolTipText, QColor(0x1a, 0x1a, 0x1a));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, QColor(0x1a, 0x1a, 0x1a));
+        palette.setColor(QPalette::Disabled, role, QColor(0x9a, 0x9a, 0x9a));
+    }
+    return palette;
+}
+
+} // namespace
+
+PopoverWindow::PopoverWindow(const NativeKeyCodes& keyCodes,
+                             std::function<bool(const KeyEvent&)> keyDown)
+    : keyCodes_(keyCodes), keyDown_(std::move(keyDown)) {
+    setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    setPalette(lightPalette());
+    create();
+    windowHandle()->installEventFilter(this);
+}
+
+void PopoverWindow::show(const PopoverAnchor& anchor) {
+    anchor_ = anchor;
+    place();
+    QDialog::show();
+}
+
+void PopoverWindow::contentChanged() {
+    if (isVisible()) {
+        place();
+    }
+}
+
+void PopoverWindow::place() {
+    auto* screen = screenAt(anchor_.rect.size() == Size{} ? anchor_.workArea : anchor_.rect);
+    if (!screen) {
+        return;
+    }
+    setArrow(arrowAtTop_, arrowX_);
+    const auto size = sizeHint();
+    const auto ratio = screen->devicePixelRatio();
+    const auto placement =
+        placePopover({toNative(size, *screen), kArrowMargin * ratio, kSideMargin * ratio}, anchor_);
+    setArrow(placement.isBelow, qRound(placement.arrowX / ratio));
+    windowHandle()->setScreen(screen);
+    setGeometry({fromNative(placement.frame.origin(), *screen), size});
+}
+
+void PopoverWindow::setArrow(bool atTop, int x) {
+    arrowAtTop_ = atTop;
+    arrowX_ = x;
+    setContentsMargins(kMargin, kMargin + (atTop ? kArrowHeight : 0), kMargin,
+                       kMargin + (atTop ? 0 : kArrowHeight));
+    setMask(QRegion(outline().toFillPolygon().toPolygon()));
+    update();
+}
+
+void PopoverWindow::makeKeyAndOrderFront() {
+    raise();
+    activateWindow();
+}
+
+void PopoverWindow::reject() {
+    keyDown_({kEscapeKeyCode, 0});
+}
+
+bool PopoverWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == windowHandle() && event->type() == QEvent::KeyPress) {
+        const auto& press = static_cast<QKeyEvent&>(*event);
+        const auto key = keyEventOf(press, keyCodes_);
+        if (key && !isModifierKey(press) && !press.isAutoRepeat() && keyDown_(*key)) {
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+QPainterPath PopoverWindow::outline() const {
+    const QRectF body = QRectF(rect()).adjusted(0, arrowAtTop_ ? kArrowHeight : 0, 0,
+                                                arrowAtTop_ ? 0 : -kArrowHeight);
+    QPainterPath bubble;
+    bubble.addRoundedRect(body, kCornerRadius, kCornerRadius);
+    // It reaches into the body, so that no line is left between the two.
+    const double base = arrowAtTop_ ? body.top() + 1 : body.bottom() - 1;
+    const double tip = arrowAtTop_ ? rect().top() : rect().bottom() + 1;
+    QPainterPath arrow;
+    arrow.moveTo(arrowX_ - kArrowWidth / 2.0, base);
+    arrow.lineTo(arrowX_, tip);
+    arrow.lineTo(arrowX_ + kArrowWidth / 2.0, base);
+    arrow.closeSubpath();
+    return bubble.united(arrow);
+}
+
+void PopoverWindow::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().window());
+    painter.setRenderHint(QPainter::Antialiasing);
+    // Half of the line lies outside and is cut off.
+    painter.setPen(QPen(QColor(0x8c, 0x8c, 0x8c), 2));
+    painter.drawPath(outline());
+}
+
+void PopoverWindow::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    setMask(QRegion(outline().toFillPolygon().toPolygon()));
+}
+
+} // namespace panewright

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/key_event.h"
+#include "platform/native_key_codes.h"
+#include "ui/popover.h"
+
+#include <QDialog>
+#include <QPainterPath>
+
+#include <functional>
+
+namespace panewright {
+
+/// A popover as a window without a frame, always light, with an arrow at its top or bottom. It
+/// takes the keyboard, lets hot keys through and stays open on a click outside.
+class PopoverWindow : public QDialog, public Popover {
+    Q_OBJECT
+
+public:
+    /// `keyDown` sees each key before the focused control; true keeps the key from it.
+    PopoverWindow(const NativeKeyCodes& keyCodes, std::function<bool(const KeyEvent&)> keyDown);
+
+    bool isShown() const override { return isVisible(); }
+    void show(const PopoverAnchor& anchor) override;
+    void makeKeyAndOrderFront() override;
+    void close() override { hide(); }
+
+    /// Fits the window to what it shows now.
+    void contentChanged();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    /// Neither Escape nor the window manager closes it behind the controller's back.
+    void reject() override;
+
+private:
+    void place();
+    void setArrow(bool atTop, int x);
+    QPainterPath outline() const;
+
+    const NativeKeyCodes& keyCodes_;
+    std::function<bool(const KeyEvent&)> keyDown_;
+    PopoverAnchor anchor_;
+    bool arrowAtTop_ = true;
+    int arrowX_ = 0;
+};
+
+} // namespace panewright

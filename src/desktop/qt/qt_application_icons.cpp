@@ -1,0 +1,44 @@
+#include "desktop/qt/qt_application_icons.h"
+
+#include "desktop/qt/qt_image.h"
+
+#include <QDir>
+#include <QPixmap>
+
+namespace panewright {
+namespace {
+
+QIcon namedIcon(const QString& name) {
+    if (QDir::isAbsolutePath(name)) {
+        return QIcon(name);
+    }
+    return QIcon::hasThemeIcon(name) ? QIcon::fromTheme(name) : QIcon();
+}
+
+QIcon pictureIcon(const std::vector<IconPicture>& pictures) {
+    QIcon icon;
+    for (const auto& picture : pictures) {
+        const QImage image(reinterpret_cast<const uchar*>(picture.pixels.data()),
+                           static_cast<int>(picture.width), static_cast<int>(picture.height),
+                           QImage::Format_ARGB32);
+        icon.addPixmap(QPixmap::fromImage(image.copy()));
+    }
+    return icon;
+}
+
+bool canBeDrawn(const QIcon& icon) {
+    return !icon.pixmap(16).isNull();
+}
+
+} // namespace
+
+ImagePtr QtApplicationIcons::iconOf(const RunningApplication& application) {
+    const auto source = source_.iconOf(application);
+    auto icon = namedIcon(QString::fromStdString(source.name));
+    if (!canBeDrawn(icon)) {
+        icon = pictureIcon(source.pictures);
+    }
+    return canBeDrawn(icon) ? std::make_shared<QtImage>(icon) : nullptr;
+}
+
+} // namespace panewright

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/application_icon_source.h"
+#include "platform/application_icons.h"
+
+namespace panewright {
+
+/// Icons from the icon theme, else from what the program's windows carry.
+class QtApplicationIcons : public ApplicationIcons {
+public:
+    explicit QtApplicationIcons(ApplicationIconSource& source) : source_(source) {}
+
+    ImagePtr iconOf(const RunningApplication& application) override;
+
+private:
+    ApplicationIconSource& source_;
+};
+
+} // namespace panewright

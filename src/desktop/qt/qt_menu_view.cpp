@@ -1,0 +1,65 @@
+#include "desktop/qt/qt_menu_view.h"
+
+#include "desktop/qt/native_geometry.h"
+#include "shortcuts/shortcut_text.h"
+
+#include <QMenu>
+
+namespace panewright {
+namespace {
+
+/// A shortcut stands in a column of its own, behind a tab.
+QString textOf(const MenuItem& item) {
+    auto text = QString::fromStdString(item.title);
+    if (!item.keyEquivalent.empty()) {
+        text += '\t' + QString::fromStdString(modifierSymbols(item.keyEquivalentModifierMask) +
+                                              item.keyEquivalent);
+    }
+    return text;
+}
+
+void addItem(QMenu& menu, const std::shared_ptr<MenuItem>& item) {
+    if (item->isSeparator) {
+        menu.addSeparator();
+        return;
+    }
+    auto* action = menu.addAction(textOf(*item));
+    action->setEnabled(item->action != nullptr);
+    action->setCheckable(item->isCheckable);
+    action->setChecked(item->isChecked);
+    // Queued: by then the menu has closed and let go of keyboard and pointer.
+    QObject::connect(
+        action, &QAction::triggered, &menu,
+        [item] {
+            if (item->action) {
+                item->action();
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+} // namespace
+
+QtMenuView::QtMenuView() = default;
+QtMenuView::~QtMenuView() = default;
+
+void QtMenuView::popUp(const Menu& menu, const Rect& anchor) {
+    menu_ = std::make_unique<QMenu>();
+    menu_->setAccessibleName("Panewright");
+    for (const auto& item : menu.items) {
+        addItem(*menu_, item);
+    }
+    const auto* screen = screenAt(anchor);
+    if (!screen) {
+        return;
+    }
+    auto place = fromNative({anchor.x, anchor.y + anchor.height}, *screen);
+    const auto size = menu_->sizeHint();
+    const auto bounds = screen->geometry();
+    if (place.y() + size.height() > bounds.bottom()) {
+        place.setY(fromNative(anchor.origin(), *screen).y() - size.height());
+    }
+    menu_->popup(place);
+}
+
+} // namespace panewright

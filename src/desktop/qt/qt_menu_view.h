@@ -1,0 +1,23 @@
+#pragma once
+
+#include "menubar/menu_view.h"
+
+#include <memory>
+
+class QMenu;
+
+namespace panewright {
+
+/// Menus as pop-ups of this program, so that they work the same under every panel.
+class QtMenuView : public MenuView {
+public:
+    QtMenuView();
+    ~QtMenuView() override;
+
+    void popUp(const Menu& menu, const Rect& anchor) override;
+
+private:
+    std::unique_ptr<QMenu> menu_;
+};
+
+} // namespace panewright

@@ -1,0 +1,153 @@
+#include "desktop/qt/qt_status_item.h"
+
+#include "desktop/qt/key_events.h"
+#include "desktop/qt/native_geometry.h"
+#include "desktop/qt/status_icon.h"
+
+#include <QCursor>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
+#include <QDBusVariant>
+#include <QGuiApplication>
+#include <QTimer>
+
+namespace panewright {
+namespace {
+
+using namespace std::chrono_literals;
+
+// https://www.freedesktop.org/wiki/Specifications/StatusNotifierItem
+constexpr const char* kWatcher = "org.kde.StatusNotifierWatcher";
+constexpr const char* kWatcherPath = "/StatusNotifierWatcher";
+constexpr const char* kHostRegisteredSignal = "StatusNotifierHostRegistered";
+constexpr const char* kHostRegisteredProperty = "IsStatusNotifierHostRegistered";
+
+/// A panel that finds this in the icon theme draws it in its own colour.
+constexpr const char* kThemeIcon = "com.quillfen.Panewright-symbolic";
+
+/// Panels brighter than this get a dark icon.
+constexpr double kBright = 0.5;
+const QColor kLight(0xf2, 0xf2, 0xf2);
+const QColor kDark(0x24, 0x24, 0x24);
+
+/// When to look at the panel after the icon was shown: it takes its place some time later.
+constexpr std::chrono::milliseconds kLooks[] = {100ms, 500ms, 2000ms};
+
+} // namespace
+
+QtStatusItem::QtStatusItem(SystemTray& tray) : tray_(tray) {}
+
+QtStatusItem::~QtStatusItem() = default;
+
+void QtStatusItem::show(const StatusItemLook& look,
+                        std::function<void(const StatusItemClick&)> clicked) {
+    look_ = look;
+    clicked_ = std::move(clicked);
+    // After what is going on now: the hot keys go first.
+    QTimer::singleShot(0, this, [this] {
+        trayChanges_ = tray_.onChange([this] { lookForPanel(); });
+        watchNotifierHosts();
+        lookForPanel();
+    });
+}
+
+void QtStatusItem::watchNotifierHosts() {
+    auto bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        return;
+    }
+    notifierHosts_ = std::make_unique<QDBusServiceWatcher>(
+        kWatcher, bus, QDBusServiceWatcher::WatchForRegistration);
+    connect(notifierHosts_.get(), &QDBusServiceWatcher::serviceRegistered, this,
+            &QtStatusItem::lookForPanel);
+    bus.connect(kWatcher, kWatcherPath, kWatcher, kHostRegisteredSignal, this,
+                SLOT(lookForPanel()));
+}
+
+/// With both kinds there Qt takes the host on the bus, so that is asked for first.
+void QtStatusItem::lookForPanel() {
+    if (icon_) {
+        suitPanel();
+        return;
+    }
+    if (!notifierHosts_) {
+        showIconIn(false);
+        return;
+    }
+    auto question = QDBusMessage::createMethodCall(kWatcher, kWatcherPath,
+                                                   "org.freedesktop.DBus.Properties", "Get");
+    question << kWatcher << kHostRegisteredProperty;
+    question.setAutoStartService(false);
+    auto* answer =
+        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+        answer->deleteLater();
+        const QDBusPendingReply<QDBusVariant> reply = *answer;
+        showIconIn(reply.isValid() && reply.value().variant().toBool());
+    });
+}
+
+void QtStatusItem::showIconIn(bool notifierHost) {
+    if (icon_ || (!notifierHost && !tray_.isPresent())) {
+        return;
+    }
+    icon_ = std::make_unique<QSystemTrayIcon>();
+    isInNotifierHost_ = notifierHost;
+    icon_->setToolTip(QString::fromStdString(look_.name));
+    connect(icon_.get(), &QSystemTrayIcon::activated, this, &QtStatusItem::activated);
+    suitPanel();
+    icon_->show();
+    for (const auto delay : kLooks) {
+        QTimer::singleShot(delay, this, &QtStatusItem::suitPanel);
+    }
+}
+
+/// Gives the icon the colour that can be seen on the panel.
+void QtStatusItem::suitPanel() {
+    const auto iconIn = [this](QColor colour, QColor outline = Qt::transparent) {
+        return statusIcon(QString::fromStdString(look_.imageName),
+                          {look_.imageSize.width, look_.imageSize.height}, look_.length, colour,
+                          outline);
+    };
+    if (isInNotifierHost_) {
+        icon_->setIcon(QIcon::hasThemeIcon(kThemeIcon) ? QIcon::fromTheme(kThemeIcon)
+                                                       : iconIn(kLight, kDark));
+        return;
+    }
+    const auto geometry = trayGeometry();
+    const auto brightness =
+        geometry ? tray_.brightnessAt({geometry->x + 1, geometry->y + 1}) : std::nullopt;
+    icon_->setIcon(iconIn(brightness.value_or(0) > kBright ? kDark : kLight));
+}
+
+void QtStatusItem::activated(QSystemTrayIcon::ActivationReason reason) {
+    if (reason != QSystemTrayIcon::Trigger && reason != QSystemTrayIcon::Context) {
+        return;
+    }
+    const auto pointer = QCursor::pos();
+    if (const auto* screen = QGuiApplication::screenAt(pointer)) {
+        lastClick_ = makeRect(toNative(QRect(pointer, QSize()), *screen).origin(), {});
+    }
+    suitPanel();
+    clicked_({reason == QSystemTrayIcon::Context,
+              modifierFlagsOf(QGuiApplication::queryKeyboardModifiers())});
+}
+
+std::optional<Rect> QtStatusItem::trayGeometry() const {
+    const auto geometry = icon_ ? icon_->geometry() : QRect();
+    const auto* screen = QGuiApplication::screenAt(geometry.center());
+    if (!geometry.isValid() || geometry.isEmpty() || !screen) {
+        return std::nullopt;
+    }
+    return toNative(geometry, *screen);
+}
+
+std::optional<Rect> QtStatusItem::frame() const {
+    const auto geometry = trayGeometry();
+    return geometry ? geometry : lastClick_;
+}
+
+} // namespace panewright

@@ -1,0 +1,17 @@
+#include "desktop/qt/qt_views.h"
+
+#include "desktop/qt/save_shortcut_widget.h"
+#include "desktop/qt/settings_window.h"
+
+namespace panewright {
+
+std::unique_ptr<SaveShortcutView>
+QtViews::makeSaveShortcutView(SaveShortcutViewController& controller) {
+    return std::make_unique<SaveShortcutWidget>(controller, keyCodes_);
+}
+
+std::unique_ptr<SettingsView> QtViews::makeSettingsView(Settings& controller) {
+    return std::make_unique<SettingsWindow>(controller, keyCodes_);
+}
+
+} // namespace panewright

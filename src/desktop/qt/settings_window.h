@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/native_key_codes.h"
+#include "ui/settings.h"
+
+#include <QWidget>
+
+class QCheckBox;
+class QLabel;
+class QVBoxLayout;
+
+namespace panewright {
+
+/// The settings window, in the colours of the desktop's theme.
+class SettingsWindow : public QWidget, public SettingsView {
+    Q_OBJECT
+
+public:
+    /// Both must outlive the window.
+    SettingsWindow(Settings& settings, const NativeKeyCodes& keyCodes);
+
+    void showWindow() override { show(); }
+    void makeKeyAndOrderFront() override;
+    bool startupItem() const override;
+    void setStartupItem(bool on) override;
+    bool allowMoveWindow() const override;
+    void setAllowMoveWindow(bool on) override;
+    void setVersion(const std::string& text) override;
+    void setShortcutRemark(const std::string& text) override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void addShortcut(QVBoxLayout& layout, const NativeKeyCodes& keyCodes);
+    void addOptions(QVBoxLayout& layout);
+    void addFooter(QVBoxLayout& layout);
+
+    Settings& settings_;
+    // Owned by the window.
+    QCheckBox* startupItem_ = nullptr;
+    QCheckBox* allowMoveWindow_ = nullptr;
+    QLabel* remark_ = nullptr;
+    QLabel* version_ = nullptr;
+};
+
+} // namespace panewright

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/native_key_codes.h"
+#include "shortcuts/qf_shortcut_recorder.h"
+
+#include <QWidget>
+
+namespace panewright {
+
+/// Shows a recorder. While that records, the widget has the whole keyboard, so that keys arrive
+/// which this program, another one or the window manager has bound.
+class ShortcutRecorderWidget : public QWidget, public QFShortcutRecorderView {
+    Q_OBJECT
+
+public:
+    /// Both must outlive the widget.
+    ShortcutRecorderWidget(QFShortcutRecorder& recorder, const NativeKeyCodes& keyCodes,
+                           QWidget* parent = nullptr);
+    ~ShortcutRecorderWidget() override;
+
+    bool isFirstResponder() const override { return hasFocus(); }
+    void makeFirstResponder() override { setFocus(Qt::MouseFocusReason); }
+    void setNeedsDisplay() override;
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    bool handleKey(QKeyEvent& event);
+    void holdKeyboard(bool hold);
+    Size viewSize() const { return {double(width()), double(height())}; }
+    void drawBackground(QPainter& painter) const;
+    void drawLabel(QPainter& painter) const;
+    void drawButtons(QPainter& painter) const;
+
+    QFShortcutRecorder& recorder_;
+    const NativeKeyCodes& keyCodes_;
+    bool holdsKeyboard_ = false;
+};
+
+} // namespace panewright

@@ -1,0 +1,19 @@
+#include "ui/format_text.h"
+
+#include <string_view>
+
+namespace panewright {
+
+std::string textWith(std::string text, const std::string& replacement) {
+    constexpr std::string_view kPlaceholder = "%@";
+    const auto place = text.find(kPlaceholder);
+    return place == std::string::npos ? text
+                                      : text.replace(place, kPlaceholder.size(), replacement);
+}
+
+void localizeLabels(QFShortcutRecorder& recorder, const TextServices& text) {
+    recorder.setDefaultLabel(text.localized(recorder.defaultLabel().c_str()));
+    recorder.setWaitingForKeysLabel(text.localized(recorder.waitingForKeysLabel().c_str()));
+}
+
+} // namespace panewright

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/text_services.h"
+#include "shortcuts/qf_shortcut_recorder.h"
+
+#include <string>
+
+namespace panewright {
+
+/// The text with the first "%@" in it replaced.
+std::string textWith(std::string text, const std::string& replacement);
+
+/// Puts the recorder's own labels into the user's language.
+void localizeLabels(QFShortcutRecorder& recorder, const TextServices& text);
+
+} // namespace panewright

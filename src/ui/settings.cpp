@@ -1,0 +1,102 @@
+#include "ui/settings.h"
+
+#include "model/model.h"
+#include "services/product_website.h"
+#include "ui/format_text.h"
+#include "ui/shortcut_remark.h"
+
+namespace panewright {
+
+std::shared_ptr<Settings> Settings::create(const Services& services) {
+    std::shared_ptr<Settings> settings(new Settings(services));
+    settings->view_ = services.views.makeSettingsView(*settings);
+    settings->awakeFromNib();
+    return settings;
+}
+
+Settings::Settings(const Services& services)
+    : services_(services), defaults_(services.userDefaults),
+      recorder_(services.shortcutText, services.beeper) {
+    localizeLabels(recorder_, services_.text);
+}
+
+void Settings::awakeFromNib() {
+    view_->setStartupItem(services_.launchAgentStartupItem.isInstalled());
+    recorder_.setDelegate(weak_from_this());
+    showStoredShortcut();
+    const auto& program = services_.program;
+    view_->setVersion(
+        textWith(textWith(services_.text.localized("Version: %@.%@"), program.shortVersion()),
+                 program.buildVersion()));
+    view_->setAllowMoveWindow(services_.model.allowWindowStateShortcutsToMoveWindowNextDisplay());
+}
+
+void Settings::showStoredShortcut() {
+    if (!services_.model.moveToNextWindowKeyEvent()) {
+        return;
+    }
+    const auto keyCode = defaults_.integerForKey(kMoveToNextWindowKeyCodeKey);
+    const auto flags =
+        static_cast<std::uint64_t>(defaults_.integerForKey(kMoveToNextWindowKeyModifiersKey));
+    recorder_.setKeyCode(keyCode, flags);
+    view_->setShortcutRemark(shortcutRemark(services_.hotKeys, services_.text,
+                                            static_cast<std::uint16_t>(keyCode), flags));
+}
+
+void Settings::shortcutRecorderSetFlags(QFShortcutRecorder& /*recorder*/, std::uint64_t flags,
+                                        std::uint16_t andKeyCode) {
+    defaults_.setInteger(kMoveToNextWindowKeyCodeKey, andKeyCode);
+    defaults_.setInteger(kMoveToNextWindowKeyModifiersKey, static_cast<std::int64_t>(flags));
+    defaults_.synchronize();
+    services_.hotKeyRefresh.addEventHandlers();
+    view_->setShortcutRemark(shortcutRemark(services_.hotKeys, services_.text, andKeyCode, flags));
+}
+
+void Settings::shortcutRecorderDidClearFlags(QFShortcutRecorder& /*recorder*/,
+                                             std::uint64_t /*flags*/,
+                                             std::uint16_t /*andKeyCode*/) {
+    defaults_.removeObjectForKey(kMoveToNextWindowKeyCodeKey);
+    defaults_.removeObjectForKey(kMoveToNextWindowKeyModifiersKey);
+    defaults_.synchronize();
+    services_.hotKeyRefresh.addEventHandlers();
+    view_->setShortcutRemark("");
+}
+
+void Settings::startupItem() {
+    if (view_->startupItem()) {
+        services_.tracking.trackEvent(kInstallStartupItemEvent);
+        services_.launchAgentStartupItem.install();
+    } else {
+        services_.tracking.trackEvent(kRemoveStartupItemEvent);
+        services_.launchAgentStartupItem.uninstall();
+    }
+}
+
+void Settings::allowStateShortuctMoveWindow() {
+    const bool allows = view_->allowMoveWindow();
+    services_.model.setAllowsMoveWindow(allows);
+    services_.tracking.trackEvent(kAllowShortcutToMoveDisplaysEvent,
+                                  {{"State", allows ? "1" : "0"}});
+}
+
+void Settings::restoreDefaultWindowStates() {
+    services_.model.restoreDefaultWindowStates();
+    services_.tracking.trackEvent(kRestoreDefaultWindowStatesEvent);
+}
+
+void Settings::feedback() {
+    services_.tracking.trackEvent(kPreferencesFeedbackEvent);
+    services_.workspace.openUrl(kFeedbackUrl);
+}
+
+void Settings::faq() {
+    services_.tracking.trackEvent(kPreferencesFAQEvent);
+    services_.workspace.openUrl(kFAQUrl);
+}
+
+void Settings::website() {
+    services_.tracking.trackEvent(kPreferencesWebsiteEvent);
+    services_.workspace.openUrl(kWebsiteUrl);
+}
+
+} // namespace panewright

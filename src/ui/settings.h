@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/beeper.h"
+#include "platform/hot_keys.h"
+#include "platform/program_information.h"
+#include "platform/text_services.h"
+#include "platform/user_defaults.h"
+#include "platform/workspace.h"
+#include "services/defaults.h"
+#include "services/launch_agent_startup_item.h"
+#include "services/tracking.h"
+#include "shortcuts/qf_shortcut_recorder.h"
+#include "ui/hot_key_refresh.h"
+#include "ui/view_factory.h"
+
+#include <memory>
+
+namespace panewright {
+
+class Model;
+
+/// The settings window: the few options that are not of a single state. Made once and kept; its
+/// controls show what was set when it was made, and what the user sets in it since.
+class Settings : public QFShortcutRecorderDelegate, public std::enable_shared_from_this<Settings> {
+public:
+    /// All of it must outlive the window.
+    struct Services {
+        Beeper& beeper;
+        const HotKeys& hotKeys;
+        UserDefaults& userDefaults;
+        Workspace& workspace;
+        const ProgramInformation& program;
+        const TextServices& text;
+        ShortcutText shortcutText;
+        Tracking tracking;
+        const LaunchAgentStartupItem& launchAgentStartupItem;
+        Model& model;
+        HotKeyRefresh& hotKeyRefresh;
+        ViewFactory& views;
+    };
+
+    /// With its window, which is not shown yet.
+    static std::shared_ptr<Settings> create(const Services& services);
+
+    QFShortcutRecorder& shortcutRecorder() { return recorder_; }
+
+    void showWindow() { view_->showWindow(); }
+    void makeKeyAndOrderFront() { view_->makeKeyAndOrderFront(); }
+
+    // What the user does in the window.
+    void startupItem();
+    void allowStateShortuctMoveWindow();
+    void restoreDefaultWindowStates();
+    void feedback();
+    void faq();
+    void website();
+
+    void shortcutRecorderSetFlags(QFShortcutRecorder& recorder, std::uint64_t flags,
+                                  std::uint16_t andKeyCode) override;
+    void shortcutRecorderDidClearFlags(QFShortcutRecorder& recorder, std::uint64_t flags,
+                                       std::uint16_t andKeyCode) override;
+
+private:
+    explicit Settings(const Services& services);
+
+    void awakeFromNib();
+    void showStoredShortcut();
+
+    Services services_;
+    Defaults defaults_;
+    QFShortcutRecorder recorder_;
+    std::unique_ptr<SettingsView> view_; // last: it knows the rest
+};
+
+} // namespace panewright

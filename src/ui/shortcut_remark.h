@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/hot_keys.h"
+#include "platform/text_services.h"
+
+#include <cstdint>
+#include <string>
+
+namespace panewright {
+
+/// What is to be said beside a shortcut where it is shown: that another program holds it. Empty
+/// when there is nothing to say. Flags are in the application's form.
+std::string shortcutRemark(const HotKeys& hotKeys, const TextServices& text, std::uint16_t keyCode,
+                           std::uint64_t modifierFlags);
+
+} // namespace panewright

@@ -1,0 +1,116 @@
+// What every desktop tells of its panel: the room that it takes, and the tray on it.
+
+#include "contract/x11_rig.h"
+#include "desktop/memory/memory_desktop.h"
+#include "support/print_geometry.h"
+
+#include <gtest/gtest.h>
+
+namespace panewright {
+namespace {
+
+/// The window of a panel with a tray.
+class Panel {
+public:
+    explicit Panel(const std::string& display)
+        : x_(display), window_(xcb_generate_id(x_.connection())) {
+        const std::array<std::uint32_t, 1> grey{0x808080};
+        xcb_create_window(x_.connection(), XCB_COPY_FROM_PARENT, window_, x_.root(), 0, 0, 1600, 30,
+                          0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL,
+                          grey.data());
+        x_.setProperty(window_, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM,
+                       {x_.atom("_NET_WM_WINDOW_TYPE_DOCK")});
+        x_.setProperty(window_, "_NET_WM_STRUT_PARTIAL", XCB_ATOM_CARDINAL,
+                       {0, 0, 30, 0, 0, 0, 0, 0, 0, 1599, 0, 0});
+        std::vector<std::uint32_t> hints(18);
+        hints[0] = 1; // the position is the user's
+        x_.setProperty(window_, "WM_NORMAL_HINTS", XCB_ATOM_WM_SIZE_HINTS, hints);
+        xcb_map_window(x_.connection(), window_);
+        const auto selection = x_.atom("_NET_SYSTEM_TRAY_S0");
+        xcb_set_selection_owner(x_.connection(), window_, selection, XCB_CURRENT_TIME);
+        xcb_client_message_event_t announcement{};
+        announcement.response_type = XCB_CLIENT_MESSAGE;
+        announcement.format = 32;
+        announcement.window = x_.root();
+        announcement.type = x_.atom("MANAGER");
+        announcement.data.data32[1] = selection;
+        announcement.data.data32[2] = window_;
+        xcb_send_event(x_.connection(), 0, x_.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY,
+                       reinterpret_cast<const char*>(&announcement));
+        x_.synchronize();
+    }
+
+private:
+    test::XClient x_;
+    xcb_window_t window_;
+};
+
+/// A display of 1600 by 900 points, at whose top a test puts a grey panel, 30 points high.
+class PanelContract : public testing::TestWithParam<const char*> {
+protected:
+    PanelContract() {
+        memory_.displays.setDisplays({{.id = 1, .bounds = {0, 0, 1600, 900}}});
+        if (GetParam() != std::string("memory")) {
+            x11_.emplace(test::Screen{}, GetParam());
+        }
+    }
+
+    SystemTray& tray() { return x11_ ? static_cast<SystemTray&>(x11_->ports->tray) : memory_.tray; }
+    Rect areaOf(DisplayId display) {
+        return x11_ ? x11_->ports->workAreas.workArea(display)
+                    : memory_.workAreas.workArea(display);
+    }
+    Rect area() { return areaOf(x11_ ? x11_->ports->displays.activeDisplays(1).at(0) : 1); }
+    /// Takes over from one that is there.
+    void putUp() {
+        if (x11_) {
+            auto next = std::make_unique<Panel>(x11_->desktop.display());
+            panel_ = std::move(next);
+        } else {
+            memory_.workAreas.setWorkArea(1, {0, 30, 1600, 870});
+            memory_.tray.putUp(0.5);
+        }
+    }
+    void takeAway() {
+        panel_.reset();
+        memory_.workAreas.setWorkArea(1, {0, 0, 1600, 900});
+        memory_.tray.takeAway();
+    }
+    template <class Condition>
+    bool eventually(Condition condition) {
+        memory_.mainLoop.runPending();
+        return x11_ ? x11_->eventually(condition) : condition();
+    }
+
+    MemoryDesktop memory_;
+    std::optional<X11Rig> x11_;
+    std::unique_ptr<Panel> panel_;
+};
+
+TEST_P(PanelContract, IsFollowedAsItComesAndGoes) {
+    int changes = 0;
+    const auto registration = tray().onChange([&] { ++changes; });
+    const auto expect = [&](bool isThere, int told) {
+        const Rect left = isThere ? Rect{0, 30, 1600, 870} : Rect{0, 0, 1600, 900};
+        EXPECT_TRUE(eventually([&] { return changes == told && area() == left; })) << changes;
+        EXPECT_EQ(area(), left);
+        EXPECT_EQ(tray().isPresent(), isThere);
+    };
+    expect(false, 0);
+    EXPECT_EQ(areaOf(kNoDisplay), Rect{});
+    putUp();
+    expect(true, 1);
+    EXPECT_TRUE(eventually([&] {
+        return std::abs(tray().brightnessAt({800, 15}).value_or(0) - 0.5) < 0.01;
+    }));
+    putUp();
+    expect(true, 2);
+    takeAway();
+    expect(false, 3);
+}
+
+INSTANTIATE_TEST_SUITE_P(Everywhere, PanelContract, testing::Values("memory", "openbox", "i3"),
+                         [](const auto& desktop) { return std::string(desktop.param); });
+
+} // namespace
+} // namespace panewright

@@ -1,0 +1,91 @@
+#include "support/launched_program.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace panewright {
+namespace {
+
+constexpr std::uint16_t kN = 45, kDelete = 51, kSpace = 49;
+constexpr const char* kKeyCodeKey = "MoveToNextWindowKeyEventKeyCode";
+constexpr const char* kModifiersKey = "MoveToNextWindowKeyEventKeyModifiers";
+
+/// The program with its settings window opened from the menu.
+class SettingsTest : public testing::Test {
+protected:
+    SettingsTest() {
+        program_.open(42, "org.example.Editor", {0, 0, 100, 100});
+        program_.launch();
+        open();
+    }
+    void open() {
+        program_.desktop.statusItem.click();
+        EXPECT_TRUE(program_.desktop.menuView.choose("S&ettings…"));
+    }
+    MemorySettingsView& view() { return *program_.desktop.views.settings; }
+    bool isSet(const char* key) {
+        return program_.desktop.userDefaults.objectForKey(key).has_value();
+    }
+
+    LaunchedProgram program_;
+};
+
+TEST_F(SettingsTest, RecordsTheKeyThatMovesToTheNextDisplay) {
+    auto& recorder = view().controller().shortcutRecorder();
+    EXPECT_EQ(recorder.keyCode(), -1);
+    recorder.keyDown({kSpace, 0});
+    recorder.keyDown({kN, 0}); // refused: it would be lost to every program
+    EXPECT_FALSE(isSet(kKeyCodeKey));
+    program_.desktop.hotKeys.takeByAnotherProgram(kN, 0x800);
+    recorder.keyDown({kSpace, 0});
+    recorder.flagsChanged(0x80000);
+    recorder.keyDown({kN, 0x80000});
+    EXPECT_EQ(program_.desktop.userDefaults.objectForKey(kKeyCodeKey), DefaultsValue(45L));
+    EXPECT_EQ(program_.desktop.userDefaults.objectForKey(kModifiersKey), DefaultsValue(0x80000L));
+    EXPECT_EQ(program_.desktop.hotKeys.registeredCount(), 5U);
+    EXPECT_EQ(view().remark, "Another program uses this shortcut.");
+    recorder.keyDown({kDelete, 0});
+    EXPECT_FALSE(isSet(kKeyCodeKey));
+    EXPECT_FALSE(isSet(kModifiersKey));
+    EXPECT_EQ(program_.desktop.hotKeys.registeredCount(), 4U);
+    EXPECT_EQ(view().remark, "");
+}
+
+TEST_F(SettingsTest, KeepsItsOneWindowAndTellsWhatIsDoneInIt) {
+    auto* const first = &view();
+    open();
+    EXPECT_EQ(&view(), first);
+    EXPECT_EQ(view().timesShown, 2);
+    EXPECT_EQ(view().version, "Version: 1.2.8.57");
+    auto& settings = view().controller();
+    view().allowsMove = true;
+    settings.allowStateShortuctMoveWindow();
+    EXPECT_TRUE(Model::instance().allowWindowStateShortcutsToMoveWindowNextDisplay());
+    const auto& agent = program_.delegate.statusItemController()->launchAgentStartupItem();
+    for (const bool on : {true, false}) {
+        view().startsAtLogin = on;
+        settings.startupItem();
+        EXPECT_EQ(agent.isInstalled(), on);
+    }
+    Model::instance().defaultWindowStates()->clear();
+    settings.restoreDefaultWindowStates();
+    EXPECT_EQ(Model::instance().defaultWindowStates()->size(), 4U);
+    settings.feedback();
+    settings.faq();
+    settings.website();
+    EXPECT_THAT(program_.desktop.workspace.openedUrls,
+                testing::ElementsAre("http://quillfen.com/panewright/disqus.html",
+                                     "http://quillfen.com/panewright#faq",
+                                     "http://quillfen.com/panewright"));
+    std::vector<std::string> names;
+    for (const auto& event : program_.desktop.analytics.events) {
+        names.push_back(event.name);
+    }
+    EXPECT_THAT(names, testing::ElementsAre(
+                           "ShowSettings", "ShowSettings", "AllowShortcutToMoveDisplays",
+                           "InstallStartupItem", "RemoveStartupItem", "RestoreDefaultWindowStates",
+                           "PreferencesFeedback", "PreferencesFAQ", "PreferencesWebsite"));
+}
+
+} // namespace
+} // namespace panewright
