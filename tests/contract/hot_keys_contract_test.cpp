@@ -20,22 +20,25 @@ constexpr EventTypeSpec kPressed{kEventClassKeyboard, kEventHotKeyPressed};
 
 class HotKeysContract : public testing::TestWithParam<const char*> {
 protected:
-    struct Heard {
-        std::vector<std::string>* log;
-        std::string name;
-        EventStatus answer;
-    };
-
     HotKeysContract() {
         if (GetParam() == std::string("X11")) {
             x11_.emplace();
         }
     }
 
-    static EventStatus handler(const HotKeyEvent& event, void* userData) {
-        auto& heard = *static_cast<Heard*>(userData);
-        heard.log->push_back(heard.name + std::to_string(event.hotKeyId.id));
-        return heard.answer;
+    /// A handler that logs its name and the id of the press, and claims the press or does not.
+    struct Handler {
+        std::vector<std::string>& log;
+        std::string name;
+        EventStatus answer = kNoError;
+    };
+    EventHandlerRef install(Handler& added, EventTypeSpec type = kPressed) {
+        const auto handle = [](const HotKeyEvent& event, void* userData) {
+            const auto& handler = *static_cast<Handler*>(userData);
+            handler.log.push_back(handler.name + std::to_string(event.hotKeyId.id));
+            return handler.answer;
+        };
+        return port().installHandler(type, handle, &added);
     }
 
     HotKeys& port() { return x11_ ? static_cast<HotKeys&>(x11_->ports->hotKeys) : memory_; }
@@ -87,17 +90,17 @@ protected:
     MemoryMainLoop loop_;
     MemoryHotKeys memory_{loop_};
     std::vector<std::string> log_;
-    Heard first_{&log_, "first", kNoError};
-    Heard second_{&log_, "second", kNoError};
+    Handler first_{log_, "first"};
+    Handler second_{log_, "second"};
 };
 
 TEST_P(HotKeysContract, DeliverAPressToTheNewestHandlerUntilOneClaimsIt) {
-    const auto installed = port().installHandler(kPressed, handler, &first_);
+    const auto installed = install(first_);
     add(18, 7);
     EXPECT_THAT(heardAfter(18), ElementsAre("first7"));
     second_.answer = kEventParameterNotFound;
-    const auto newer = port().installHandler(kPressed, handler, &second_);
-    port().installHandler({kEventClassKeyboard, 6}, handler, &second_); // releases are another type
+    const auto newer = install(second_);
+    install(second_, {kEventClassKeyboard, 6}); // releases are another type
     EXPECT_THAT(heardAfter(18, 2), ElementsAre("second7", "first7"));
     second_.answer = kNoError;
     EXPECT_THAT(heardAfter(18), ElementsAre("second7"));
@@ -111,7 +114,7 @@ TEST_P(HotKeysContract, DeliverAPressToTheNewestHandlerUntilOneClaimsIt) {
 }
 
 TEST_P(HotKeysContract, TellKeysApartAndFallSilentWhenUnregistered) {
-    port().installHandler(kPressed, handler, &first_);
+    install(first_);
     const auto one = add(18, 1);
     add(19, 2);
     port().registerHotKey(18, kOption | kShift, {0, 3});
@@ -129,7 +132,7 @@ TEST_P(HotKeysContract, TellKeysApartAndFallSilentWhenUnregistered) {
 }
 
 TEST_P(HotKeysContract, TellWhetherAnotherProgramHoldsAKey) {
-    port().installHandler(kPressed, handler, &first_);
+    install(first_);
     takeByAnotherProgram(20);
     const auto isTaken = [&](std::uint32_t keyCode) {
         return port().isTakenByAnotherProgram(keyCode, kOption);

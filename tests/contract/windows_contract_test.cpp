@@ -1,7 +1,10 @@
 // What every desktop answers of its programs and their windows.
 
+#include "accessibility/accessibility_helper.h"
+#include "accessibility/accessibility_observer.h"
 #include "contract/x11_rig.h"
 #include "desktop/memory/memory_desktop.h"
+#include "support/captured_log.h"
 
 #include <gmock/gmock.h>
 
@@ -14,6 +17,8 @@ namespace {
 using testing::ElementsAre;
 
 constexpr Rect kFirstFrame{100, 100, 400, 300};
+constexpr auto kPosition = NSAccessibilityPositionAttribute;
+constexpr auto kSize = NSAccessibilitySizeAttribute;
 
 /// Programs named by their bundle identifier, each with windows.
 class WindowsContract : public testing::TestWithParam<const char*> {
@@ -41,8 +46,9 @@ protected:
         const auto window = x11_ ? openOnX11(program, frame, isResizable)
                                  : openInMemory(program, frame, isResizable, added.second);
         activate(window);
-        EXPECT_TRUE(eventually(
-            [&] { return frontmostId() == program && frameOf(focusedWindow()) == frame; }));
+        EXPECT_TRUE(eventually([&] {
+            return frontmost().bundleIdentifier == program && frameOf(focusedWindow()) == frame;
+        }));
         return window;
     }
     std::uint32_t openOnX11(const std::string& program, const Rect& frame, bool isResizable) {
@@ -96,41 +102,19 @@ protected:
         return x11_ ? x11_->eventually(condition) : condition();
     }
 
-    std::optional<std::string> frontmostId() {
-        const auto frontmost = workspace().frontmostApplication();
-        return frontmost ? frontmost->bundleIdentifier : std::nullopt;
+    /// The application that is frontmost, with whatever identifier.
+    RunningApplication frontmost() {
+        return workspace().frontmostApplication().value_or(RunningApplication{});
     }
-    AXUIElementRef focusedWindow() {
-        const auto frontmost = workspace().frontmostApplication();
-        return frontmost ? elementOf(port().createApplication(frontmost->processIdentifier),
-                                     NSAccessibilityFocusedWindowAttribute)
-                         : nullptr;
+    std::shared_ptr<AccessibilityElement> focusedWindow() {
+        return AccessibilityHelper(port()).focusedWindowForApplicationFromSystemElement();
     }
-    AXUIElementRef elementOf(const AXUIElementRef& owner, std::string_view attribute) {
-        const auto copied = port().copyAttributeValue(owner, attribute);
-        const auto* element = copied ? std::get_if<AXUIElementRef>(&copied.value()) : nullptr;
-        return element ? *element : nullptr;
-    }
-    Rect frameOf(const AXUIElementRef& window) {
-        const auto position = port().copyAttributeValue(window, NSAccessibilityPositionAttribute);
-        const auto size = port().copyAttributeValue(window, NSAccessibilitySizeAttribute);
-        return position && size
-                   ? makeRect(std::get<Point>(position.value()), std::get<Size>(size.value()))
-                   : Rect{};
-    }
-    AXError errorOf(const AXUIElementRef& element, std::string_view attribute) {
-        const auto copied = port().copyAttributeValue(element, attribute);
-        return copied ? AXError::kSuccess : copied.error();
-    }
-    bool isSettable(const AXUIElementRef& element, std::string_view attribute) {
-        const auto settable = port().isAttributeSettable(element, attribute);
-        return settable && settable.value();
-    }
-    AXError setPosition(const AXUIElementRef& window, const AXValue& position) {
-        return port().setAttributeValue(window, NSAccessibilityPositionAttribute, position);
-    }
-    AXError setSize(const AXUIElementRef& window, Size size) {
-        return port().setAttributeValue(window, NSAccessibilitySizeAttribute, size);
+    /// All zero for a window that is gone.
+    static Rect frameOf(const std::shared_ptr<AccessibilityElement>& window) {
+        const auto position = window ? window->NSValueForAttribute(kPosition) : std::nullopt;
+        const auto size = window ? window->NSValueForAttribute(kSize) : std::nullopt;
+        return position && size ? makeRect(std::get<Point>(*position), std::get<Size>(*size))
+                                : Rect{};
     }
 
 private:
@@ -141,17 +125,14 @@ private:
 };
 
 TEST_P(WindowsContract, FindsTheFocusedWindowOfTheFrontmostProgram) {
+    CapturedLog log;
     EXPECT_EQ(workspace().frontmostApplication(), std::nullopt);
-    const auto system = port().createSystemWide();
-    EXPECT_EQ(errorOf(system, kAXFocusedApplicationAttribute), AXError::kNoValue);
+    EXPECT_EQ(focusedWindow(), nullptr);
+    EXPECT_THAT(log.take(), ElementsAre("can't copy attribute kAXFocusedApplicationAttribute: "
+                                        "kAXErrorNoValue"));
     const auto first = open("Editor");
-    const auto application = elementOf(system, kAXFocusedApplicationAttribute);
-    const auto window = focusedWindow();
-    EXPECT_EQ(port().pid(application).pid, workspace().frontmostApplication()->processIdentifier);
-    EXPECT_EQ(port().pid(window).pid, port().pid(application).pid);
-    const auto role = port().copyAttributeValue(window, NSAccessibilityRoleAttribute);
-    EXPECT_EQ(std::get<std::string>(role.value()), "AXWindow");
-
+    EXPECT_EQ(focusedWindow()->pid(), frontmost().processIdentifier);
+    EXPECT_TRUE(focusedWindow()->actsAsRole("AXWindow"));
     open("Editor", {300, 200, 500, 400});
     activate(first);
     EXPECT_TRUE(eventually([&] { return frameOf(focusedWindow()) == kFirstFrame; }));
@@ -163,9 +144,9 @@ TEST_P(WindowsContract, TellsOfActivationsAndOfWindowsWithinOneProgramApart) {
     const auto editor = open("Editor");
     EXPECT_EQ(activations, 1);
     int windowChanges = 0;
-    const auto frontmost = workspace().frontmostApplication()->processIdentifier;
+    const auto pid = frontmost().processIdentifier;
     const auto changes =
-        port().observe(frontmost, port().createApplication(frontmost),
+        port().observe(pid, port().createApplication(pid),
                        NSAccessibilityMainWindowChangedNotification, [&] { ++windowChanges; });
     open("Editor", {0, 0, 320, 240});
     EXPECT_TRUE(eventually([&] { return windowChanges == 1; }));
@@ -176,86 +157,79 @@ TEST_P(WindowsContract, TellsOfActivationsAndOfWindowsWithinOneProgramApart) {
     EXPECT_TRUE(eventually([&] { return activations == 3; }));
 }
 
-TEST_P(WindowsContract, MovesAndResizesAWindowByItsOuterFrame) {
+TEST_P(WindowsContract, MovesAndResizesAWindowByItsOuterFrameButNotToNowhere) {
     open("Editor");
     const auto window = focusedWindow();
-    EXPECT_TRUE(isSettable(window, NSAccessibilityPositionAttribute));
-    EXPECT_TRUE(isSettable(window, NSAccessibilitySizeAttribute));
-    EXPECT_EQ(setPosition(window, Point{200, 150}), AXError::kSuccess);
-    EXPECT_EQ(setSize(window, {640, 480}), AXError::kSuccess);
-    EXPECT_EQ(setPosition(window, Point{200, 150}), AXError::kSuccess);
+    EXPECT_TRUE(window->isAttributeSettable(kPosition) && window->isAttributeSettable(kSize));
+    window->setNSValue(Point{200, 150}, kPosition);
+    window->setNSValue(Size{640, 480}, kSize);
+    window->setNSValue(Point{200, 150}, kPosition);
     EXPECT_EQ(frameOf(window), (Rect{200, 150, 640, 480}));
+    window->setNSValue(Point{std::numeric_limits<double>::quiet_NaN(), 0}, kPosition);
+    window->setNSValue(Size{std::numeric_limits<double>::infinity(), 1}, kSize);
+    window->setNSValue(Size{1, 1}, kPosition);
+    EXPECT_EQ(frameOf(window), (Rect{200, 150, 640, 480}));
+    EXPECT_EQ(port().setAttributeValue(nullptr, kPosition, Point{}), AXError::kIllegalArgument);
+    EXPECT_EQ(port().setAttributeValue(window->element(), "AXUnheardOf", Point{}),
+              AXError::kAttributeUnsupported);
 
     setFrame(open("Other"), {0, 0, 150, 100});
     EXPECT_EQ(frameOf(window), (Rect{200, 150, 640, 480}));
     open("Dialog", kFirstFrame, false);
-    EXPECT_TRUE(isSettable(focusedWindow(), NSAccessibilityPositionAttribute));
-    EXPECT_FALSE(isSettable(focusedWindow(), NSAccessibilitySizeAttribute));
-    EXPECT_FALSE(isSettable(focusedWindow(), NSAccessibilityRoleAttribute));
-    EXPECT_FALSE(isSettable(port().createSystemWide(), NSAccessibilitySizeAttribute));
-}
-
-TEST_P(WindowsContract, RefusesWhatMakesNoSense) {
-    open("Editor");
-    const auto window = focusedWindow();
-    constexpr double kNothing = std::numeric_limits<double>::quiet_NaN();
-    constexpr double kInfinite = std::numeric_limits<double>::infinity();
-    EXPECT_EQ(setPosition(window, Point{kNothing, 0}), AXError::kIllegalArgument);
-    EXPECT_EQ(setSize(window, {kInfinite, 1}), AXError::kIllegalArgument);
-    EXPECT_EQ(setPosition(window, Size{1, 1}), AXError::kAttributeUnsupported);
-    EXPECT_EQ(port().setAttributeValue(window, NSAccessibilityTitleAttribute, Point{1, 1}),
-              AXError::kAttributeUnsupported);
-    EXPECT_EQ(frameOf(window), kFirstFrame);
-    EXPECT_EQ(errorOf(nullptr, NSAccessibilityRoleAttribute), AXError::kIllegalArgument);
-    EXPECT_EQ(port().pid(nullptr).status, AXError::kIllegalArgument);
-    EXPECT_EQ(setPosition(nullptr, Point{}), AXError::kIllegalArgument);
-    for (const auto& element : {port().createSystemWide(), port().createApplication(1), window}) {
-        EXPECT_EQ(errorOf(element, "AXUnheardOf"), AXError::kAttributeUnsupported);
-    }
+    EXPECT_TRUE(focusedWindow()->isAttributeSettable(kPosition));
+    EXPECT_FALSE(focusedWindow()->isAttributeSettable(kSize));
+    EXPECT_FALSE(focusedWindow()->isAttributeSettable(NSAccessibilityRoleAttribute));
 }
 
 TEST_P(WindowsContract, AnswersForAWindowThatIsGone) {
     const auto opened = open("Editor");
     const auto window = focusedWindow();
-    const auto pid = port().pid(window).pid;
     close(opened);
-    EXPECT_TRUE(eventually([&] {
-        return errorOf(window, NSAccessibilityPositionAttribute) == AXError::kInvalidUIElement;
-    }));
-    EXPECT_EQ(port().pid(window).status, AXError::kInvalidUIElement);
-    EXPECT_FALSE(isSettable(window, NSAccessibilityPositionAttribute));
-    setPosition(window, Point{1, 1});
-    setSize(window, {10, 10});
+    EXPECT_TRUE(eventually([&] { return frameOf(window) == Rect{}; }));
+    EXPECT_EQ(window->pid(), -1);
+    EXPECT_FALSE(window->isAttributeSettable(kPosition));
+    window->setNSValue(Point{1, 1}, kPosition);
+    window->setNSValue(Size{10, 10}, kSize);
     EXPECT_EQ(frameOf(window), Rect{});
-    EXPECT_TRUE(eventually([&] {
-        return errorOf(port().createApplication(pid), NSAccessibilityFocusedWindowAttribute) ==
-               AXError::kNoValue;
-    }));
+    EXPECT_TRUE(eventually([&] { return focusedWindow() == nullptr; }));
 }
 
-TEST_P(WindowsContract, TellsOfAFrameOnlyWhenItReallyChanged) {
+TEST_P(WindowsContract, TellsAnObserverOfAFrameThatReallyChanged) {
     const auto opened = open("Editor");
     std::vector<std::string> heard;
     const auto window = focusedWindow();
-    const auto pid = port().pid(window).pid;
-    const auto moves = port().observe(pid, window, NSAccessibilityWindowMovedNotification,
-                                      [&] { heard.emplace_back("moved"); });
-    auto resizes = port().observe(pid, window, NSAccessibilityWindowResizedNotification,
-                                  [&] { heard.emplace_back("resized"); });
-    const auto hears = [&](const char* what) {
+    const auto observe = [&](std::string_view notification) {
+        auto observer = AccessibilityObserver::observerForNotification(
+            notification, [&](auto&, const auto&, const auto& name) { heard.emplace_back(name); });
+        window->addObserver(observer);
+        return observer;
+    };
+    const auto hears = [&](std::string_view what) {
         EXPECT_TRUE(eventually([&] { return !heard.empty(); }));
         EXPECT_THAT(heard, ElementsAre(what));
         heard.clear();
     };
+    const auto moves = observe(NSAccessibilityWindowMovedNotification);
+    const auto resizes = observe(NSAccessibilityWindowResizedNotification);
     setFrame(opened, {120, 100, 400, 300});
-    hears("moved");
+    hears(NSAccessibilityWindowMovedNotification);
     activate(opened);
     setFrame(opened, {120, 100, 500, 300});
-    hears("resized");
-    resizes.release();
-    setPosition(window, Point{10, 10});
-    setSize(window, {200, 200});
-    hears("moved");
+    hears(NSAccessibilityWindowResizedNotification);
+    window->removeObserver(resizes);
+    EXPECT_THAT(window->observers(), ElementsAre(moves));
+    window->setNSValue(Point{10, 10}, kPosition);
+    window->setNSValue(Size{200, 200}, kSize);
+    hears(NSAccessibilityWindowMovedNotification);
+
+    auto again = focusedWindow();
+    again->addObserver(moves);
+    EXPECT_EQ(moves->element(), again);
+    EXPECT_THAT(window->observers(), ElementsAre(moves)) << "it stays listed";
+    setFrame(opened, {120, 100, 200, 200});
+    hears(NSAccessibilityWindowMovedNotification);
+    again = nullptr;
+    EXPECT_FALSE(moves->isInstalled());
 }
 
 INSTANTIATE_TEST_SUITE_P(Everywhere, WindowsContract, testing::Values("memory", "X11"),

@@ -75,6 +75,7 @@ TEST_F(WindowPlacementTest, ScalesAUserStateToTheDisplay) {
         {"where it was saved", kWindow, kMain, kMainId, kWindow},
         {"fractions stay", {100.5, 50.25, 800.1, 600}, kMain, kMainId, {100.5, 50.25, 800.1, 600}},
         {"a larger display", kWindow, kMain, kRightId, {1573, 37, 800.0 / 1440 * 1920, 743}},
+        {"to the nearest", {101, 53, 1440, 900}, kMain, kRightId, {1575, 41, 1920, 1103}},
         {"an equal one elsewhere", kWindow, kMain, kEndId, {3460, 27, 800, 623}},
         {"a smaller display", {1440, 0, 960, 540}, kRight, kMainId, {0, -23, 720, 473}},
         {"halves away from zero", {1, -1, 2, 2}, {0, 0, 2, 2}, kMainId, {720, -473, 1440, 923}},

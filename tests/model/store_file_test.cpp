@@ -1,6 +1,5 @@
 #include "model/store_file.h"
 
-#include "model/application_folders.h"
 #include "model/gzip.h"
 #include "model/store_lock.h"
 #include "support/store_fixture.h"
@@ -104,14 +103,6 @@ TEST_F(StoreFileTest, HasALockForOneAtATime) {
     std::filesystem::create_directory(lock);
     EXPECT_EQ(StoreLock(folders_).outcome(), Outcome::kUnavailable);
     EXPECT_EQ(log.take().size(), 1U);
-}
-
-TEST_F(StoreFileTest, LogsWhyThereIsNoFolder) {
-    CapturedLog log;
-    setContent(folder_, "a file where the folder should be");
-    EXPECT_EQ(applicationSupportDirectoryURLWithDirName(folders_, "Panewright"), std::nullopt);
-    EXPECT_THAT(log.take(), testing::ElementsAre(testing::StartsWith(
-                                "Error creating application suppor directory: ")));
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "desktop/memory/memory_hot_keys.h"
 #include "desktop/memory/memory_main_loop.h"
 #include "desktop/memory/memory_user_defaults.h"
-#include "shortcuts/hot_key_id_counter.h"
 #include "support/captured_log.h"
 
 #include <gmock/gmock.h>
@@ -72,13 +71,6 @@ TEST_F(CarbonEventManagerTest, ConvertsModifierFlagsBothWays) {
         EXPECT_EQ(CarbonEventManager::cocoaToCarbonModifierFlags(application | 0x1000F), hotKey);
         EXPECT_EQ(CarbonEventManager::carbonToCocoaModifierFlags(hotKey | 0x400), application);
     }
-}
-
-TEST(HotKeyIdCounter, StartsAtOneAndSkipsTheLastNumber) {
-    EXPECT_EQ(HotKeyIdCounter().take(), 1U);
-    HotKeyIdCounter late(0xFFFFFFFE);
-    EXPECT_EQ(late.take(), 0xFFFFFFFEU);
-    EXPECT_EQ(late.take(), 0U);
 }
 
 TEST_F(CarbonEventManagerTest, FiresOneEventForOnePressThoughEveryEventHasAHandler) {

@@ -49,6 +49,12 @@ public:
     /// How many key presses have come to the window.
     int keyPresses();
 
+    /// Sends the request and does not wait.
+    void destroy() const {
+        xcb_destroy_window(x_.connection(), window_);
+        xcb_flush(x_.connection());
+    }
+
 private:
     void setHints(const Options& options) const;
 

@@ -5,36 +5,7 @@
 namespace panewright::test {
 namespace {
 
-TEST(HotKeys, PutTheFocusedWindowIntoTheBuiltInStates) {
-    const struct {
-        Screen screen;
-        FourFrames frames;
-    } cases[] = {
-        {{1600, 900}, kStates},
-        {{1366, 768},
-         {{{0, 0, 1366, 768}, {69, 39, 1229, 691}, {137, 77, 1093, 614}, {240, 135, 888, 499}}}},
-    };
-    for (const auto& [screen, frames] : cases) {
-        SCOPED_TRACE(screen.width);
-        const Desktop desktop(screen);
-        const TestClient other(desktop.display());
-        const TestClient window(desktop.display());
-        window.activate();
-        const Frame untouched = outerFrame(desktop.x(), other.window());
-        const Program program(desktop);
-        for (std::size_t i = 0; i < frames.size(); ++i) {
-            expectAfter(static_cast<std::uint16_t>(KEY_1 + i), frames.at(i), desktop,
-                        window.window());
-        }
-        EXPECT_EQ(outerFrame(desktop.x(), other.window()), untouched);
-
-        other.activate();
-        expectAfter(KEY_2, frames[1], desktop, other.window());
-        EXPECT_EQ(outerFrame(desktop.x(), window.window()), frames[3]);
-    }
-}
-
-class OneWindow : public testing::Test {
+class HotKeys : public testing::Test {
 protected:
     void expectMoves() const {
         expectAfter(KEY_2, kLarge, desktop_, window_.window());
@@ -46,7 +17,7 @@ protected:
     Program program_{(window_.activate(), desktop_)};
 };
 
-TEST_F(OneWindow, IsMovedUnderEveryLockKeyAndLayout) {
+TEST_F(HotKeys, WorkUnderEveryLockKeyAndLayout) {
     for (const bool numLock : {false, true}) {
         for (const bool capsLock : {false, true}) {
             SCOPED_TRACE(testing::Message() << "NumLock " << numLock << ", CapsLock " << capsLock);
@@ -63,7 +34,7 @@ TEST_F(OneWindow, IsMovedUnderEveryLockKeyAndLayout) {
     expectMoves();
 }
 
-TEST_F(OneWindow, IsMovedOnceWhileTheKeyIsHeld) {
+TEST_F(HotKeys, FireOnceWhileTheKeyIsHeld) {
     constexpr Frame kElsewhere{30, 40, 500, 350};
     desktop_.keyboard().press(KEY_LEFTALT);
     desktop_.keyboard().press(KEY_2);

@@ -51,14 +51,13 @@ TEST_F(SeveralDisplays, KeepAStateWhereItIsUnlessTheUserLetsItMoveOn) {
     expectMove(KEY_1, {2366, 100, 640, 480});
 }
 
-TEST_F(SeveralDisplays, AreGoneThroughWithTheirOwnKey) {
-    writeSettings("MoveToNextWindowKeyEventKeyCode=45\n" // N
-                  "MoveToNextWindowKeyEventKeyModifiers=524288\n");
+TEST_F(SeveralDisplays, AreGoneThroughByAWindowOfWholeCellsToo) {
+    writeSettings("AllowMoveWindow=true\n");
     const Program program(desktop_);
-    placeWindow(desktop_.x(), window_.window(), {100, 200, 500, 400});
-    expectMove(KEY_N, {1137, 192, 683, 384});
-    expectMove(KEY_N, {2431, 220, 320, 240});
-    expectMove(KEY_N, {102, 200, 500, 400});
+    const TestClient cells(desktop_.display(), {.increments = TestClient::Extent{10, 20}});
+    cells.activate();
+    expectAfter(KEY_4, {175, 140, 642, 505}, desktop_, cells.window());
+    expectAfter(KEY_4, {1240, 135, 882, 485}, desktop_, cells.window());
 }
 
 TEST_F(SeveralDisplays, MayBeUnpluggedBetweenTwoPressesAndDuringOne) {
@@ -74,6 +73,8 @@ TEST_F(SeveralDisplays, MayBeUnpluggedBetweenTwoPressesAndDuringOne) {
     desktop_.setDisplays({"1000x800+0+0"});
     desktop_.keyboard().release(KEY_4);
     desktop_.keyboard().release(KEY_LEFTALT);
+    // The window manager brings the window back to what is left.
+    ASSERT_TRUE(eventually([&] { return outerFrame(desktop_.x(), window_.window()).x < 1000; }));
     expectMove(KEY_2, kLargeOnFirst);
     desktop_.keyboard().tap(KEY_LEFTALT, KEY_2); // there is no other display
     expectMove(KEY_4, kSmallOnFirst);

@@ -14,12 +14,11 @@ namespace {
 class ClientIdentity : public testing::Test {
 protected:
     ClientIdentity() {
-        for (const auto& [id, name] :
-             {std::pair{"org.example.Player", "Player"}, std::pair{"viewer", "Viewer"}}) {
-            setContent(home_.path() / "applications" / (std::string(id) + ".desktop"),
-                       std::string("[Desktop Entry]\nType=Application\nStartupWMClass=Show-") +
-                           name + "\nName=" + name + "\nIcon=" + name + "-icon\n");
-        }
+        const std::string entry = "[Desktop Entry]\nType=Application\nName=";
+        setContent(home_.path() / "applications/org.example.Player.desktop",
+                   entry + "Player\nIcon=Player-icon\n");
+        setContent(home_.path() / "applications/viewer.desktop",
+                   entry + "Viewer\nIcon=Viewer-icon\nStartupWMClass=Show-Viewer\n");
         setenv("XDG_DATA_HOME", home_.path().c_str(), 1);
         // The server cannot tell which process a window is of.
         rig_.emplace(test::Screen{.arguments = {"-extension", "X-Resource"}});
