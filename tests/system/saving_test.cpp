@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <thread>
 
 namespace panewright::test {
 namespace {
@@ -108,9 +109,17 @@ protected:
         press({shortcut});
         if (!more.empty()) {
             press(more);
+            pause();
         }
         press({"Return"});
         EXPECT_TRUE(eventually([&] { return window.isActive(); })) << "got no focus back";
+    }
+    /// As long as a person takes to the next key: the keys of an application are taken once the
+    /// program has seen that it is active, and a button takes its time to be pressed.
+    static void pause() { std::this_thread::sleep_for(std::chrono::milliseconds(200)); }
+    static void switchTo(const TestClient& window) {
+        window.activate();
+        pause();
     }
     Frame frameOf(const TestClient& window) const {
         return outerFrame(desktop_.x(), window.window());
@@ -146,10 +155,10 @@ TEST_P(Saving, MakesAStateForItsApplicationAndOneForAll) {
 
     for (const bool isRestarted : {false, true}) {
         SCOPED_TRACE(isRestarted ? "restarted" : "first run");
-        second.activate();
+        switchTo(second);
         expectAfter(KEY_9, kCorner, desktop_, second.window());
         expectAfter(KEY_8, kWide, desktop_, second.window());
-        other.activate();
+        switchTo(other);
         const auto pressesBefore = other.keyPresses();
         expectAfter(KEY_9, frameOf(other), desktop_, other.window());
         EXPECT_TRUE(eventually([&] { return other.keyPresses() > pressesBefore; }));
@@ -171,6 +180,7 @@ TEST_P(Saving, GivesTheKeyboardBackWhenItIsCancelled) {
         expectAfter(KEY_2, before, desktop_, window.window()); // not while the popover is open
         press({key});
         EXPECT_TRUE(eventually([&] { return window.isActive(); })) << key;
+        pause();
     }
     expectAfter(KEY_2, kLarge, desktop_, window.window());
     openMenu();
@@ -211,7 +221,7 @@ TEST_P(Recording, TakesEveryKeyThatHasACode) {
         {"Escape", 0, KEY_ESC, std::nullopt, 0},
         {"Tab", 0, KEY_TAB, std::nullopt, 0},
         {"a key without a code, then Escape", KEY_PLAYPAUSE, KEY_ESC, std::nullopt, 0},
-        {"a dead key of the second layout", KEY_RIGHTCTRL, KEY_GRAVE, 50, 262144},
+        {"a dead key of the second layout", KEY_RIGHTCTRL, KEY_GRAVE, 50, 0},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.what);

@@ -1,6 +1,7 @@
 #include "desktop/qt/key_events.h"
 
 #include "shortcuts/modifier_flags.h"
+#include "shortcuts/virtual_key_codes.h"
 
 namespace panewright {
 
@@ -11,7 +12,11 @@ std::uint64_t modifierFlagsOf(Qt::KeyboardModifiers modifiers) {
            (modifiers & Qt::MetaModifier ? kCommandFlag : 0);
 }
 
-bool isModifierKey(const QKeyEvent& event) {
+bool isModifierKey(const QKeyEvent& event, const NativeKeyCodes& keyCodes) {
+    const auto keyCode = keyCodes.virtualKeyCode(event.nativeScanCode());
+    if (keyCode && *keyCode >= kFirstModifierKeyCode && *keyCode <= kLastModifierKeyCode) {
+        return true;
+    }
     switch (event.key()) {
     case Qt::Key_Shift:
     case Qt::Key_Control:

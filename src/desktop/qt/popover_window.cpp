@@ -96,7 +96,7 @@ bool PopoverWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == windowHandle() && event->type() == QEvent::KeyPress) {
         const auto& press = static_cast<QKeyEvent&>(*event);
         const auto key = keyEventOf(press, keyCodes_);
-        if (key && !isModifierKey(press) && !press.isAutoRepeat() && keyDown_(*key)) {
+        if (key && !isModifierKey(press, keyCodes_) && !press.isAutoRepeat() && keyDown_(*key)) {
             return true;
         }
     }

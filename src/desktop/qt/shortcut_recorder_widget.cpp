@@ -126,7 +126,7 @@ bool ShortcutRecorderWidget::event(QEvent* event) {
 
 bool ShortcutRecorderWidget::handleKey(QKeyEvent& event) {
     const bool wasRecording = recorder_.isRecording();
-    if (isModifierKey(event)) {
+    if (isModifierKey(event, keyCodes_)) {
         recorder_.flagsChanged(modifierFlagsOf(event.modifiers()));
         return wasRecording;
     }
