@@ -1,5 +1,6 @@
 #include "desktop/qt/settings_window.h"
 
+#include "desktop/qt/program_icon.h"
 #include "desktop/qt/shortcut_recorder_widget.h"
 #include "desktop/qt/shortcut_remark_label.h"
 
@@ -23,6 +24,7 @@ constexpr int kSpacing = 12;
 SettingsWindow::SettingsWindow(Settings& settings, const NativeKeyCodes& keyCodes)
     : settings_(settings) {
     setWindowTitle(tr("Settings"));
+    setWindowIcon(programIcon());
     setAccessibleName(windowTitle());
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
