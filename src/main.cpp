@@ -83,9 +83,9 @@ int runOn(X11Desktop& desktop, MainLoop& mainLoop, const ProgramInformation& pro
     NoCrashReporter crashReporter;
     NoSoftwareUpdater softwareUpdater;
     QtApplicationIcons icons(desktop.icons);
-    QtStatusItem statusItem(desktop.tray);
+    QtStatusItem statusItem(desktop.tray, desktop.displays, desktop.workAreas);
     QtMenuView menuView;
-    QtViews views(desktop.nativeKeyCodes);
+    QtViews views(desktop.nativeKeyCodes, desktop.compositing);
     const SharedInstances shared(desktop.hotKeys, mainLoop, userDefaults, folders);
 
     const ActiveWindowPlacer::Services placing{

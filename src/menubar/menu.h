@@ -22,6 +22,8 @@ struct MenuItem {
     std::string keyEquivalent;
     /// In the application's form.
     std::uint64_t keyEquivalentModifierMask = 0;
+    /// Whether another program holds that shortcut.
+    bool isKeyEquivalentTaken = false;
 
     static std::shared_ptr<MenuItem> separatorItem() {
         auto item = std::make_shared<MenuItem>();

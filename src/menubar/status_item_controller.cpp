@@ -8,6 +8,7 @@
 #include "services/product_website.h"
 #include "services/workspace_additions.h"
 #include "shortcuts/carbon_event_manager.h"
+#include "ui/shortcut_remark.h"
 
 #include <utility>
 #include <vector>
@@ -121,6 +122,9 @@ void StatusItemController::menuNeedsUpdate() {
         menu_.moveToNextDisplayItem->action = [this] { moveToNextDisplay(nullptr); };
     }
     addEventHandlers();
+    const auto event = model_->moveToNextWindowKeyEvent();
+    menu_.moveToNextDisplayItem->isKeyEquivalentTaken =
+        event && isShortcutTaken(services_.hotKeys, event->keyCode(), event->modifierFlags());
 }
 
 void StatusItemController::workspaceDidActiveApplication() {

@@ -4,11 +4,15 @@
 
 namespace panewright {
 
-std::string shortcutRemark(const HotKeys& hotKeys, const TextServices& text, std::uint16_t keyCode,
+bool isShortcutTaken(const HotKeys& hotKeys, std::uint64_t keyCode, std::uint64_t modifierFlags) {
+    return hotKeys.isTakenByAnotherProgram(
+        static_cast<std::uint32_t>(keyCode),
+        static_cast<std::uint32_t>(CarbonEventManager::cocoaToCarbonModifierFlags(modifierFlags)));
+}
+
+std::string shortcutRemark(const HotKeys& hotKeys, const TextServices& text, std::uint64_t keyCode,
                            std::uint64_t modifierFlags) {
-    const auto modifiers =
-        static_cast<std::uint32_t>(CarbonEventManager::cocoaToCarbonModifierFlags(modifierFlags));
-    return hotKeys.isTakenByAnotherProgram(keyCode, modifiers)
+    return isShortcutTaken(hotKeys, keyCode, modifierFlags)
                ? text.localized("Another program uses this shortcut.")
                : "";
 }

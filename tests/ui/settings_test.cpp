@@ -44,6 +44,9 @@ TEST_F(SettingsTest, RecordsTheKeyThatMovesToTheNextDisplay) {
     EXPECT_EQ(program_.desktop.userDefaults.objectForKey(kModifiersKey), DefaultsValue(0x80000L));
     EXPECT_EQ(program_.desktop.hotKeys.registeredCount(), 5U);
     EXPECT_EQ(view().remark, "Another program uses this shortcut.");
+    open();
+    const auto& moveItem = program_.delegate.statusItemController()->moveToNextDisplayItem();
+    EXPECT_TRUE(moveItem.isKeyEquivalentTaken);
     recorder.keyDown({kDelete, 0});
     EXPECT_FALSE(isSet(kKeyCodeKey));
     EXPECT_FALSE(isSet(kModifiersKey));

@@ -1,6 +1,6 @@
 #include "desktop/linux/x_embed_tray.h"
 
-#include <fmt/format.h>
+#include "desktop/linux/screen_selection.h"
 
 #include <algorithm>
 #include <bit>
@@ -49,18 +49,10 @@ bool isCoordinate(double value) {
 } // namespace
 
 XEmbedTray::XEmbedTray(XConnection& connection)
-    : connection_(connection),
+    : connection_(connection), selection_(screenSelection(connection, "_NET_SYSTEM_TRAY_S")),
       // The message that announces a tray is sent to those who want the root's structure events.
       rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY)),
       events_(connection.onEvent([this](const auto& event) { handle(event); })) {
-    const auto roots = connection.roots();
-    const auto screen = std::find(roots.begin(), roots.end(), connection.root()) - roots.begin();
-    const auto name = fmt::format("_NET_SYSTEM_TRAY_S{}", screen);
-    if (const auto atom = connection.reply(
-            xcb_intern_atom_reply,
-            xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data()))) {
-        selection_ = atom->atom;
-    }
     findOwner();
 }
 
@@ -115,9 +107,7 @@ void XEmbedTray::findOwner() {
 }
 
 xcb_window_t XEmbedTray::readOwner() {
-    const auto reply = connection_.reply(xcb_get_selection_owner_reply,
-                                         xcb_get_selection_owner(connection_, selection_));
-    return reply ? reply->owner : kNoWindow;
+    return selectionOwner(connection_, selection_);
 }
 
 } // namespace panewright

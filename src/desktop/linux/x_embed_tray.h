@@ -24,7 +24,7 @@ private:
     xcb_window_t readOwner();
 
     XConnection& connection_;
-    xcb_atom_t selection_ = XCB_ATOM_NONE;
+    xcb_atom_t selection_;
     xcb_window_t owner_ = kNoWindow;
     ObserverList<> changed_;
     Registration ownerEvents_;

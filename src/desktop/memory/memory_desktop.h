@@ -2,16 +2,17 @@
 
 #include "desktop/memory/memory_accessibility.h"
 #include "desktop/memory/memory_application_icons.h"
+#include "desktop/memory/memory_compositing.h"
 #include "desktop/memory/memory_displays.h"
 #include "desktop/memory/memory_hot_keys.h"
 #include "desktop/memory/memory_keyboard_layout.h"
 #include "desktop/memory/memory_main_loop.h"
 #include "desktop/memory/memory_native_key_codes.h"
-#include "desktop/memory/memory_views.h"
 #include "desktop/memory/memory_services.h"
 #include "desktop/memory/memory_status_item.h"
 #include "desktop/memory/memory_system_tray.h"
 #include "desktop/memory/memory_user_defaults.h"
+#include "desktop/memory/memory_views.h"
 #include "desktop/memory/memory_windows.h"
 #include "desktop/memory/memory_work_areas.h"
 #include "desktop/memory/memory_workspace.h"
@@ -37,6 +38,7 @@ struct MemoryDesktop {
     MemoryNativeKeyCodes nativeKeyCodes;
     MemoryKeyboardLayout keyboardLayout;
     MemorySystemTray tray{mainLoop};
+    MemoryCompositing compositing;
     MemoryStatusItem statusItem;
     MemoryMenuView menuView;
     MemoryViews views{windows, kOwnPid};

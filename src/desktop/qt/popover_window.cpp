@@ -38,9 +38,10 @@ QPalette lightPalette() {
 
 } // namespace
 
-PopoverWindow::PopoverWindow(const NativeKeyCodes& keyCodes,
+PopoverWindow::PopoverWindow(const NativeKeyCodes& keyCodes, const Compositing& compositing,
                              std::function<bool(const KeyEvent&)> keyDown)
-    : keyCodes_(keyCodes), keyDown_(std::move(keyDown)) {
+    : keyCodes_(keyCodes), compositing_(compositing), keyDown_(std::move(keyDown)) {
+    setAttribute(Qt::WA_TranslucentBackground);
     setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     setPalette(lightPalette());
     create();
@@ -79,7 +80,7 @@ void PopoverWindow::setArrow(bool atTop, int x) {
     arrowX_ = x;
     setContentsMargins(kMargin, kMargin + (atTop ? kArrowHeight : 0), kMargin,
                        kMargin + (atTop ? 0 : kArrowHeight));
-    setMask(QRegion(outline().toFillPolygon().toPolygon()));
+    cutOut();
     update();
 }
 
@@ -121,16 +122,27 @@ QPainterPath PopoverWindow::outline() const {
 
 void PopoverWindow::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.fillRect(rect(), palette().window());
     painter.setRenderHint(QPainter::Antialiasing);
-    // Half of the line lies outside and is cut off.
+    const auto shape = outline();
+    painter.fillPath(shape, palette().window());
+    // Half of the line lies outside and is not drawn.
+    painter.setClipPath(shape);
     painter.setPen(QPen(QColor(0x8c, 0x8c, 0x8c), 2));
-    painter.drawPath(outline());
+    painter.drawPath(shape);
 }
 
 void PopoverWindow::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
-    setMask(QRegion(outline().toFillPolygon().toPolygon()));
+    cutOut();
+}
+
+/// Where nothing shows through, what lies outside the outline is cut off instead, with steps.
+void PopoverWindow::cutOut() {
+    if (compositing_.isActive()) {
+        clearMask();
+    } else {
+        setMask(QRegion(outline().toFillPolygon().toPolygon()));
+    }
 }
 
 } // namespace panewright

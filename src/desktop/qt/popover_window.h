@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/compositing.h"
 #include "platform/key_event.h"
 #include "platform/native_key_codes.h"
 #include "ui/popover.h"
@@ -18,7 +19,8 @@ class PopoverWindow : public QDialog, public Popover {
 
 public:
     /// `keyDown` sees each key before the focused control; true keeps the key from it.
-    PopoverWindow(const NativeKeyCodes& keyCodes, std::function<bool(const KeyEvent&)> keyDown);
+    PopoverWindow(const NativeKeyCodes& keyCodes, const Compositing& compositing,
+                  std::function<bool(const KeyEvent&)> keyDown);
 
     bool isShown() const override { return isVisible(); }
     void show(const PopoverAnchor& anchor) override;
@@ -38,9 +40,11 @@ protected:
 private:
     void place();
     void setArrow(bool atTop, int x);
+    void cutOut();
     QPainterPath outline() const;
 
     const NativeKeyCodes& keyCodes_;
+    const Compositing& compositing_;
     std::function<bool(const KeyEvent&)> keyDown_;
     PopoverAnchor anchor_;
     bool arrowAtTop_ = true;

@@ -10,12 +10,15 @@ namespace {
 
 /// A shortcut stands in a column of its own, behind a tab.
 QString textOf(const MenuItem& item) {
-    auto text = QString::fromStdString(item.title);
-    if (!item.keyEquivalent.empty()) {
-        text += '\t' + QString::fromStdString(modifierSymbols(item.keyEquivalentModifierMask) +
-                                              item.keyEquivalent);
+    const auto title = QString::fromStdString(item.title);
+    if (item.keyEquivalent.empty()) {
+        return title;
     }
-    return text;
+    const auto shortcut = QString::fromStdString(modifierSymbols(item.keyEquivalentModifierMask) +
+                                                 item.keyEquivalent);
+    return title + '\t' +
+           (item.isKeyEquivalentTaken ? QMenu::tr("%1 (in use elsewhere)").arg(shortcut)
+                                      : shortcut);
 }
 
 void addItem(QMenu& menu, const std::shared_ptr<MenuItem>& item) {

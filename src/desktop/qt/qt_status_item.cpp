@@ -2,6 +2,7 @@
 
 #include "desktop/qt/key_events.h"
 #include "desktop/qt/native_geometry.h"
+#include "desktop/qt/panel_brightness.h"
 #include "desktop/qt/status_icon.h"
 
 #include <QCursor>
@@ -25,9 +26,6 @@ constexpr const char* kWatcherPath = "/StatusNotifierWatcher";
 constexpr const char* kHostRegisteredSignal = "StatusNotifierHostRegistered";
 constexpr const char* kHostRegisteredProperty = "IsStatusNotifierHostRegistered";
 
-/// A panel that finds this in the icon theme draws it in its own colour.
-constexpr const char* kThemeIcon = "com.quillfen.Panewright-symbolic";
-
 /// Panels brighter than this get a dark icon.
 constexpr double kBright = 0.5;
 const QColor kLight(0xf2, 0xf2, 0xf2);
@@ -38,7 +36,8 @@ constexpr std::chrono::milliseconds kLooks[] = {100ms, 500ms, 2000ms};
 
 } // namespace
 
-QtStatusItem::QtStatusItem(SystemTray& tray) : tray_(tray) {}
+QtStatusItem::QtStatusItem(SystemTray& tray, const Displays& displays, const WorkAreas& workAreas)
+    : tray_(tray), displays_(displays), workAreas_(workAreas) {}
 
 QtStatusItem::~QtStatusItem() = default;
 
@@ -107,20 +106,21 @@ void QtStatusItem::showIconIn(bool notifierHost) {
 
 /// Gives the icon the colour that can be seen on the panel.
 void QtStatusItem::suitPanel() {
-    const auto iconIn = [this](QColor colour, QColor outline = Qt::transparent) {
-        return statusIcon(QString::fromStdString(look_.imageName),
-                          {look_.imageSize.width, look_.imageSize.height}, look_.length, colour,
-                          outline);
-    };
+    const auto brightness = brightnessBehindIcon();
+    icon_->setIcon(statusIcon(QString::fromStdString(look_.imageName),
+                              {look_.imageSize.width, look_.imageSize.height}, look_.length,
+                              brightness.value_or(0) > kBright ? kDark : kLight,
+                              brightness ? Qt::transparent : kDark));
+}
+
+/// At the icon's corner, which the picture leaves free; a host on the bus does not say where that
+/// is.
+std::optional<double> QtStatusItem::brightnessBehindIcon() const {
     if (isInNotifierHost_) {
-        icon_->setIcon(QIcon::hasThemeIcon(kThemeIcon) ? QIcon::fromTheme(kThemeIcon)
-                                                       : iconIn(kLight, kDark));
-        return;
+        return panelBrightness(displays_, workAreas_, tray_);
     }
     const auto geometry = trayGeometry();
-    const auto brightness =
-        geometry ? tray_.brightnessAt({geometry->x + 1, geometry->y + 1}) : std::nullopt;
-    icon_->setIcon(iconIn(brightness.value_or(0) > kBright ? kDark : kLight));
+    return geometry ? tray_.brightnessAt({geometry->x + 1, geometry->y + 1}) : std::nullopt;
 }
 
 void QtStatusItem::activated(QSystemTrayIcon::ActivationReason reason) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "base/registration.h"
+#include "platform/displays.h"
 #include "platform/status_item.h"
 #include "platform/system_tray.h"
+#include "platform/work_areas.h"
 
 #include <QObject>
 #include <QSystemTrayIcon>
@@ -20,7 +22,8 @@ class QtStatusItem : public QObject, public StatusItem {
     Q_OBJECT
 
 public:
-    explicit QtStatusItem(SystemTray& tray);
+    /// All of it must outlive the item.
+    QtStatusItem(SystemTray& tray, const Displays& displays, const WorkAreas& workAreas);
     ~QtStatusItem() override;
 
     void show(const StatusItemLook& look,
@@ -38,7 +41,11 @@ private:
     std::optional<Rect> trayGeometry() const;
     void suitPanel();
 
+    std::optional<double> brightnessBehindIcon() const;
+
     SystemTray& tray_;
+    const Displays& displays_;
+    const WorkAreas& workAreas_;
     StatusItemLook look_;
     std::function<void(const StatusItemClick&)> clicked_;
     std::unique_ptr<QDBusServiceWatcher> notifierHosts_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/compositing.h"
 #include "platform/native_key_codes.h"
 #include "ui/view_factory.h"
 
@@ -8,7 +9,8 @@ namespace panewright {
 /// Views of Qt widgets.
 class QtViews : public ViewFactory {
 public:
-    explicit QtViews(const NativeKeyCodes& keyCodes) : keyCodes_(keyCodes) {}
+    QtViews(const NativeKeyCodes& keyCodes, const Compositing& compositing)
+        : keyCodes_(keyCodes), compositing_(compositing) {}
 
     std::unique_ptr<SaveShortcutView>
     makeSaveShortcutView(SaveShortcutViewController& controller) override;
@@ -16,6 +18,7 @@ public:
 
 private:
     const NativeKeyCodes& keyCodes_;
+    const Compositing& compositing_;
 };
 
 } // namespace panewright

@@ -37,8 +37,9 @@ void setImage(QLabel& label, const ImagePtr& image) {
 } // namespace
 
 SaveShortcutWidget::SaveShortcutWidget(SaveShortcutViewController& controller,
-                                       const NativeKeyCodes& keyCodes)
-    : controller_(controller), window_(keyCodes, [&controller](const KeyEvent& event) {
+                                       const NativeKeyCodes& keyCodes,
+                                       const Compositing& compositing)
+    : controller_(controller), window_(keyCodes, compositing, [&controller](const KeyEvent& event) {
           return controller.keyDown(event);
       }) {
     window_.setWindowTitle(tr("Save Window State"));

@@ -16,8 +16,9 @@ class SaveShortcutWidget : public QObject, public SaveShortcutView {
     Q_OBJECT
 
 public:
-    /// Both must outlive the widget.
-    SaveShortcutWidget(SaveShortcutViewController& controller, const NativeKeyCodes& keyCodes);
+    /// All of it must outlive the widget.
+    SaveShortcutWidget(SaveShortcutViewController& controller, const NativeKeyCodes& keyCodes,
+                       const Compositing& compositing);
 
     Popover& popover() override { return window_; }
     void setApplicationImage(const ImagePtr& image) override;

@@ -224,13 +224,13 @@ void ShortcutRecorderWidget::drawBackground(QPainter& painter) const {
 
     if (hasFocus()) {
         painter.setPen(QPen(toQt(kFocusRing), 2));
-        painter.drawRoundedRect(bounds.adjusted(1, 1, -1, -1), kCornerRadius, kCornerRadius);
+        painter.drawRoundedRect(bounds.adjusted(1, 1, -1, -2), kCornerRadius, kCornerRadius);
     }
 }
 
 void ShortcutRecorderWidget::drawLabel(QPainter& painter) const {
     painter.setPen(toQt(recorder_.shownAttributes().foreground.value_or(kText)));
-    painter.drawText(rect().adjusted(0, 0, 0, -3).translated(0, 1), Qt::AlignCenter,
+    painter.drawText(rect().adjusted(0, 0, 0, -3), Qt::AlignCenter,
                      QString::fromStdString(recorder_.shownLabel()));
 }
 

@@ -11,6 +11,10 @@
 namespace panewright {
 namespace {
 
+// The icon sizes of panels at scale 1, in pixels.
+constexpr int kSmallest = 16;
+constexpr int kLargest = 32;
+
 class StatusIconEngine : public QIconEngine {
 public:
     StatusIconEngine(const QString& imageName, QSizeF imageSize, double length, QColor colour,
@@ -26,6 +30,15 @@ public:
         QPainter painter(&pixmap);
         paint(&painter, QRect(QPoint(), size), mode, state);
         return pixmap;
+    }
+
+    /// Hosts on the bus are sent these, and find one that they need not scale.
+    QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
+        QList<QSize> sizes;
+        for (int side = kSmallest; side <= kLargest; side += 2) {
+            sizes.append({side, side});
+        }
+        return sizes;
     }
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode /*mode*/,
