@@ -20,6 +20,7 @@
 
 #include <QApplication>
 #include <QLibraryInfo>
+#include <QPixmapCache>
 #include <QTranslator>
 
 #include <cstdlib>
@@ -115,6 +116,8 @@ public:
         QApplication::setApplicationDisplayName("Panewright");
         QApplication::setDesktopFileName(QString::fromStdString(program.bundleIdentifier()));
         QApplication::setQuitOnLastWindowClosed(false);
+        // Little is drawn and seldom, while clearing the cache would wake the program up later.
+        QPixmapCache::setCacheLimit(0);
         install(qtTexts_, "qtbase", QLibraryInfo::path(QLibraryInfo::TranslationsPath));
         install(ownTexts_, "panewright",
                 QCoreApplication::applicationDirPath() + "/../share/panewright/translations");

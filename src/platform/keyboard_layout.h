@@ -16,7 +16,8 @@ public:
     virtual ~KeyboardLayout() = default;
 
     /// The text (UTF-8) that stands on the key: what it types without modifiers, for a dead key its
-    /// accent alone. Empty for a key that types nothing.
+    /// accent alone, for the keys of volume and input methods a name. Empty for a key that types
+    /// nothing else, such as a function key.
     virtual std::string displayText(std::uint16_t virtualKeyCode) const = 0;
 
     /// Calls back on the main loop after the layout changed.

@@ -171,6 +171,7 @@ TEST(XkbKeyboardLayout, NamesKeysByTheLayoutAndTellsWhenItChanges) {
     EXPECT_EQ(layout.displayText(0), "a");
     EXPECT_EQ(layout.displayText(18), "1");
     EXPECT_EQ(layout.displayText(82), "0"); // keypad, whatever NumLock says
+    EXPECT_EQ(layout.displayText(74), "Mute"); // types nothing
     EXPECT_EQ(layout.displayText(127), "");
     rig.desktop.run({"setxkbmap", "-layout", "fr"});
     ASSERT_TRUE(rig.eventually([&] { return changes > 0; }));

@@ -11,16 +11,18 @@
 namespace panewright {
 namespace {
 
-struct KeypadKey {
+struct NamedKey {
     std::uint16_t virtualKeyCode;
     const char* text;
 };
 
-/// What stands on the keypad, whatever NumLock makes of it.
-constexpr KeypadKey kKeypad[] = {
-    {65, "."}, {67, "*"}, {69, "+"}, {75, "/"}, {78, "-"}, {81, "="},
-    {82, "0"}, {83, "1"}, {84, "2"}, {85, "3"}, {86, "4"}, {87, "5"},
-    {88, "6"}, {89, "7"}, {91, "8"}, {92, "9"}, {95, ","},
+/// What stands on keys that no layout has a text for: on the keypad whatever NumLock makes of it,
+/// and names of keys that type nothing.
+constexpr NamedKey kNamedKeys[] = {
+    {65, "."},    {67, "*"},    {69, "+"},     {75, "/"},     {78, "-"},     {81, "="},
+    {82, "0"},    {83, "1"},    {84, "2"},     {85, "3"},     {86, "4"},     {87, "5"},
+    {88, "6"},    {89, "7"},    {91, "8"},     {92, "9"},     {95, ","},     {72, "Vol+"},
+    {73, "Vol-"}, {74, "Mute"}, {102, "Eisu"}, {104, "Kana"}, {110, "Menu"},
 };
 
 struct DeadKey {
@@ -69,11 +71,11 @@ std::string textOf(xkb_keysym_t symbol) {
 } // namespace
 
 std::string XkbKeyboardLayout::displayText(std::uint16_t virtualKeyCode) const {
-    const auto* const keypad =
-        std::find_if(std::begin(kKeypad), std::end(kKeypad),
-                     [&](const KeypadKey& key) { return key.virtualKeyCode == virtualKeyCode; });
-    if (keypad != std::end(kKeypad)) {
-        return keypad->text;
+    const auto* const named =
+        std::find_if(std::begin(kNamedKeys), std::end(kNamedKeys),
+                     [&](const NamedKey& key) { return key.virtualKeyCode == virtualKeyCode; });
+    if (named != std::end(kNamedKeys)) {
+        return named->text;
     }
     const auto codes = evdevCodesOf(virtualKeyCode);
     if (codes.empty() || !keymap_.get()) {

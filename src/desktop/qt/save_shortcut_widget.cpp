@@ -1,5 +1,6 @@
 #include "desktop/qt/save_shortcut_widget.h"
 
+#include "desktop/qt/program_icon.h"
 #include "desktop/qt/qt_image.h"
 #include "desktop/qt/shortcut_recorder_widget.h"
 #include "desktop/qt/shortcut_remark_label.h"
@@ -42,6 +43,7 @@ SaveShortcutWidget::SaveShortcutWidget(SaveShortcutViewController& controller,
           return controller.keyDown(event);
       }) {
     window_.setWindowTitle(tr("Save Window State"));
+    window_.setWindowIcon(programIcon());
     window_.setAccessibleName(window_.windowTitle());
     auto* layout = new QVBoxLayout(&window_);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -1,12 +1,12 @@
 #include "desktop/qt/settings_window.h"
 
+#include "desktop/qt/program_icon.h"
 #include "desktop/qt/shortcut_recorder_widget.h"
 #include "desktop/qt/shortcut_remark_label.h"
 
 #include <QCheckBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -23,6 +23,7 @@ constexpr int kSpacing = 12;
 SettingsWindow::SettingsWindow(Settings& settings, const NativeKeyCodes& keyCodes)
     : settings_(settings) {
     setWindowTitle(tr("Settings"));
+    setWindowIcon(programIcon());
     setAccessibleName(windowTitle());
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
@@ -48,6 +49,7 @@ void SettingsWindow::addOptions(QVBoxLayout& layout) {
         new QCheckBox(tr("A shortcut &pressed again moves the window to the next display"));
     startupItem_ = new QCheckBox(tr("Start at &login"));
     auto* restore = new QPushButton(tr("&Restore Built-in States"));
+    restore->setAutoDefault(false); // Return presses nothing
     restore->setToolTip(tr("Puts the four built-in states back as they were at first. "
                            "Your own states stay."));
     connect(allowMoveWindow_, &QCheckBox::clicked, this,
@@ -83,14 +85,6 @@ void SettingsWindow::addFooter(QVBoxLayout& layout) {
 void SettingsWindow::makeKeyAndOrderFront() {
     raise();
     activateWindow();
-}
-
-void SettingsWindow::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape) {
-        close();
-    } else {
-        QWidget::keyPressEvent(event);
-    }
 }
 
 bool SettingsWindow::startupItem() const {

@@ -3,7 +3,7 @@
 #include "platform/native_key_codes.h"
 #include "ui/settings.h"
 
-#include <QWidget>
+#include <QDialog>
 
 class QCheckBox;
 class QLabel;
@@ -12,7 +12,7 @@ class QVBoxLayout;
 namespace panewright {
 
 /// The settings window, in the colours of the desktop's theme.
-class SettingsWindow : public QWidget, public SettingsView {
+class SettingsWindow : public QDialog, public SettingsView {
     Q_OBJECT
 
 public:
@@ -27,9 +27,6 @@ public:
     void setAllowMoveWindow(bool on) override;
     void setVersion(const std::string& text) override;
     void setShortcutRemark(const std::string& text) override;
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void addShortcut(QVBoxLayout& layout, const NativeKeyCodes& keyCodes);

@@ -2,6 +2,9 @@
 
 #include "desktop/qt/key_events.h"
 
+#include "shortcuts/modifier_flags.h"
+
+#include <QAccessibleWidget>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
@@ -61,6 +64,30 @@ void drawButton(QPainter& painter, const Rect& place, const QPainterPath& image,
     painter.restore();
 }
 
+/// A screen reader takes the recorder for a button, not for mere space between others.
+QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* object) {
+    auto* widget = qobject_cast<ShortcutRecorderWidget*>(object);
+    return widget ? new QAccessibleWidget(widget, QAccessible::Button) : nullptr;
+}
+
+/// A shortcut with the modifiers that it begins with named as they are on the keyboard.
+QString inWords(const std::string& label) {
+    static_assert(kModifierSymbols.size() == 4);
+    const QString words[] = {ShortcutRecorderWidget::tr("Ctrl"), ShortcutRecorderWidget::tr("Alt"),
+                             ShortcutRecorderWidget::tr("Shift"),
+                             ShortcutRecorderWidget::tr("Super")};
+    auto rest = QString::fromStdString(label);
+    QString text;
+    for (std::size_t i = 0; i < kModifierSymbols.size(); ++i) {
+        const auto symbol = QString::fromUtf8(kModifierSymbols[i].symbol);
+        if (rest.startsWith(symbol)) {
+            text += words[i] + '+';
+            rest.remove(0, symbol.size());
+        }
+    }
+    return text + rest;
+}
+
 } // namespace
 
 ShortcutRecorderWidget::ShortcutRecorderWidget(QFShortcutRecorder& recorder,
@@ -70,6 +97,10 @@ ShortcutRecorderWidget::ShortcutRecorderWidget(QFShortcutRecorder& recorder,
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     // Keys must come as they are, not composed: a dead key is a key like others.
     setAttribute(Qt::WA_InputMethodEnabled, false);
+    [[maybe_unused]] static const bool isInstalled = [] {
+        QAccessible::installFactory(makeAccessible);
+        return true;
+    }();
     recorder_.setView(this);
 }
 
@@ -85,7 +116,10 @@ QSize ShortcutRecorderWidget::sizeHint() const {
 
 void ShortcutRecorderWidget::setNeedsDisplay() {
     holdKeyboard(recorder_.isRecording());
-    setAccessibleDescription(QString::fromStdString(recorder_.shownLabel()));
+    const auto words = inWords(recorder_.shownLabel());
+    setAccessibleDescription(words);
+    // For those who do not know the symbols.
+    setToolTip(words == QString::fromStdString(recorder_.shownLabel()) ? QString() : words);
     update();
 }
 
