@@ -8,6 +8,8 @@
 namespace panewright {
 namespace {
 
+using namespace std::chrono_literals;
+
 /// A window of each of two other programs, 0 and 1, the pointer over 0, and one of ours.
 class WorkspaceContract : public testing::TestWithParam<const char*> {
 protected:
@@ -51,11 +53,8 @@ protected:
     /// Also a while later.
     void expectInFront(std::size_t other) {
         EXPECT_TRUE(rig_.eventually([&] { return isInFront(other); }));
-        letTimePass(50);
+        rig_.eventually([tries = 50]() mutable { return --tries == 0; });
         EXPECT_TRUE(isInFront(other));
-    }
-    void letTimePass(int milliseconds) {
-        rig_.eventually([&] { return milliseconds-- == 0; });
     }
 
     // The server cannot tell that all windows are this process's: they say whose they are.
@@ -67,6 +66,7 @@ protected:
 TEST_P(WorkspaceContract, GivesTheKeyboardBackToTheWindowThatHadIt) {
     for (const std::string order : {"stays", "closes before", "closes after", "stays"}) {
         SCOPED_TRACE(order);
+        rig_.loop.advance(1s); // now nobody insists on the way back of the round before
         activate(1);
         activate(0); // which a manager that forgets goes back to
         activate(1);
@@ -75,7 +75,7 @@ TEST_P(WorkspaceContract, GivesTheKeyboardBackToTheWindowThatHadIt) {
         const bool isOnlyAboutToBeShown = order == "closes after";
         if (isOnlyAboutToBeShown) {
             port().bringThisApplicationToFront();
-            letTimePass(150);
+            rig_.loop.advance(150ms);
         }
         showOurs();
         if (!isOnlyAboutToBeShown) {
