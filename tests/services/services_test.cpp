@@ -49,52 +49,35 @@ TEST(Defaults, ReadEveryKindOfValueAsBooleanAndInteger) {
     EXPECT_EQ(defaults.integerForKey("key"), 0);
 }
 
-class LoginItemTest : public testing::TestWithParam<const char*> {
-protected:
-    LoginItemTest() {
-        setenv("XDG_CONFIG_HOME", folder_.path().c_str(), 1);
-        if (GetParam() == "agents"s) {
-            format_ = std::make_unique<LaunchAgentFormat>(folder_.path());
-        } else {
-            format_ = std::make_unique<AutostartEntryFormat>();
+TEST(LoginItem, IsInstalledWhileItsFileIsThereAndPointedAtThisCopyUnlessItIsNotOurs) {
+    const TemporaryFolder folder;
+    setenv("XDG_CONFIG_HOME", folder.path().c_str(), 1);
+    const LaunchAgentFormat agents(folder.path());
+    const AutostartEntryFormat autostart;
+    for (const LoginItemFormat* format :
+         std::initializer_list<const LoginItemFormat*>{&agents, &autostart}) {
+        const auto itemFor = [&](const std::string& program) {
+            return LaunchAgentStartupItem(*format, program, "com.quillfen.Agent.plist", "label");
+        };
+        const auto current = itemFor("/new/panewright");
+        const auto programInFile = [&] {
+            return format->programIn(contentOf(*current.installedAgentPath()));
+        };
+        for (const char* program : {"/opt/a b/panewright", "/a\"b", "/a'b", "/a\\b", "/a$b`c",
+                                    "/100%f", "/a&<b>", "/ü x"}) {
+            current.updateExecutablePath(); // never installs by itself
+            EXPECT_FALSE(current.isInstalled());
+            itemFor(program).install();
+            EXPECT_EQ(programInFile(), program);
+            current.updateExecutablePath();
+            EXPECT_EQ(programInFile(), "/new/panewright");
+            current.uninstall();
         }
-    }
-    LaunchAgentStartupItem itemFor(const std::string& program) const {
-        return {*format_, program, "com.quillfen.Panewright.Agent.plist",
-                "com.quillfen.Panewright.Agent"};
-    }
-
-    TemporaryFolder folder_;
-    std::unique_ptr<LoginItemFormat> format_;
-};
-
-TEST_P(LoginItemTest, IsInstalledWhileItsFileIsThere) {
-    for (const char* program :
-         {"/opt/a b/panewright", "/a\"b", "/a'b", "/a\\b", "/a$b`c", "/100%f", "/a&<b>", "/ü x"}) {
-        const auto item = itemFor(program);
-        EXPECT_FALSE(item.isInstalled());
-        item.install();
-        EXPECT_TRUE(item.isInstalled());
-        EXPECT_EQ(format_->programIn(contentOf(*item.installedAgentPath())), program);
-        item.uninstall();
+        setContent(*current.installedAgentPath(), "unrelated");
+        current.updateExecutablePath();
+        EXPECT_EQ(contentOf(*current.installedAgentPath()), "unrelated");
     }
 }
-
-TEST_P(LoginItemTest, IsPointedAtThisCopyUnlessItIsNotOurs) {
-    const auto current = itemFor("/new/panewright");
-    const auto path = *current.installedAgentPath();
-    current.updateExecutablePath(); // never installs by itself
-    EXPECT_FALSE(current.isInstalled());
-    itemFor("/old/panewright").install();
-    current.updateExecutablePath();
-    EXPECT_EQ(format_->programIn(contentOf(path)), "/new/panewright");
-    setContent(path, "unrelated");
-    current.updateExecutablePath();
-    EXPECT_EQ(contentOf(path), "unrelated");
-}
-
-INSTANTIATE_TEST_SUITE_P(Formats, LoginItemTest, testing::Values("agents", "autostart"),
-                         [](const auto& format) { return std::string(format.param); });
 
 TEST(LaunchAgentFormat, WritesAnXmlPropertyListInItsOrder) {
     const LaunchAgentFormat format("/home/u");
