@@ -3,7 +3,6 @@
 #include "accessibility/accessibility_helper.h"
 #include "accessibility/accessibility_observer.h"
 #include "contract/x11_rig.h"
-#include "desktop/memory/memory_desktop.h"
 #include "support/captured_log.h"
 
 #include <gmock/gmock.h>
@@ -21,15 +20,8 @@ constexpr auto kPosition = NSAccessibilityPositionAttribute;
 constexpr auto kSize = NSAccessibilitySizeAttribute;
 
 /// Programs named by their bundle identifier, each with windows.
-class WindowsContract : public testing::TestWithParam<const char*> {
+class WindowsContract : public DesktopContract {
 protected:
-    WindowsContract() {
-        if (GetParam() == std::string("X11")) {
-            // The server cannot tell that all windows are this process's: they say whose they are.
-            x11_.emplace(test::Screen{.arguments = {"-extension", "X-Resource"}});
-        }
-    }
-
     Accessibility& port() {
         return x11_ ? static_cast<Accessibility&>(x11_->ports->accessibility)
                     : memory_.accessibility;
@@ -63,9 +55,7 @@ protected:
     }
     std::uint32_t openOnX11(test::ClientOptions options, const Rect& frame, bool isResizable) {
         if (!isResizable) { // inside of what openbox puts around it
-            options.minimumSize = {static_cast<std::uint32_t>(frame.width - 2),
-                                   static_cast<std::uint32_t>(frame.height - 21)};
-            options.maximumSize = options.minimumSize;
+            options.minimumSize = options.maximumSize = Size{frame.width - 2, frame.height - 21};
         }
         auto client = std::make_unique<test::TestClient>(x11_->desktop.display(), options);
         const auto window = client->window();
@@ -76,13 +66,6 @@ protected:
     void activate(std::uint32_t window) {
         x11_ ? x11_->desktop.x().activate(window) : memory_.windows.activateWindow(window);
     }
-    void close(std::uint32_t window) {
-        if (x11_) {
-            clients_.erase(window);
-        } else {
-            memory_.windows.closeWindow(window);
-        }
-    }
     /// As a user does.
     void setFrame(std::uint32_t window, const Rect& frame) {
         if (x11_) {
@@ -91,12 +74,6 @@ protected:
             memory_.windows.setFrame(window, frame);
         }
     }
-    template <class Condition>
-    bool eventually(Condition condition) {
-        memory_.mainLoop.runPending();
-        return x11_ ? x11_->eventually(condition) : condition();
-    }
-
     /// The application that is frontmost, with whatever identifier.
     RunningApplication frontmost() {
         return workspace().frontmostApplication().value_or(RunningApplication{});
@@ -113,8 +90,6 @@ protected:
     }
 
 private:
-    MemoryDesktop memory_;
-    std::optional<X11Rig> x11_;
     std::map<std::string, ProcessId> pids_;
     std::map<std::uint32_t, std::unique_ptr<test::TestClient>> clients_;
 };
@@ -166,17 +141,6 @@ TEST_P(WindowsContract, MovesAndResizesAWindowByItsOuterFrameButNotToNowhere) {
     EXPECT_TRUE(focusedWindow()->isAttributeSettable(kPosition));
     EXPECT_FALSE(focusedWindow()->isAttributeSettable(kSize));
     EXPECT_FALSE(focusedWindow()->isAttributeSettable(NSAccessibilityRoleAttribute));
-}
-
-TEST_P(WindowsContract, AnswersForAWindowThatIsGone) {
-    const auto opened = open("Editor");
-    const auto window = focusedWindow();
-    close(opened);
-    EXPECT_TRUE(eventually([&] { return frameOf(window) == Rect{}; }));
-    EXPECT_EQ(window->pid(), -1);
-    EXPECT_FALSE(window->isAttributeSettable(kPosition));
-    window->setNSValue(Point{1, 1}, kPosition);
-    EXPECT_TRUE(eventually([&] { return focusedWindow() == nullptr; }));
 }
 
 TEST_P(WindowsContract, TellsAnObserverOfAFrameThatReallyChanged) {

@@ -68,10 +68,10 @@ TEST_F(DisplaysTest, AreFoundByRectangleAndFollowEachOtherFromThatOfItsCorner) {
 TEST_F(DisplaysTest, AreFilledByAWindowBelowTheMenuBarToo) {
     connect({{-1440, 100, 1440, 900}});
     const std::pair<Rect, bool> cases[] = {
-        {{-1440, 100, 1440, 900}, true},     {{-1440, 123, 1440, 877}, true},
-        {{-1440, 123, 1440, 870}, true},     {{-1440, 123, 1440, 2000}, true},
-        {{-1440, 123, 1440, 869.99}, false}, {{-1440, 122, 1440, 877}, false},
-        {{-1440, 123, 1439, 877}, false},    {{-1440, 100, 1440, 899}, false},
+        {{-1440, 100, 1440, 900}, true},  {{-1440, 123, 1440, 870}, true},
+        {{-1440, 123, 1440, 2000}, true}, {{-1440, 123, 1440, 869.99}, false},
+        {{-1440, 122, 1440, 877}, false}, {{-1440, 123, 1439, 877}, false},
+        {{-1440, 100, 1440, 899}, false},
     };
     for (const auto& [rect, isFull] : cases) {
         EXPECT_EQ(isRectFullscreen(rect, display(1)), isFull) << rect.height;

@@ -86,11 +86,6 @@ TEST_F(WindowPlacementTest, ScalesAUserStateToTheDisplay) {
     }
 }
 
-TEST_F(WindowPlacementTest, TakesNoDisplayForOneOfZeros) {
-    EXPECT_EQ(computed(*userState({100, 50, 800, 600}, kMain), kNoDisplay), (Rect{0, -23, 0, 23}));
-    EXPECT_EQ(computed(*builtIn({0.9, 0.9}), kNoDisplay), Rect{});
-}
-
 TEST_F(WindowPlacementTest, CentresABuiltInStateAndRoundsItsOriginUpOnlyWhenComputing) {
     constexpr DisplayId kOddId = 4;
     desktop_.displays.setDisplays({{.id = kMainId, .bounds = kMain},

@@ -59,9 +59,6 @@ protected:
 TEST_F(SavePopoverTest, SavesTheTrackedWindowUnderANameAndAShortcut) {
     EXPECT_EQ(view().popover().shownAt, (PopoverAnchor{{1500, 0, 24, 30}, {0, 30, 1600, 870}}));
     EXPECT_EQ(view().appOnlyTitle, "Only active for org.example.Editor");
-    EXPECT_NE(view().applicationImage, nullptr);
-    EXPECT_EQ(desktop().workspace.frontmostApplication()->processIdentifier,
-              MemoryDesktop::kOwnPid);
     EXPECT_EQ(desktop().hotKeys.registeredCount(), 0U);
     record(kK, 0x80000);
     view().preferred = true;
@@ -111,11 +108,9 @@ TEST_F(SavePopoverTest, TakesTheWindowAsItIsNowAndForgetsTheShortcut) {
 
 TEST_F(SavePopoverTest, EscapeClosesAndTheHotKeysReturnWithTheNextApplication) {
     record(kK, 0x80000);
-    const auto events = desktop().analytics.events.size();
     EXPECT_FALSE(view().controller().keyDown({kK, 0}));
     EXPECT_TRUE(view().controller().keyDown({kEscape, 0}));
     EXPECT_FALSE(isShown());
-    EXPECT_EQ(desktop().analytics.events.size(), events);
     desktop().mainLoop.runPending();
     EXPECT_EQ(desktop().hotKeys.registeredCount(), 4U);
 

@@ -92,15 +92,6 @@ TEST_F(StatusItemControllerTest, LetsTheApplicationWinOverGlobalAndBuiltInStates
     EXPECT_EQ(desktop_.hotKeys.registeredCount(), 5U); // four states and the next display
 }
 
-TEST_F(StatusItemControllerTest, StaysWithTheApplicationBehindThisProgram) {
-    program_.addState("Mine", false, kEditorId, 40, {2, 2, 300, 200});
-    desktop_.windows.activateApplication(MemoryDesktop::kOwnPid);
-    expectTracked(kEditor, kStart, 1);
-    EXPECT_EQ(frameAfter(40), (Rect{2, 2, 300, 200}));
-    program_.open(kTerminal, kTerminalId, kStart);
-    EXPECT_FALSE(program_.press(40));
-}
-
 TEST_F(StatusItemControllerTest, FollowsTheFocusedWindowAndItsDisplay) {
     expectTracked(kEditor, kStart, 1);
     desktop_.windows.setFrame(window_, {1500, 50, 700, 600});
@@ -139,22 +130,6 @@ TEST_F(StatusItemControllerTest, AppliesStatesByName) {
     EXPECT_EQ(frame(), kStart);
     EXPECT_TRUE(controller().applyWindowStateNamed("Mine", kTerminalId));
     EXPECT_EQ(frame(), (Rect{2, 2, 300, 200}));
-}
-
-TEST_F(StatusItemControllerTest, MovesOnWhenAStateIsInEffectAndTheUserAllowsIt) {
-    const Rect onLeft{144, 90, 1152, 720};
-    EXPECT_EQ(frameAfter(20), onLeft);
-    EXPECT_EQ(frameAfter(20), onLeft);
-    desktop_.userDefaults.setObject("AllowMoveWindow", true);
-    EXPECT_EQ(frameAfter(20), (Rect{1632, 108, 1536, 864}));
-    EXPECT_EQ(frameAfter(20), (Rect{3504, 90, 1152, 720}));
-    EXPECT_EQ(frameAfter(20), onLeft);
-    desktop_.displays.setDisplays({{.id = 1, .bounds = kLeft}});
-    EXPECT_EQ(frameAfter(18), kLeft);
-    EXPECT_EQ(frameAfter(18), kLeft) << "there is no other display";
-    EXPECT_EQ(desktop_.beeper.beeps, 0);
-    EXPECT_EQ(frameAfter(kNextKey), kLeft);
-    EXPECT_EQ(desktop_.beeper.beeps, 1);
 }
 
 TEST_F(StatusItemControllerTest, MovesToTheNextDisplayWithItsKeyAndShowsIt) {

@@ -5,7 +5,7 @@
 #include "services/launch_agent_startup_item.h"
 #include "support/temporary_folder.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <limits>
 
@@ -71,14 +71,6 @@ TEST(LoginItem, IsInstalledWhileItsFileIsThereAndPointedAtThisCopyUnlessItIsNotO
         current.updateExecutablePath();
         EXPECT_EQ(contentOf(*current.installedAgentPath()), "unrelated");
     }
-}
-
-TEST(LaunchAgentFormat, WritesAnXmlPropertyList) {
-    const auto encoded = LaunchAgentFormat("/home/u").encode(
-        {"com.quillfen", "/opt/panewright", std::vector{"a"s, "b"s}});
-    EXPECT_THAT(encoded, testing::HasSubstr("<dict>\n\t<key>Label</key>\n"
-                                            "\t<string>com.quillfen</string>\n"));
-    EXPECT_THAT(encoded, testing::HasSubstr("<key>RunAtLoad</key>\n\t<true/>\n"));
 }
 
 TEST(AutostartEntryFormat, LeavesAnEntryAloneThatTheUserHasSwitchedOff) {

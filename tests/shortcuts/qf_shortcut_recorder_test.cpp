@@ -112,10 +112,6 @@ TEST_F(QFShortcutRecorderTest, FollowsItsRules) {
          "⌥⇥"},
         {"a bare key is refused", {begin, unusedKey(kA)}, restored, "⌥A", false, 1},
         {"it can be wanted", {bareKeysCount, begin, key(kA)}, began + "set 0+0;", "A"},
-        {"Space and Delete are like others",
-         {begin, hold(kOption), key(kSpace, kOption), begin, hold(kShift), key(kDelete, kShift)},
-         began + "set 524288+49;clear 524288+49;set 131072+51;",
-         "⇧⌫"},
         {"Delete clears while idle", {key(kDelete)}, began, empty},
         {"other keys go on while idle", {unusedKey(kA, kOption)}, "", "⌥A"},
         {"a key without code is refused", {begin, noCode}, began, waiting, true, 1},
@@ -159,20 +155,6 @@ TEST_F(QFShortcutRecorderTest, FollowsItsRules) {
         EXPECT_EQ(recorder_.isRecording(), each.isRecording);
         EXPECT_EQ(beeper_.beeps, each.beeps);
     }
-}
-
-TEST_F(QFShortcutRecorderTest, PlacesItsButtonsAtTheRightEdge) {
-    recorder_.setKeyCode(kA, 0); // which types nothing yet, so shows nothing to clear
-    EXPECT_EQ(recorder_.snapBackButton(kView), std::nullopt);
-    key(kSpace)();
-    EXPECT_EQ(recorder_.clearButton(kView), std::nullopt);
-    EXPECT_EQ(recorder_.snapBackButton(kView), (Rect{184, 5, 12, 12}));
-    key(kEscape)();
-    layout_.setKeys({{0, "a"}});
-    recorder_.setKeyCode(kA, 0);
-    key(kSpace)();
-    EXPECT_EQ(recorder_.clearButton(kView), (Rect{184, 5, 12, 12}));
-    EXPECT_EQ(recorder_.snapBackButton(kView), (Rect{168, 5, 12, 12}));
 }
 
 } // namespace

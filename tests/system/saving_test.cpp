@@ -210,10 +210,8 @@ TEST_P(Recording, TakesEveryKeyThatHasACode) {
         {"one of another program's", KEY_LEFTALT, KEY_7, 26, kOption},
         {"a function key", 0, KEY_F6, 97, 0},
         {"a keypad key", 0, KEY_KPPLUS, 69, 0},
-        {"a bare key", 0, KEY_X, 7, 0},
         {"Space", KEY_LEFTALT, KEY_SPACE, 49, kOption},
         {"Delete", KEY_LEFTMETA, KEY_BACKSPACE, 51, kCommand},
-        {"Escape", 0, KEY_ESC, std::nullopt, 0},
         {"Tab", 0, KEY_TAB, std::nullopt, 0},
         {"a key without a code, then Escape", KEY_PLAYPAUSE, KEY_ESC, std::nullopt, 0},
         {"a dead key of the second layout", KEY_RIGHTCTRL, KEY_GRAVE, 50, 0},
@@ -223,11 +221,8 @@ TEST_P(Recording, TakesEveryKeyThatHasACode) {
         openPopover(window);
         type("Recorded");
         press({"Tab", "space"});
-        if (each.modifier != 0) {
-            desktop_.keyboard().tap(each.modifier, each.key);
-        } else {
-            desktop_.keyboard().tap(each.key);
-        }
+        each.modifier ? desktop_.keyboard().tap(each.modifier, each.key)
+                      : desktop_.keyboard().tap(each.key);
         press({"Return"});
         ASSERT_TRUE(eventually([&] { return window.isActive(); }));
         EXPECT_EQ(frameOf(window), before);

@@ -10,7 +10,6 @@
 #include "desktop/memory/memory_views.h"
 #include "desktop/memory/memory_services.h"
 #include "desktop/memory/memory_status_item.h"
-#include "desktop/memory/memory_system_tray.h"
 #include "desktop/memory/memory_user_defaults.h"
 #include "desktop/memory/memory_windows.h"
 #include "desktop/memory/memory_work_areas.h"
@@ -36,7 +35,6 @@ struct MemoryDesktop {
     MemoryHotKeys hotKeys{mainLoop};
     MemoryNativeKeyCodes nativeKeyCodes;
     MemoryKeyboardLayout keyboardLayout;
-    MemorySystemTray tray{mainLoop};
     MemoryStatusItem statusItem;
     MemoryMenuView menuView;
     MemoryViews views{windows, kOwnPid};
