@@ -6,7 +6,6 @@
 #include "desktop/memory/memory_hot_keys.h"
 #include "desktop/memory/memory_keyboard_layout.h"
 #include "desktop/memory/memory_main_loop.h"
-#include "desktop/memory/memory_native_key_codes.h"
 #include "desktop/memory/memory_services.h"
 #include "desktop/memory/memory_status_item.h"
 #include "desktop/memory/memory_user_defaults.h"
@@ -33,7 +32,6 @@ struct MemoryDesktop {
     MemoryWorkspace workspace{windows, kOwnPid};
     MemoryApplicationIcons icons;
     MemoryHotKeys hotKeys{mainLoop};
-    MemoryNativeKeyCodes nativeKeyCodes;
     MemoryKeyboardLayout keyboardLayout;
     MemoryStatusItem statusItem;
     MemoryMenuView menuView;
