@@ -82,7 +82,7 @@ public:
     /// Whether Tab can be recorded; else it ends a recording. False at first.
     void setCaptureTabKey(bool capture) { captureTabKey_ = capture; }
     /// Whether a key without modifiers is refused. True at first.
-    void setRequiresModifierFlags(bool requires_) { requiresModifierFlags_ = requires_; }
+    void setRequiresModifierFlags(bool required) { requiresModifierFlags_ = required; }
 
     // What is shown; setting one redraws.
     const std::string& defaultLabel() const { return defaultLabel_; }

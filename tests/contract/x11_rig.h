@@ -1,9 +1,11 @@
 #pragma once
 
 #include "desktop/linux/x11_desktop.h"
-#include "desktop/memory/memory_main_loop.h"
+#include "desktop/memory/memory_desktop.h"
 #include "support/desktop.h"
 #include "support/eventually.h"
+
+#include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <memory>
@@ -32,6 +34,26 @@ public:
     test::Desktop desktop;
     MemoryMainLoop loop;
     std::unique_ptr<X11Desktop> ports;
+};
+
+/// A suite for the desktop in memory and for X11.
+class DesktopContract : public testing::TestWithParam<const char*> {
+protected:
+    DesktopContract() {
+        if (GetParam() == std::string("X11")) {
+            // The server cannot tell that all windows are this process's: they say whose they are.
+            x11_.emplace(test::Screen{.arguments = {"-extension", "X-Resource"}});
+        }
+    }
+
+    template <class Condition>
+    bool eventually(Condition condition) {
+        memory_.mainLoop.runPending();
+        return x11_ ? x11_->eventually(condition) : condition();
+    }
+
+    MemoryDesktop memory_;
+    std::optional<X11Rig> x11_;
 };
 
 } // namespace panewright

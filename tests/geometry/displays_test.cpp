@@ -34,23 +34,16 @@ TEST_F(DisplaysTest, AreFortyEightHoweverFewThereAreAndFollowTheDesktop) {
     ASSERT_THAT(all, SizeIs(48));
     EXPECT_EQ(all[1].displayId(), 5U);
     EXPECT_EQ(all[47].displayId(), kNoDisplay);
-    EXPECT_EQ(all[47].bounds(), Rect{});
     EXPECT_EQ(QuartzDisplay::numberOfDisplays(displays_), 2U);
     EXPECT_THAT(QuartzDisplay::screens(displays_), SizeIs(1));
     EXPECT_EQ(idOf(QuartzDisplay::withPoint(displays_, {1, 1})), 5U) << "the mirrored one";
     EXPECT_EQ(display(5).serialAndVendorAndUnit(), "0_1552_1");
-    EXPECT_THAT(display(5).description(),
-                testing::MatchesRegex("<QuartzDisplay:0x[0-9a-f]+> \\(displayId:5, x:0.000000, "
-                                      "y:0.000000, width:800.000000px, height:600.000000px\\)"));
     const QuartzDisplay followed = display(5);
     displays_.setDisplays({{.id = 5, .bounds = {10, 20, 640, 480}}});
     EXPECT_EQ(followed.bounds(), (Rect{10, 20, 640, 480}));
     displays_.setDisplays({});
     EXPECT_EQ(followed.bounds(), Rect{});
     EXPECT_FALSE(followed.screen());
-    EXPECT_TRUE(followed.isEqualToDisplay(display(5)));
-    EXPECT_FALSE(followed.isEqualToDisplay(std::nullopt));
-    EXPECT_TRUE(display(kNoDisplay).isEqualToDisplay(std::nullopt));
 }
 
 TEST_F(DisplaysTest, AreFoundByRectangleAndFollowEachOtherFromThatOfItsCorner) {
@@ -75,10 +68,10 @@ TEST_F(DisplaysTest, AreFoundByRectangleAndFollowEachOtherFromThatOfItsCorner) {
 TEST_F(DisplaysTest, AreFilledByAWindowBelowTheMenuBarToo) {
     connect({{-1440, 100, 1440, 900}});
     const std::pair<Rect, bool> cases[] = {
-        {{-1440, 100, 1440, 900}, true},     {{-1440, 123, 1440, 877}, true},
-        {{-1440, 123, 1440, 870}, true},     {{-1440, 123, 1440, 2000}, true},
-        {{-1440, 123, 1440, 869.99}, false}, {{-1440, 122, 1440, 877}, false},
-        {{-1440, 123, 1439, 877}, false},    {{-1440, 100, 1440, 899}, false},
+        {{-1440, 100, 1440, 900}, true},  {{-1440, 123, 1440, 870}, true},
+        {{-1440, 123, 1440, 2000}, true}, {{-1440, 123, 1440, 869.99}, false},
+        {{-1440, 122, 1440, 877}, false}, {{-1440, 123, 1439, 877}, false},
+        {{-1440, 100, 1440, 899}, false},
     };
     for (const auto& [rect, isFull] : cases) {
         EXPECT_EQ(isRectFullscreen(rect, display(1)), isFull) << rect.height;

@@ -79,17 +79,11 @@ TEST_F(WindowPlacementTest, ScalesAUserStateToTheDisplay) {
         {"an equal one elsewhere", kWindow, kMain, kEndId, {3460, 27, 800, 623}},
         {"a smaller display", {1440, 0, 960, 540}, kRight, kMainId, {0, -23, 720, 473}},
         {"halves away from zero", {1, -1, 2, 2}, {0, 0, 2, 2}, kMainId, {720, -473, 1440, 923}},
-        {"below zero too", {-0.5, 0, 1, 1}, {0, 0, 1440, 100}, kMainId, {-1, -23, 1, 32}},
     };
     for (const auto& [what, saved, savedOn, on, frame] : cases) {
         EXPECT_EQ(computed(*userState(saved, savedOn), on), frame) << what;
         EXPECT_EQ(applied(*userState(saved, savedOn), on), frame) << what;
     }
-}
-
-TEST_F(WindowPlacementTest, TakesNoDisplayForOneOfZeros) {
-    EXPECT_EQ(computed(*userState({100, 50, 800, 600}, kMain), kNoDisplay), (Rect{0, -23, 0, 23}));
-    EXPECT_EQ(computed(*builtIn({0.9, 0.9}), kNoDisplay), Rect{});
 }
 
 TEST_F(WindowPlacementTest, CentresABuiltInStateAndRoundsItsOriginUpOnlyWhenComputing) {
@@ -124,9 +118,6 @@ TEST_F(WindowPlacementTest, PrefersTheFirstDisplayOfTheSavedSizeOnlyWhenApplying
     state->setPrefersDisplay(true);
     EXPECT_EQ(applied(*state, kRightId), (Rect{100, 27, 800, 623}));
     EXPECT_EQ(computed(*state, kRightId), (Rect{1573, 37, 800.0 / 1440 * 1920, 743}));
-    const auto gone = userState({0, 0, 320, 240}, {0, 0, 640, 480});
-    gone->setPrefersDisplay(true);
-    EXPECT_EQ(applied(*gone, kRightId), (Rect{1440, -23, 960, 563}));
 }
 
 TEST_F(WindowPlacementTest, LeavesAWindowAloneThatCannotBeMovedAndResized) {

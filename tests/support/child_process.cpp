@@ -97,7 +97,7 @@ bool ChildProcess::waitForErrorLine(std::string_view start) {
     const auto hasLine = [&] {
         return ("\n" + standardError()).find("\n" + std::string(start)) != std::string::npos;
     };
-    eventually([&] { return hasLine() || exitStatus(); });
+    eventually([&] { return hasLine() || exitStatus(); }, kSlowestStart);
     return hasLine();
 }
 

@@ -7,6 +7,8 @@ namespace panewright::test {
 
 /// Long enough for a busy machine; only a test that fails waits so long.
 constexpr std::chrono::milliseconds kPatience{5000};
+/// The same for a program that starts.
+constexpr std::chrono::seconds kSlowestStart{15};
 
 /// Whether the condition holds before the timeout ends.
 template <class Condition>

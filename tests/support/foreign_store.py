@@ -18,16 +18,16 @@ UID = plistlib.UID
 class Archive:
     def __init__(self):
         self.objects = ["$null"]
+        self.classes = {}
 
     def add(self, value):
         self.objects.append(value)
         return UID(len(self.objects) - 1)
 
     def class_entry(self, *names):
-        for index, entry in enumerate(self.objects):
-            if isinstance(entry, dict) and entry.get("$classname") == names[0]:
-                return UID(index)
-        return self.add({"$classname": names[0], "$classes": list(names)})
+        if names not in self.classes:
+            self.classes[names] = self.add({"$classname": names[0], "$classes": list(names)})
+        return self.classes[names]
 
     def coded(self, value):
         """The reference of a value. A container comes before what is in it."""

@@ -3,7 +3,6 @@
 #include "support/x_client.h"
 
 #include <cstdint>
-#include <stdexcept>
 #include <xcb/xtest.h>
 
 namespace panewright::test {
@@ -29,19 +28,11 @@ public:
         release(modifier);
     }
 
-    /// Taps the lock key if its modifier (XCB_MOD_MASK_2 and so on) is not as wanted.
-    void setLock(std::uint16_t key, std::uint16_t modifier, bool on) const {
-        const auto isOn = [&] {
-            const ReplyPointer<xcb_query_pointer_reply_t> state(xcb_query_pointer_reply(
-                x_.connection(), xcb_query_pointer(x_.connection(), x_.root()), nullptr));
-            return state && (state->mask & modifier) != 0;
-        };
-        if (isOn() != on) {
-            tap(key);
-        }
-        if (isOn() != on) {
-            throw std::runtime_error("the lock key does not work");
-        }
+    /// The modifiers and locks that are on, of XCB_MOD_MASK_LOCK and so on.
+    std::uint16_t modifiers() const {
+        const ReplyPointer<xcb_query_pointer_reply_t> state(xcb_query_pointer_reply(
+            x_.connection(), xcb_query_pointer(x_.connection(), x_.root()), nullptr));
+        return state ? state->mask : std::uint16_t{0};
     }
 
     /// The server's code of the key.

@@ -41,11 +41,11 @@ void TestClient::setHints(const Options& options) const {
     std::vector<std::uint32_t> hints(18); // WM_SIZE_HINTS of the ICCCM
     hints[0] = kUserPosition | kGravity;
     hints[17] = options.gravity;
-    const auto set = [&](std::uint32_t flag, std::size_t index, const std::optional<Extent>& size) {
+    const auto set = [&](std::uint32_t flag, std::size_t index, const std::optional<Size>& size) {
         if (size) {
             hints[0] |= flag;
-            hints[index] = size->width;
-            hints[index + 1] = size->height;
+            hints[index] = static_cast<std::uint32_t>(size->width);
+            hints[index + 1] = static_cast<std::uint32_t>(size->height);
         }
     };
     set(kMinimumSize, 5, options.minimumSize);

@@ -8,11 +8,6 @@
 
 namespace panewright::test {
 
-/// In pixels.
-struct ClientExtent {
-    std::uint32_t width = 0;
-    std::uint32_t height = 0;
-};
 struct ClientOptions {
     Frame client{.x = 100, .y = 100, .width = 400, .height = 300};
     std::string windowClass = "TestClient";
@@ -21,9 +16,9 @@ struct ClientOptions {
     /// Whether the window manager may focus it when it is shown (EWMH, _NET_WM_USER_TIME).
     bool wantsFocus = true;
     xcb_gravity_t gravity = XCB_GRAVITY_NORTH_WEST;
-    std::optional<ClientExtent> minimumSize;
-    std::optional<ClientExtent> maximumSize;
-    std::optional<ClientExtent> increments;
+    std::optional<Size> minimumSize;
+    std::optional<Size> maximumSize;
+    std::optional<Size> increments;
     /// The invisible border (left, right, top, bottom) of a window that draws its own frame.
     std::optional<std::array<std::uint32_t, 4>> gtkFrameExtents;
 };
@@ -32,7 +27,6 @@ struct ClientOptions {
 /// manager when the constructor returns. Goes with its object.
 class TestClient {
 public:
-    using Extent = ClientExtent;
     using Options = ClientOptions;
 
     explicit TestClient(const std::string& display, const Options& options = {});

@@ -81,7 +81,6 @@ WindowManager::WindowManager(std::string_view name, const XClient& x, const Priv
         x.sendToWindowManager(probe, "_NET_REQUEST_FRAME_EXTENTS", {});
         return !x.property(probe, "_NET_FRAME_EXTENTS").empty();
     };
-    constexpr std::chrono::seconds kSlowestStart{15};
     eventually([&] { return process_->exitStatus() || isReady(); }, kSlowestStart);
     if (process_->exitStatus() || !isReady()) {
         throw std::runtime_error(command->arguments.front() +

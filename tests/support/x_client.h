@@ -44,7 +44,7 @@ public:
     /// None while no window is active.
     xcb_window_t activeWindow() const;
 
-    /// Asks the window manager, as a pager does.
+    /// Tells all who listen at the root window: asks the window manager, as a pager does.
     void sendToWindowManager(xcb_window_t window, std::string_view message,
                              const std::array<std::uint32_t, 5>& values) const;
 

@@ -7,14 +7,16 @@
 namespace panewright::test {
 namespace {
 
-/// A panel with nothing but a tray, the program's icon at its right end, and a bus for both.
+/// A panel with nothing but a tray, the program's icon at its right end, beside a window manager.
 struct Panel {
+    const char* windowManager;
     const char* program;
     const char* configurationFile;
     const char* configuration;
     Point icon;
 };
-const Panel kTint2{"tint2",
+const Panel kTint2{"openbox",
+                   "tint2",
                    "tint2/tint2rc",
                    R"(panel_items = FS
 panel_size = 100% 30
@@ -24,7 +26,8 @@ systray_padding = 4 4 4
 systray_icon_size = 22
 )",
                    {1585, 885}};
-const Panel kXfce4Panel{"xfce4-panel",
+const Panel kXfce4Panel{"xfwm4",
+                        "xfce4-panel",
                         "xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml",
                         R"(<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfce4-panel" version="1.0">
@@ -48,26 +51,21 @@ const Panel kXfce4Panel{"xfce4-panel",
 )",
                         {1585, 13}};
 
-struct Setting {
-    const char* windowManager;
-    const Panel& panel;
-};
-void PrintTo(const Setting& setting, std::ostream* out) {
-    *out << setting.windowManager << " with " << setting.panel.program;
+void PrintTo(const Panel& panel, std::ostream* out) {
+    *out << panel.program;
 }
 
 /// The program in a panel, used with mouse and keyboard. Keys are as xdotool names them.
-class Saving : public testing::TestWithParam<Setting> {
+class Saving : public testing::TestWithParam<Panel> {
 protected:
     Saving() {
         environment_["DBUS_SESSION_BUS_ADDRESS"] = bus_.firstLine();
         environment_["NO_AT_BRIDGE"] = "1";
-        setContent(std::filesystem::path(environment_["XDG_CONFIG_HOME"]) /
-                       GetParam().panel.configurationFile,
-                   GetParam().panel.configuration);
+        setContent(environment_["XDG_CONFIG_HOME"] + "/" + GetParam().configurationFile,
+                   GetParam().configuration);
         start();
         // The icon waits for a panel.
-        panel_.emplace(std::vector<std::string>{GetParam().panel.program}, environment_);
+        panel_.emplace(std::vector<std::string>{GetParam().program}, environment_);
     }
     void start() { program_.emplace(environment_); }
 
@@ -79,14 +77,13 @@ protected:
     void type(const std::string& text) const { desktop_.run({"xdotool", "type", text}); }
 
     bool isMenuOpen() const {
-        return !runToEnd(
-                    {"sh", "-c", "xdotool search --onlyvisible --name '^Panewright menu' || true"},
-                    environment_)
-                    .empty();
+        ChildProcess search({"xdotool", "search", "--onlyvisible", "--name", "^Panewright menu"},
+                            environment_);
+        return search.waitForEnd() == 0;
     }
     void openMenu() const {
         const auto click = [&] {
-            const auto& icon = GetParam().panel.icon;
+            const auto& icon = GetParam().icon;
             desktop_.run({"xdotool", "mousemove", std::to_string(int(icon.x)),
                           std::to_string(int(icon.y)), "click", "1"});
             return eventually([&] { return isMenuOpen(); }, std::chrono::seconds(2));
@@ -188,9 +185,7 @@ TEST_P(Saving, GivesTheKeyboardBackWhenItIsCancelled) {
     EXPECT_EQ((*program_)->waitForEnd(), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Everywhere, Saving,
-                         testing::Values(Setting{"openbox", kTint2}, Setting{"xfwm4", kXfce4Panel},
-                                         Setting{"marco", kTint2}),
+INSTANTIATE_TEST_SUITE_P(Everywhere, Saving, testing::Values(kTint2, kXfce4Panel),
                          [](const auto& suite) { return std::string(suite.param.windowManager); });
 
 class Recording : public Saving {};
@@ -215,10 +210,8 @@ TEST_P(Recording, TakesEveryKeyThatHasACode) {
         {"one of another program's", KEY_LEFTALT, KEY_7, 26, kOption},
         {"a function key", 0, KEY_F6, 97, 0},
         {"a keypad key", 0, KEY_KPPLUS, 69, 0},
-        {"a bare key", 0, KEY_X, 7, 0},
         {"Space", KEY_LEFTALT, KEY_SPACE, 49, kOption},
         {"Delete", KEY_LEFTMETA, KEY_BACKSPACE, 51, kCommand},
-        {"Escape", 0, KEY_ESC, std::nullopt, 0},
         {"Tab", 0, KEY_TAB, std::nullopt, 0},
         {"a key without a code, then Escape", KEY_PLAYPAUSE, KEY_ESC, std::nullopt, 0},
         {"a dead key of the second layout", KEY_RIGHTCTRL, KEY_GRAVE, 50, 0},
@@ -228,11 +221,8 @@ TEST_P(Recording, TakesEveryKeyThatHasACode) {
         openPopover(window);
         type("Recorded");
         press({"Tab", "space"});
-        if (each.modifier != 0) {
-            desktop_.keyboard().tap(each.modifier, each.key);
-        } else {
-            desktop_.keyboard().tap(each.key);
-        }
+        each.modifier ? desktop_.keyboard().tap(each.modifier, each.key)
+                      : desktop_.keyboard().tap(each.key);
         press({"Return"});
         ASSERT_TRUE(eventually([&] { return window.isActive(); }));
         EXPECT_EQ(frameOf(window), before);
@@ -243,7 +233,7 @@ TEST_P(Recording, TakesEveryKeyThatHasACode) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Everywhere, Recording, testing::Values(Setting{"openbox", kTint2}),
+INSTANTIATE_TEST_SUITE_P(Everywhere, Recording, testing::Values(kTint2),
                          [](const auto& suite) { return std::string(suite.param.windowManager); });
 
 } // namespace

@@ -54,7 +54,7 @@ TEST_F(SeveralDisplays, KeepAStateWhereItIsUnlessTheUserLetsItMoveOn) {
 TEST_F(SeveralDisplays, AreGoneThroughByAWindowOfWholeCellsToo) {
     writeSettings("AllowMoveWindow=true\n");
     const Program program(desktop_);
-    const TestClient cells(desktop_.display(), {.increments = TestClient::Extent{10, 20}});
+    const TestClient cells(desktop_.display(), {.increments = Size{10, 20}});
     cells.activate();
     expectAfter(KEY_4, {175, 140, 642, 505}, desktop_, cells.window());
     expectAfter(KEY_4, {1240, 135, 882, 485}, desktop_, cells.window());

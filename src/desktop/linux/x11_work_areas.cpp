@@ -101,6 +101,7 @@ std::vector<xcb_window_t> X11WorkAreas::outerWindows() const {
     std::vector<xcb_window_t> found;
     for (int depth = 0; depth < 2; ++depth) {
         std::vector<xcb_query_tree_cookie_t> requests;
+        requests.reserve(parents.size());
         for (const auto parent : parents) {
             requests.push_back(xcb_query_tree(connection_, parent));
         }

@@ -2,7 +2,6 @@
 
 #include "desktop/memory/memory_accessibility.h"
 #include "desktop/memory/memory_application_icons.h"
-#include "desktop/memory/memory_compositing.h"
 #include "desktop/memory/memory_displays.h"
 #include "desktop/memory/memory_hot_keys.h"
 #include "desktop/memory/memory_keyboard_layout.h"
@@ -10,7 +9,6 @@
 #include "desktop/memory/memory_native_key_codes.h"
 #include "desktop/memory/memory_services.h"
 #include "desktop/memory/memory_status_item.h"
-#include "desktop/memory/memory_system_tray.h"
 #include "desktop/memory/memory_user_defaults.h"
 #include "desktop/memory/memory_views.h"
 #include "desktop/memory/memory_windows.h"
@@ -37,8 +35,6 @@ struct MemoryDesktop {
     MemoryHotKeys hotKeys{mainLoop};
     MemoryNativeKeyCodes nativeKeyCodes;
     MemoryKeyboardLayout keyboardLayout;
-    MemorySystemTray tray{mainLoop};
-    MemoryCompositing compositing;
     MemoryStatusItem statusItem;
     MemoryMenuView menuView;
     MemoryViews views{windows, kOwnPid};

@@ -10,7 +10,7 @@ namespace {
 
 /// A shortcut stands in a column of its own, behind a tab.
 QString textOf(const MenuItem& item) {
-    const auto title = QString::fromStdString(item.title);
+    auto title = QString::fromStdString(item.title);
     if (item.keyEquivalent.empty()) {
         return title;
     }

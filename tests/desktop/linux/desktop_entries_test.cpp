@@ -50,20 +50,15 @@ TEST(DesktopEntries, AreFoundByTheirIdAndTheClassOfAWindow) {
     write("system/applications/a.desktop", "A\nStartupWMClass=Draw\nNoDisplay=true");
     write("system/applications/b.desktop", "B\nStartupWMClass=Draw");
     const std::pair<const char*, const char*> ids[] = {
-        {"org.example.Editor", "My Editor"},
-        {"org.example.Editor.desktop", "My Editor"},
-        {"/usr/share/applications/org.example.Editor.desktop", "My Editor"},
-        {"org.example.editor", "none"},
-        {"gone", "none"},
-        {"suite-Writer", "Writer"},
-        {"", "none"}};
+        {"org.example.Editor", "My Editor"}, {"org.example.Editor.desktop", "My Editor"},
+        {"org.example.editor", "none"},      {"gone", "none"},
+        {"suite-Writer", "Writer"},          {"", "none"}};
     for (const auto& [id, name] : ids) {
         EXPECT_EQ(nameOf(entries.withId(id)), name) << id;
     }
     const std::array<const char*, 3> classes[] = {{"draw", "Draw", "B"},
                                                   {"Draw", "Other", "B"},
                                                   {"x", "ORG.example.EDITOR", "My Editor"},
-                                                  {"suite-writer", "x", "Writer"},
                                                   {"gone", "Gone", "none"},
                                                   {"", "", "none"}};
     for (const auto& [instance, windowClass, name] : classes) {

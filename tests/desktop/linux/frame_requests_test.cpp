@@ -3,7 +3,6 @@
 #include "support/print_geometry.h"
 
 #include <gtest/gtest.h>
-#include <xcb/xcb.h>
 
 #include <limits>
 
@@ -32,23 +31,6 @@ TEST(FrameRequests, RoundAPositionUpAndASizeToTheNearestAndDropWhatXCannotExpres
         EXPECT_FALSE(isExpressible(Point{value, 0})) << value;
         EXPECT_FALSE(isExpressible(Size{1, value})) << value;
     }
-}
-
-TEST(FrameRequests, NameTheWindowsOwnGravityAndItsReferencePoint) {
-    const PositionRequest requests[] = {{XCB_GRAVITY_NORTH_WEST, 100, 200},
-                                        {XCB_GRAVITY_NORTH_EAST, 103, 200},
-                                        {XCB_GRAVITY_SOUTH_WEST, 100, 225},
-                                        {XCB_GRAVITY_SOUTH_EAST, 103, 225},
-                                        {XCB_GRAVITY_STATIC, 101, 220}};
-    const auto requestOf = [](std::uint32_t gravity, bool isOwn = true) {
-        return positionRequest({101, 220, 300, 200}, {1, 2, 20, 5}, gravity, isOwn);
-    };
-    for (const auto& request : requests) {
-        EXPECT_EQ(requestOf(request.gravity), request) << request.gravity;
-    }
-    EXPECT_EQ(requestOf(XCB_GRAVITY_CENTER), requests[4]);
-    EXPECT_EQ(requestOf(XCB_GRAVITY_NORTH), requests[4]);
-    EXPECT_EQ(requestOf(XCB_GRAVITY_NORTH_WEST, false), requests[4]);
 }
 
 TEST(FrameRequests, ReportWhatWasWrittenWhileTheWindowStandsNearIt) {

@@ -20,25 +20,9 @@ protected:
 };
 
 TEST_F(IniUserDefaultsTest, GivesBackValueAndKindAndKeepsKeysApart) {
-    const char* texts[] = {"plain text",
-                           "",
-                           "true",
-                           "18",
-                           "-0.5",
-                           " blanks ",
-                           "two\nlines\r\n",
-                           R"("quoted" \ back)",
-                           "\"",
-                           "; no comment",
-                           "#c",
-                           "[no section]",
-                           "a=b",
-                           "Grüße 窗口",
-                           "ключ",
-                           "%41",
-                           "A",
-                           "base64:AAEC",
-                           "base64:?"};
+    const char* texts[] = {
+        "plain", "",  "true",       "18",  "-0.5",       " blanks ", "two\nlines\r\n", "\"q\" \\ b",
+        "; no",  "#", "[no group]", "a=b", "Grüße 窗口", "%41",      "base64:AAEC",    "base64:?"};
     for (const std::string text : texts) {
         store_.setObject(text, text);
     }
