@@ -145,7 +145,7 @@ TEST(XkbKeyboardLayout, NamesKeysByTheLayoutAndTellsWhenItChanges) {
     const auto registration = layout.onChange([&] { ++changes; });
     EXPECT_EQ(layout.displayText(0), "a");
     EXPECT_EQ(layout.displayText(18), "1");
-    EXPECT_EQ(layout.displayText(82), "0"); // keypad, whatever NumLock says
+    EXPECT_EQ(layout.displayText(82), "0");    // keypad, whatever NumLock says
     EXPECT_EQ(layout.displayText(74), "Mute"); // types nothing
     EXPECT_EQ(layout.displayText(127), "");
     rig.desktop.run({"setxkbmap", "-layout", "fr"});
