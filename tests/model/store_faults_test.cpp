@@ -126,6 +126,7 @@ TEST_F(StoreFaultsTest, KeepsTheOldStatesWhicheverCallFailsAndSavesThemNextTime)
 }
 
 TEST_F(StoreFaultsTest, LogsALastingCauseOnceAndMakesAVanishedFolderAnew) {
+    model_->finishSaving(); // of the built-in states
     std::filesystem::remove_all(folder_);
     for (const char* worked : {"first", "again"}) { // it had worked in between
         saveAs(worked);

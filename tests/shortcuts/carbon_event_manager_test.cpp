@@ -132,6 +132,7 @@ TEST_F(CarbonEventManagerTest, KeepsItsTableInTheUserDefaultsOnceToldTo) {
     EXPECT_EQ(userDefaults_.objectForKey(kKey), DefaultsValue(manager().keyEventsData()));
     manager().setWritesToDefaults(false);
     manager().removeAllEvents();
+    manager().setWritesToDefaults(true);
     manager().restoreFromDefaults();
     const auto restored = manager().keyEvents().at(18 + kOption);
     EXPECT_EQ(restored->tag(), -7);

@@ -9,6 +9,8 @@
 #include <QPainter>
 #include <QWindow>
 
+#include <utility>
+
 namespace panewright {
 namespace {
 
@@ -50,6 +52,7 @@ PopoverWindow::PopoverWindow(const NativeKeyCodes& keyCodes, const Compositing& 
 
 void PopoverWindow::show(const PopoverAnchor& anchor) {
     anchor_ = anchor;
+    mayBeMisplaced_ = true;
     place();
     QDialog::show();
 }
@@ -72,7 +75,17 @@ void PopoverWindow::place() {
         placePopover({toNative(size, *screen), kArrowMargin * ratio, kSideMargin * ratio}, anchor_);
     setArrow(placement.isBelow, qRound(placement.arrowX / ratio));
     windowHandle()->setScreen(screen);
-    setGeometry({fromNative(placement.frame.origin(), *screen), size});
+    place_ = fromNative(placement.frame.origin(), *screen);
+    setGeometry({place_, size});
+}
+
+/// Some managers, such as i3, move a window when it is first shown, for the frame that it does not
+/// get.
+void PopoverWindow::moveEvent(QMoveEvent* event) {
+    QDialog::moveEvent(event);
+    if (isVisible() && pos() != place_ && std::exchange(mayBeMisplaced_, false)) {
+        move(place_);
+    }
 }
 
 void PopoverWindow::setArrow(bool atTop, int x) {

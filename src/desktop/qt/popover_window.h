@@ -33,6 +33,7 @@ public:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     /// Neither Escape nor the window manager closes it behind the controller's back.
     void reject() override;
@@ -47,6 +48,9 @@ private:
     const Compositing& compositing_;
     std::function<bool(const KeyEvent&)> keyDown_;
     PopoverAnchor anchor_;
+    QPoint place_;
+    /// The window manager may still have to be told once more.
+    bool mayBeMisplaced_ = false;
     bool arrowAtTop_ = true;
     int arrowX_ = 0;
 };
