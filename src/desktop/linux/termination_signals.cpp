@@ -24,13 +24,13 @@ TerminationSignals::~TerminationSignals() {
 
 Registration TerminationSignals::onSignal(MainLoop& mainLoop,
                                           std::function<void()> callback) const {
-    return mainLoop.whenReadable(
-        descriptor_, [descriptor = descriptor_, callback = std::move(callback)] {
-            signalfd_siginfo info{};
-            while (read(descriptor, &info, sizeof info) == sizeof info) {
-                callback();
-            }
-        });
+    return mainLoop.whenReadable(descriptor_,
+                                 [descriptor = descriptor_, callback = std::move(callback)] {
+                                     signalfd_siginfo info{};
+                                     while (read(descriptor, &info, sizeof info) == sizeof info) {
+                                         callback();
+                                     }
+                                 });
 }
 
 } // namespace panewright
