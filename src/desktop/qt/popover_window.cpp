@@ -5,6 +5,7 @@
 #include "shortcuts/virtual_key_codes.h"
 #include "ui/popover_placement.h"
 
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QWindow>
@@ -104,6 +105,14 @@ void PopoverWindow::makeKeyAndOrderFront() {
 
 void PopoverWindow::reject() {
     keyDown_({kEscapeKeyCode, 0});
+}
+
+void PopoverWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    reject();
+    if (isVisible()) { // a recording took the first one for itself
+        reject();
+    }
 }
 
 bool PopoverWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -37,6 +37,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     /// Neither Escape nor the window manager closes it behind the controller's back.
     void reject() override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void place();
