@@ -66,7 +66,8 @@ TEST_F(ForeignStoreTest, IsReadAndWrittenFieldByField) {
     EXPECT_TRUE(run("read", states));
 
     run("write", R"({"globals": [{"class": "WindowState", "WindowState.IsGlobal": 1}]})");
-    const WindowState& sparse = *makeModel()->globalWindowStates()->at(0);
+    const auto sparseModel = makeModel();
+    const WindowState& sparse = *sparseModel->globalWindowStates()->at(0);
     EXPECT_TRUE(sparse.isGlobal()) << "1 counts as true";
     EXPECT_EQ(sparse.originalWindowRect(), Rect()) << "fields may be left out";
 }
