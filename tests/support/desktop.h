@@ -36,7 +36,7 @@ public:
     /// Starts a window manager, which takes over from the one before.
     void manageWith(std::string_view windowManager) {
         // The one before goes when the new one has taken over.
-        auto successor = std::make_unique<WindowManager>(windowManager, x_, home_, environment());
+        auto successor = std::make_unique<WindowManager>(windowManager, x_, environment());
         windowManager_ = std::move(successor);
     }
     void killWindowManager() { windowManager_->kill(); }

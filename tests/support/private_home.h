@@ -4,25 +4,22 @@
 
 #include <map>
 #include <string>
-#include <string_view>
 
 namespace panewright::test {
 
 using Environment = std::map<std::string, std::string>;
 
-/// A user who has nothing but an empty folder, which goes with this object.
+/// A user who has nothing but a folder with settings of window managers and panels, which goes with
+/// this object.
 class PrivateHome {
 public:
     PrivateHome() {
-        for (const char* folder : {"config", "cache", "data", "runtime"}) {
+        for (const char* folder : {"cache", "data", "runtime"}) {
             std::filesystem::create_directory(folder_.path() / folder);
         }
+        std::filesystem::copy(CONFIG_HOME, folder_.path() / "config",
+                              std::filesystem::copy_options::recursive);
         std::filesystem::permissions(folder_.path() / "runtime", std::filesystem::perms::owner_all);
-    }
-
-    std::filesystem::path write(std::string_view name, const std::string& content) const {
-        setContent(folder_.path() / name, content);
-        return folder_.path() / name;
     }
 
     /// PATH, a plain locale, and HOME and the XDG folders inside the folder.

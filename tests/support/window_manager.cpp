@@ -9,25 +9,6 @@
 namespace panewright::test {
 namespace {
 
-constexpr const char* kOpenboxConfiguration = R"(
-<openbox_config xmlns="http://openbox.org/3.4/rc">
-  <theme><name>Clearlooks</name></theme>
-  <keyboard>
-    <keybind key="A-F5">
-      <action name="MoveResizeTo">
-        <x>80</x><y>45</y><width>1440</width><height>810</height>
-      </action>
-    </keybind>
-  </keyboard>
-</openbox_config>
-)";
-
-// Windows float, except those of the class Tiled.
-constexpr const char* kI3Configuration = R"config(# i3 config file (v4)
-font pango:DejaVu Sans Mono 8
-for_window [class="^(?!Tiled$)"] floating enable
-)config";
-
 struct Command {
     std::vector<std::string> arguments;
     bool needsBus = true;
@@ -46,12 +27,9 @@ const std::vector<Command> kCommands{
 
 } // namespace
 
-WindowManager::WindowManager(std::string_view name, const XClient& x, const PrivateHome& home,
-                             Environment environment) {
+WindowManager::WindowManager(std::string_view name, const XClient& x, Environment environment) {
     const auto command = std::ranges::find(
         kCommands, name, [](const Command& listed) { return listed.arguments.front(); });
-    home.write("config/openbox/rc.xml", kOpenboxConfiguration);
-    home.write("config/i3/config", kI3Configuration);
     environment["GSETTINGS_BACKEND"] = "memory"; // never the user's settings
     if (command->needsBus) {
         bus_ = std::make_unique<ChildProcess>(std::vector<std::string>{"dbus-daemon", "--session",

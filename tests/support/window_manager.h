@@ -8,14 +8,13 @@
 
 namespace panewright::test {
 
-/// A window manager with a configuration of its own, in charge when the constructor returns. Takes
-/// over from one that runs already.
+/// A window manager with the configuration of the tests, in charge when the constructor returns.
+/// Takes over from one that runs already.
 class WindowManager {
 public:
     /// One of those that window_manager.cpp lists. openbox puts a window at (80, 45) with 1440 by
     /// 810 for Alt+F5; no other key is bound.
-    WindowManager(std::string_view name, const XClient& x, const PrivateHome& home,
-                  Environment environment);
+    WindowManager(std::string_view name, const XClient& x, Environment environment);
 
     static bool isInstalled(std::string_view name);
 

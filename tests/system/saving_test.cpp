@@ -11,45 +11,10 @@ namespace {
 struct Panel {
     const char* windowManager;
     const char* program;
-    const char* configurationFile;
-    const char* configuration;
     Point icon;
 };
-const Panel kTint2{"openbox",
-                   "tint2",
-                   "tint2/tint2rc",
-                   R"(panel_items = FS
-panel_size = 100% 30
-panel_position = bottom center horizontal
-strut_policy = follow_size
-systray_padding = 4 4 4
-systray_icon_size = 22
-)",
-                   {1585, 885}};
-const Panel kXfce4Panel{"xfwm4",
-                        "xfce4-panel",
-                        "xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml",
-                        R"(<?xml version="1.0" encoding="UTF-8"?>
-<channel name="xfce4-panel" version="1.0">
-  <property name="configver" type="int" value="2"/>
-  <property name="panels" type="array"><value type="int" value="1"/>
-    <property name="panel-1" type="empty">
-      <property name="position" type="string" value="p=6;x=0;y=0"/>
-      <property name="length" type="uint" value="100"/>
-      <property name="position-locked" type="bool" value="true"/>
-      <property name="size" type="uint" value="26"/>
-      <property name="plugin-ids" type="array">
-        <value type="int" value="1"/><value type="int" value="2"/></property>
-    </property>
-  </property>
-  <property name="plugins" type="empty">
-    <property name="plugin-1" type="string" value="separator">
-      <property name="expand" type="bool" value="true"/></property>
-    <property name="plugin-2" type="string" value="systray"/>
-  </property>
-</channel>
-)",
-                        {1585, 13}};
+const Panel kTint2{"openbox", "tint2", {1585, 885}};
+const Panel kXfce4Panel{"xfwm4", "xfce4-panel", {1585, 13}};
 
 void PrintTo(const Panel& panel, std::ostream* out) {
     *out << panel.program;
@@ -61,8 +26,6 @@ protected:
     Saving() {
         environment_["DBUS_SESSION_BUS_ADDRESS"] = bus_.firstLine();
         environment_["NO_AT_BRIDGE"] = "1";
-        setContent(environment_["XDG_CONFIG_HOME"] + "/" + GetParam().configurationFile,
-                   GetParam().configuration);
         start();
         // The icon waits for a panel.
         panel_.emplace(std::vector<std::string>{GetParam().program}, environment_);
