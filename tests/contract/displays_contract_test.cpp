@@ -13,9 +13,6 @@ using testing::IsEmpty;
 
 class DisplaysContract : public DesktopContract {
 protected:
-    Displays& displays() {
-        return x11_ ? static_cast<Displays&>(x11_->ports->displays) : memory_.displays;
-    }
     void plugIn(const std::vector<Rect>& wanted) {
         std::vector<MemoryDisplays::Display> displays;
         std::vector<std::string> monitors;
@@ -32,33 +29,37 @@ protected:
             memory_.displays.setDisplays(displays);
         }
     }
+
+    const Displays& displays_ = ports_.displays;
 };
 
 TEST_P(DisplaysContract, KnowWhatTheyHoldAndFollowTheirUnplugging) {
     constexpr Rect kLeft{0, 0, 800, 900};
     constexpr Rect kRight{800, 0, 800, 900};
     int changes = 0;
-    const auto registration = displays().onChange([&] { ++changes; });
+    const auto registration = ports_.displays.onChange([&] { ++changes; });
     plugIn({kLeft, kRight});
     ASSERT_TRUE(eventually([&] { return changes > 0; }));
-    const auto ids = displays().activeDisplays(48);
+    const auto ids = displays_.activeDisplays(48);
     ASSERT_EQ(ids.size(), 2U);
-    EXPECT_EQ(displays().activeDisplays(1).size(), 1U);
-    EXPECT_EQ(displays().bounds(ids[1]), kRight);
-    EXPECT_EQ(displays().pixelSize(ids[1]), (Size{800, 900}));
-    EXPECT_EQ(displays().primaryDisplay(ids[1]), ids[1]);
-    EXPECT_THAT(displays().displaysWithPoint({799.5, 0}, 48), ElementsAre(ids[0]));
-    EXPECT_THAT(displays().displaysWithPoint({800, 899}, 48), ElementsAre(ids[1]));
-    EXPECT_THAT(displays().displaysWithPoint({1600, 5}, 48), IsEmpty());
-    EXPECT_THAT(displays().displaysWithRect({700, 10, 200, 50}, 48), ElementsAre(ids[0], ids[1]));
-    EXPECT_THAT(displays().displaysWithRect({700, 10, 100, 50}, 48), ElementsAre(ids[0]));
-    EXPECT_THAT(displays().displaysWithRect({10, 10, 0, 50}, 48), IsEmpty());
-    EXPECT_EQ(displays().screens().size(), 2U);
+    EXPECT_EQ(displays_.activeDisplays(1).size(), 1U);
+    EXPECT_EQ(displays_.bounds(ids[1]), kRight);
+    EXPECT_EQ(displays_.pixelSize(ids[1]), (Size{800, 900}));
+    EXPECT_EQ(ports_.workAreas.workArea(ids[1]), kRight) << "nothing is reserved";
+    EXPECT_EQ(displays_.primaryDisplay(ids[1]), ids[1]);
+    EXPECT_THAT(displays_.displaysWithPoint({799.5, 0}, 48), ElementsAre(ids[0]));
+    EXPECT_THAT(displays_.displaysWithPoint({800, 899}, 48), ElementsAre(ids[1]));
+    EXPECT_THAT(displays_.displaysWithPoint({1600, 5}, 48), IsEmpty());
+    EXPECT_THAT(displays_.displaysWithRect({700, 10, 200, 50}, 48), ElementsAre(ids[0], ids[1]));
+    EXPECT_THAT(displays_.displaysWithRect({700, 10, 100, 50}, 48), ElementsAre(ids[0]));
+    EXPECT_THAT(displays_.displaysWithRect({10, 10, 0, 50}, 48), IsEmpty());
+    EXPECT_EQ(displays_.screens().size(), 2U);
     changes = 0;
     plugIn({kLeft});
     ASSERT_TRUE(eventually([&] { return changes > 0; }));
-    EXPECT_EQ(displays().bounds(ids[1]), Rect{});
-    EXPECT_THAT(displays().activeDisplays(48), ElementsAre(ids[0]));
+    EXPECT_EQ(displays_.bounds(ids[1]), Rect{});
+    EXPECT_EQ(ports_.workAreas.workArea(ids[1]), Rect{});
+    EXPECT_THAT(displays_.activeDisplays(48), ElementsAre(ids[0]));
 }
 
 INSTANTIATE_TEST_SUITE_P(Everywhere, DisplaysContract, testing::Values("memory", "X11"),

@@ -30,12 +30,11 @@ protected:
             handler.log.push_back(handler.name + std::to_string(event.hotKeyId.id));
             return handler.answer;
         };
-        return port().installHandler(type, handle, &added);
+        return port_.installHandler(type, handle, &added);
     }
 
-    HotKeys& port() { return x11_ ? static_cast<HotKeys&>(x11_->ports->hotKeys) : memory_.hotKeys; }
     HotKeyRef add(std::uint32_t keyCode, std::uint32_t id) {
-        return port().registerHotKey(keyCode, kOption, {0, id}).ref;
+        return port_.registerHotKey(keyCode, kOption, {0, id}).ref;
     }
     static std::uint16_t evdevCode(std::uint32_t keyCode) {
         return static_cast<std::uint16_t>(evdevCodesOf(keyCode).front());
@@ -72,6 +71,8 @@ protected:
             memory_.hotKeys.letGoByAnotherProgram(keyCode, kOption);
         }
     }
+
+    HotKeys& port_ = ports_.hotKeys;
     std::vector<std::string> log_;
     Handler first_{log_, "first"};
     Handler second_{log_, "second"};
@@ -87,10 +88,10 @@ TEST_P(HotKeysContract, DeliverAPressToTheNewestHandlerUntilOneClaimsIt) {
     EXPECT_THAT(heardAfter(18, 2), ElementsAre("second7", "first7"));
     second_.answer = kNoError;
     EXPECT_THAT(heardAfter(18), ElementsAre("second7"));
-    port().removeHandler(newer);
-    port().removeHandler(newer);
+    port_.removeHandler(newer);
+    port_.removeHandler(newer);
     EXPECT_THAT(heardAfter(18), ElementsAre("first7"));
-    port().removeHandler(installed);
+    port_.removeHandler(installed);
     EXPECT_THAT(heardAfter(18, 0), IsEmpty());
 }
 
@@ -98,22 +99,22 @@ TEST_P(HotKeysContract, TellKeysApartAndFallSilentWhenUnregistered) {
     install(first_);
     const auto one = add(18, 1);
     add(19, 2);
-    port().registerHotKey(18, kOption | kShift, {0, 3});
+    port_.registerHotKey(18, kOption | kShift, {0, 3});
     EXPECT_THAT(heardAfter(19), ElementsAre("first2"));
     EXPECT_THAT(heardAfter(18), ElementsAre("first1"));
-    port().unregisterHotKey(one);
-    port().unregisterHotKey(one);
+    port_.unregisterHotKey(one);
+    port_.unregisterHotKey(one);
     EXPECT_THAT(heardAfter(18, 0), IsEmpty());
     add(18, 4);
     EXPECT_THAT(heardAfter(18), ElementsAre("first4"));
-    EXPECT_EQ(port().registerHotKey(200, kOption, {}).status, kHotKeyInvalid); // no such key
+    EXPECT_EQ(port_.registerHotKey(200, kOption, {}).status, kHotKeyInvalid); // no such key
 }
 
 TEST_P(HotKeysContract, TellWhetherAnotherProgramHoldsAKey) {
     install(first_);
     takeByAnotherProgram(20);
     const auto isTaken = [&](std::uint32_t keyCode) {
-        return port().isTakenByAnotherProgram(keyCode, kOption);
+        return port_.isTakenByAnotherProgram(keyCode, kOption);
     };
     add(20, 1);
     add(21, 2);
@@ -138,22 +139,33 @@ TEST_P(HotKeysContract, TellWhetherAnotherProgramHoldsAKey) {
 INSTANTIATE_TEST_SUITE_P(Everywhere, HotKeysContract, testing::Values("memory", "X11"),
                          [](const auto& keys) { return std::string(keys.param); });
 
-TEST(XkbKeyboardLayout, NamesKeysByTheLayoutAndTellsWhenItChanges) {
-    X11Rig rig;
-    auto& layout = rig.ports->keyboardLayout;
+class KeyboardLayoutContract : public DesktopContract {
+protected:
+    void lay(const std::string& layout, const MemoryKeyboardLayout::Keys& keys) {
+        x11_ ? x11_->desktop.run({"setxkbmap", "-layout", layout})
+             : memory_.keyboardLayout.setKeys(keys);
+    }
+};
+
+TEST_P(KeyboardLayoutContract, NameKeysByTheLayoutAndTellWhenItChanges) {
     int changes = 0;
-    const auto registration = layout.onChange([&] { ++changes; });
-    EXPECT_EQ(layout.displayText(0), "a");
-    EXPECT_EQ(layout.displayText(18), "1");
-    EXPECT_EQ(layout.displayText(82), "0");    // keypad, whatever NumLock says
-    EXPECT_EQ(layout.displayText(74), "Mute"); // types nothing
-    EXPECT_EQ(layout.displayText(127), "");
-    rig.desktop.run({"setxkbmap", "-layout", "fr"});
-    ASSERT_TRUE(rig.eventually([&] { return changes > 0; }));
-    EXPECT_EQ(layout.displayText(0), "q");
-    EXPECT_EQ(layout.displayText(18), "&");
-    EXPECT_EQ(layout.displayText(33), "^"); // a dead key shows its accent
+    const auto registration = ports_.keyboardLayout.onChange([&] { ++changes; });
+    const auto isLaid = [&](const std::string& layout, const MemoryKeyboardLayout::Keys& keys) {
+        lay(layout, keys);
+        EXPECT_TRUE(eventually([&] { return changes > 0; }));
+        for (const auto& [keyCode, text] : keys) {
+            EXPECT_EQ(ports_.keyboardLayout.displayText(keyCode), text) << layout << keyCode;
+        }
+        EXPECT_EQ(ports_.keyboardLayout.displayText(127), "");
+        changes = 0;
+    };
+    // Of the keypad, whatever NumLock says; of a key that types nothing; of a dead key its accent.
+    isLaid("fr", {{0, "q"}, {18, "&"}, {33, "^"}, {82, "0"}, {74, "Mute"}});
+    isLaid("us", {{0, "a"}, {18, "1"}, {33, "["}, {82, "0"}, {74, "Mute"}});
 }
+
+INSTANTIATE_TEST_SUITE_P(Everywhere, KeyboardLayoutContract, testing::Values("memory", "X11"),
+                         [](const auto& layout) { return std::string(layout.param); });
 
 } // namespace
 } // namespace panewright

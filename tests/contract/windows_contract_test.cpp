@@ -6,6 +6,7 @@
 #include "support/captured_log.h"
 
 #include <gmock/gmock.h>
+#include <unistd.h>
 
 #include <limits>
 #include <map>
@@ -16,20 +17,13 @@ namespace {
 using testing::ElementsAre;
 
 constexpr Rect kFirstFrame{100, 100, 400, 300};
+constexpr auto kOwnIdentifier = "com.quillfen.Panewright";
 constexpr auto kPosition = NSAccessibilityPositionAttribute;
 constexpr auto kSize = NSAccessibilitySizeAttribute;
 
 /// Programs named by their bundle identifier, each with windows.
 class WindowsContract : public DesktopContract {
 protected:
-    Accessibility& port() {
-        return x11_ ? static_cast<Accessibility&>(x11_->ports->accessibility)
-                    : memory_.accessibility;
-    }
-    Workspace& workspace() {
-        return x11_ ? static_cast<Workspace&>(x11_->ports->workspace) : memory_.workspace;
-    }
-
     /// Opens a window and returns when its program is frontmost with it.
     std::uint32_t open(const std::string& program, const Rect& frame = kFirstFrame,
                        bool isResizable = true) {
@@ -63,6 +57,9 @@ protected:
         setFrame(window, frame);
         return window;
     }
+    void close(std::uint32_t window) {
+        x11_ ? void(clients_.erase(window)) : memory_.windows.closeWindow(window);
+    }
     void activate(std::uint32_t window) {
         x11_ ? x11_->desktop.x().activate(window) : memory_.windows.activateWindow(window);
     }
@@ -76,10 +73,11 @@ protected:
     }
     /// The application that is frontmost, with whatever identifier.
     RunningApplication frontmost() {
-        return workspace().frontmostApplication().value_or(RunningApplication{});
+        return ports_.workspace.frontmostApplication().value_or(RunningApplication{});
     }
     std::shared_ptr<AccessibilityElement> focusedWindow() {
-        return AccessibilityHelper(port()).focusedWindowForApplicationFromSystemElement();
+        return AccessibilityHelper(ports_.accessibility)
+            .focusedWindowForApplicationFromSystemElement();
     }
     /// All zero for a window that is gone.
     static Rect frameOf(const std::shared_ptr<AccessibilityElement>& window) {
@@ -90,27 +88,28 @@ protected:
     }
 
 private:
-    std::map<std::string, ProcessId> pids_;
+    std::map<std::string, ProcessId> pids_{
+        {kOwnIdentifier, x11_ ? getpid() : MemoryDesktop::kOwnPid}};
     std::map<std::uint32_t, std::unique_ptr<test::TestClient>> clients_;
 };
 
 TEST_P(WindowsContract, FindsTheFocusedWindowAndTellsOfActivations) {
     CapturedLog log;
-    EXPECT_EQ(workspace().frontmostApplication(), std::nullopt);
+    EXPECT_EQ(ports_.workspace.frontmostApplication(), std::nullopt);
     EXPECT_EQ(focusedWindow(), nullptr);
     EXPECT_THAT(log.take(), ElementsAre("can't copy attribute kAXFocusedApplicationAttribute: "
                                         "kAXErrorNoValue"));
     int activations = 0;
-    const auto registration = workspace().onApplicationActivated([&] { ++activations; });
+    const auto registration = ports_.workspace.onApplicationActivated([&] { ++activations; });
     const auto editor = open("Editor");
     EXPECT_EQ(activations, 1);
     const auto pid = frontmost().processIdentifier;
     EXPECT_EQ(focusedWindow()->pid(), pid);
     EXPECT_TRUE(focusedWindow()->actsAsRole("AXWindow"));
     int windowChanges = 0;
-    const auto changes =
-        port().observe(pid, port().createApplication(pid),
-                       NSAccessibilityMainWindowChangedNotification, [&] { ++windowChanges; });
+    const auto changes = ports_.accessibility.observe(
+        pid, ports_.accessibility.createApplication(pid),
+        NSAccessibilityMainWindowChangedNotification, [&] { ++windowChanges; });
     open("Editor", {0, 0, 320, 240});
     EXPECT_TRUE(eventually([&] { return windowChanges == 1; }));
     EXPECT_EQ(activations, 1);
@@ -133,8 +132,9 @@ TEST_P(WindowsContract, MovesAndResizesAWindowByItsOuterFrameButNotToNowhere) {
     window->setNSValue(Size{std::numeric_limits<double>::infinity(), 1}, kSize);
     window->setNSValue(Size{1, 1}, kPosition);
     EXPECT_EQ(frameOf(window), (Rect{200, 150, 640, 480}));
-    EXPECT_EQ(port().setAttributeValue(nullptr, kPosition, Point{}), AXError::kIllegalArgument);
-    EXPECT_EQ(port().setAttributeValue(window->element(), "AXUnheardOf", Point{}),
+    EXPECT_EQ(ports_.accessibility.setAttributeValue(nullptr, kPosition, Point{}),
+              AXError::kIllegalArgument);
+    EXPECT_EQ(ports_.accessibility.setAttributeValue(window->element(), "AXUnheardOf", Point{}),
               AXError::kAttributeUnsupported);
 
     open("Dialog", kFirstFrame, false);
@@ -170,6 +170,42 @@ TEST_P(WindowsContract, TellsAnObserverOfAFrameThatReallyChanged) {
     window->setNSValue(Point{10, 10}, kPosition);
     window->setNSValue(Size{200, 200}, kSize);
     hears(NSAccessibilityWindowMovedNotification);
+}
+
+TEST_P(WindowsContract, KeepsObserversWithTheElementAndAnswersForAWindowThatIsGone) {
+    const auto opened = open("Editor");
+    const auto window = focusedWindow();
+    const auto sameWindow = focusedWindow();
+    std::vector<std::shared_ptr<AccessibilityElement>> heard;
+    const auto observer = AccessibilityObserver::observerForNotification(
+        NSAccessibilityWindowMovedNotification,
+        [&](auto&, const auto& element, const auto&) { heard.push_back(element); });
+    window->addObserver(observer);
+    sameWindow->addObserver(observer);
+    EXPECT_THAT(window->observers(), ElementsAre(observer)) << "listed, but moved";
+    setFrame(opened, {120, 100, 400, 300});
+    EXPECT_TRUE(eventually([&] { return !heard.empty(); }));
+    EXPECT_THAT(heard, ElementsAre(sameWindow));
+    EXPECT_EQ(window->NSValueForAttribute(NSAccessibilityRoleAttribute), std::nullopt);
+    window->setNSValue(7.0, kPosition); // no point
+    EXPECT_EQ(frameOf(window), (Rect{120, 100, 400, 300}));
+    EXPECT_TRUE(window->areAttributesSettable({}));
+
+    close(opened);
+    EXPECT_TRUE(eventually([&] { return frameOf(window) == Rect{}; }));
+    EXPECT_EQ(window->pid(), -1);
+    EXPECT_FALSE(window->isAttributeSettable(kPosition));
+    window->setNSValue(Point{1, 1}, kPosition);
+}
+
+TEST_P(WindowsContract, GivesTheKeyboardBackToTheProgramBeforeOurs) {
+    open("Terminal");
+    open("Editor");
+    open(kOwnIdentifier);
+    ports_.workspace.hideThisApplication();
+    EXPECT_TRUE(eventually([&] { return frontmost().bundleIdentifier == "Editor"; }));
+    ports_.workspace.bringThisApplicationToFront();
+    EXPECT_TRUE(eventually([&] { return frontmost().bundleIdentifier == kOwnIdentifier; }));
 }
 
 INSTANTIATE_TEST_SUITE_P(Everywhere, WindowsContract, testing::Values("memory", "X11"),

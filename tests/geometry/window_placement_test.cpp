@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <vector>
 
 namespace panewright {
@@ -100,8 +101,13 @@ TEST_F(WindowPlacementTest, CentresABuiltInStateAndRoundsItsOriginUpOnlyWhenComp
         {{1, 1}, kRightId, {1440, 0, 1920, 1080}, {1440, 0, 1920, 1080}},
         {{0.9, 0.9}, kMainId, {72, 45, 1296, 810}, {72, 45, 1296, 810}},
         {{0.8, 0.8}, kRightId, {1632, 108, 1536, 864}, {1632, 108, 1536, 864}},
+        {{0.65, 0.65}, kRightId, {1776, 189, 1248, 702}, {1776, 189, 1248, 702}},
         {{1, 0.5}, kRightId, {1440, 270, 1920, 540}, {1440, 270, 1920, 540}},
         {{1.2, 3}, kRightId, {1440, 0, 1920, 1080}, {1440, 0, 1920, 1080}},
+        {{0.9, 0.9},
+         kOddId,
+         {68.29999999999995, 38.39999999999998, 1229.4, 691.2},
+         {69, 39, 1229.4, 691.2}},
         {{0.75, 0.75}, kOddId, {170.75, 96, 1024.5, 576}, {171, 96, 1024.5, 576}},
     };
     for (const auto& test : cases) {
@@ -111,6 +117,17 @@ TEST_F(WindowPlacementTest, CentresABuiltInStateAndRoundsItsOriginUpOnlyWhenComp
     EXPECT_EQ(computed(*builtIn({0, 0}), kMainId), (Rect{720, 450, 0, 0}));
     // The fraction that 32 bits cannot hold is gone before rounding up: 100.00000001 is 100.
     EXPECT_EQ(computed(*builtIn({(1366 - 200.00000002) / 1366, 1}), kOddId).x, 100);
+}
+
+TEST_F(WindowPlacementTest, CountsAMissingDisplayAsZeros) {
+    const auto state = userState({100, 50, 800, 600}, kMain);
+    const auto computedOnNone = [&](const WindowState& placed) {
+        return getSizePositionForWindowElement(placed, element_, std::nullopt);
+    };
+    EXPECT_EQ(computedOnNone(*state), (Rect{0, -23, 0, 23}));
+    EXPECT_EQ(computedOnNone(*builtIn({0.9, 0.9})), Rect{});
+    const Rect savedOnNone = computed(*userState({100, 50, 800, 600}, {}), kMainId);
+    EXPECT_FALSE(std::isfinite(savedOnNone.x) || std::isfinite(savedOnNone.height));
 }
 
 TEST_F(WindowPlacementTest, PrefersTheFirstDisplayOfTheSavedSizeOnlyWhenApplying) {

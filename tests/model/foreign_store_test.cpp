@@ -70,6 +70,7 @@ TEST_F(ForeignStoreTest, IsReadAndWrittenFieldByField) {
     const WindowState& sparse = *sparseModel->globalWindowStates()->at(0);
     EXPECT_TRUE(sparse.isGlobal()) << "1 counts as true";
     EXPECT_EQ(sparse.originalWindowRect(), Rect()) << "fields may be left out";
+    EXPECT_EQ(sparse.windowScale(), Size());
 }
 
 } // namespace

@@ -1,7 +1,10 @@
 #include "model/model.h"
 
 #include "archive/keyed_archiver.h"
+#include "desktop/memory/memory_keyboard_layout.h"
+#include "desktop/memory/memory_services.h"
 #include "model/gzip.h"
+#include "shortcuts/shortcut_text.h"
 #include "support/store_fixture.h"
 
 namespace panewright {
@@ -44,6 +47,23 @@ TEST_F(ModelTest, StartsWithTheBuiltInStatesSavesThemAndRestoresThem) {
         model->defaultWindowStates()->pop_back();
         model->restoreDefaultWindowStates();
     }
+}
+
+TEST(WindowStateTracking, TellsWhatKindOfStateItIs) {
+    MemoryKeyboardLayout layout;
+    const MemoryTextServices services;
+    const ShortcutText text(layout, services);
+    const auto state = WindowState::windowStateIsDefault(true, true);
+    state->setPrefersDisplay(true);
+    EventAttributes expected{{"IsDefault", 1}, {"IsGlobal", 1}, {"PrefersDisplay", 1}};
+    EXPECT_EQ(state->attributesForTracking(text), expected);
+
+    state->setWindowStateName("Large");
+    state->setKeyEvent(CarbonKeyEvent::carbonEventWithKeyCode(0, 0));
+    layout.setBroken(true);
+    expected["WindowStateName"] = expected["DefaultShortcutName"] = "Large";
+    expected["KeyboardShortcut"] = "Exception";
+    EXPECT_EQ(state->attributesForTracking(text), expected);
 }
 
 TEST_F(ModelTest, KeepsStatesByApplicationAndGlobally) {

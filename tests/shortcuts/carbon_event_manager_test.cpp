@@ -3,6 +3,7 @@
 #include "desktop/memory/memory_hot_keys.h"
 #include "desktop/memory/memory_main_loop.h"
 #include "desktop/memory/memory_user_defaults.h"
+#include "shortcuts/hot_key_id_counter.h"
 #include "support/captured_log.h"
 
 #include <gmock/gmock.h>
@@ -63,8 +64,13 @@ protected:
 };
 
 TEST_F(CarbonEventManagerTest, ConvertsModifierFlagsBothWays) {
-    const std::pair<std::uint64_t, std::uint64_t> pairs[] = {
-        {0x100000, 0x100}, {0x20000, 0x200}, {0x80000, 0x800}, {0x40000, 0x1000}, {0, 0}};
+    const std::pair<std::uint64_t, std::uint64_t> pairs[] = {{0x100000, 0x100},
+                                                             {0x20000, 0x200},
+                                                             {0x80000, 0x800},
+                                                             {0x40000, 0x1000},
+                                                             {0x1E0000, 0x1B00},
+                                                             {0x800000, 0x800000},
+                                                             {0, 0}};
     for (const auto& [application, hotKey] : pairs) {
         EXPECT_EQ(CarbonEventManager::cocoaToCarbonModifierFlags(application | 0x1000F), hotKey);
         EXPECT_EQ(CarbonEventManager::carbonToCocoaModifierFlags(hotKey | 0x400), application);
@@ -108,6 +114,22 @@ TEST_F(CarbonEventManagerTest, ReplacesAnEventOfTheSameShortcutAndGivesAnEventAd
     EXPECT_EQ(manager().keyEventFromHotKeyId(id), nullptr);
     EXPECT_EQ(hotKeys_.registeredCount(), 1U);
     EXPECT_THAT(firedBy(18), ElementsAre(second));
+}
+
+TEST_F(CarbonEventManagerTest, GivesIdsFromOneOnWhichShareTheTableWithTheShortcuts) {
+    HotKeyIdCounter counter(0xFFFFFFFE);
+    EXPECT_EQ(HotKeyIdCounter().take(), 1U);
+    EXPECT_EQ(counter.take(), 0xFFFFFFFEU);
+    EXPECT_EQ(counter.take(), 0U);
+    EXPECT_EQ(counter.take(), 1U);
+
+    const auto withId = added(18);
+    EXPECT_EQ(withId->registration().hotKeyId.signature, 0U);
+    EXPECT_EQ(withId->registration().eventSpec, (EventTypeSpec{0x6B657962, 5}));
+    const auto plain = added(idOf(withId), 0); // a key of that number without modifiers
+    EXPECT_EQ(manager().keyEventFromHotKeyId(idOf(withId)), plain);
+    EXPECT_THAT(firedBy(18), IsEmpty());
+    EXPECT_EQ(userDefaults_.objectForKey(CarbonEventManager::kKeyEventsDefaultsKey), std::nullopt);
 }
 
 TEST_F(CarbonEventManagerTest, ReleasesWhatItIsGivenOrWhatIsStoredUnderAShortcut) {
