@@ -29,7 +29,7 @@ set(system_services "^fmt/")
 set(system_model "^(fmt/.*|zlib\\.h|unistd\\.h|fcntl\\.h|sys/(file|stat|types)\\.h)$")
 set(system_geometry "^fmt/")
 set(system_desktop/memory "^poll\\.h$")
-set(system_desktop/linux "^(canberra\\.h|fmt/|linux/|poll\\.h|xcb/|xkbcommon/|sys/|unistd\\.h|fcntl\\.h|signal\\.h|spawn\\.h)")
+set(system_desktop/linux "^(canberra\\.h|fmt/|linux/|poll\\.h|xcb/|xkbcommon/|sys/|unistd\\.h|fcntl\\.h|signal\\.h|spawn\\.h|sysexits\\.h)")
 set(system_desktop/qt "^(Q[A-Za-z]+|sys/.*|unistd\\.h|fcntl\\.h|signal\\.h)$")
 
 if(NOT DEFINED layers_${LAYER})

@@ -2,6 +2,7 @@
 #include "base/log.h"
 #include "desktop/linux/absent_services.h"
 #include "desktop/linux/autostart_entry.h"
+#include "desktop/linux/command_line.h"
 #include "desktop/linux/ini_user_defaults.h"
 #include "desktop/linux/linux_program.h"
 #include "desktop/linux/termination_signals.h"
@@ -143,6 +144,9 @@ private:
 int runToolkit(int& argc, char** argv, const ProgramInformation& program,
                const StandardFolders& folders, const TerminationSignals& terminationSignals) {
     const Toolkit toolkit(argc, argv, program);
+    if (const auto refused = refuseUnknownArguments(argc, argv)) {
+        return *refused;
+    }
     QtMainLoop mainLoop;
     const auto terminated = terminationSignals.onSignal(mainLoop, [&] { mainLoop.quit(0); });
     const auto desktop = X11Desktop::open(mainLoop, program.bundleIdentifier());
@@ -165,6 +169,9 @@ int runToolkit(int& argc, char** argv, const ProgramInformation& program,
 int main(int argc, char* argv[]) {
     const TerminationSignals terminationSignals;
     const LinuxProgram program;
+    if (const auto answered = answerCommandLine(argc, argv, program)) {
+        return *answered;
+    }
     const XdgFolders folders;
     const StoreLock lock(folders);
     if (lock.outcome() == StoreLock::Outcome::kHeldByAnother) {

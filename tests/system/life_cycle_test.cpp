@@ -58,6 +58,14 @@ TEST_F(LifeCycle, EndsWithAMessageWithoutAServer) {
     }
 }
 
+TEST_F(LifeCycle, AnswersItsCommandLineAndRefusesWhatItDoesNotKnow) {
+    EXPECT_THAT(runToEnd({PANEWRIGHT_PROGRAM, "--help"}, {}), testing::HasSubstr("--version"));
+    EXPECT_THAT(runToEnd({PANEWRIGHT_PROGRAM, "-V"}, {}), ContainsRegex("^Panewright [0-9.]+ "));
+    ChildProcess program({PANEWRIGHT_PROGRAM, "--colour"}, desktop_.environment());
+    EXPECT_THAT(program.waitForEnd(), Optional(64));
+    EXPECT_THAT(program.standardError(), testing::HasSubstr("'--colour'"));
+}
+
 TEST_F(LifeCycle, GoesOnInAWaylandSessionAndSaysWhatItCannotReach) {
     Environment environment = desktop_.environment();
     environment["XDG_SESSION_TYPE"] = "wayland";
