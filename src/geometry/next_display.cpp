@@ -7,7 +7,7 @@
 namespace panewright {
 namespace {
 
-/// Each step rounds to 32 bits, as the sums do for which hot keys look again.
+/// The frame is computed in 32-bit steps, each of which rounds.
 float narrowed(double value) {
     return static_cast<float>(value);
 }

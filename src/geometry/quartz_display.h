@@ -14,7 +14,8 @@ namespace panewright {
 /// downwards.
 class QuartzDisplay {
 public:
-    /// The length of the list that displays() gives, whatever the number of displays.
+    /// As many displays as are ever asked for, and the length of the list that displays() gives,
+    /// however few there are.
     static constexpr std::size_t kMaxDisplays = 48;
 
     /// The port must outlive the display.

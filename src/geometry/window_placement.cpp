@@ -24,18 +24,24 @@ Rect userFrame(const WindowState& state, const Rect& target) {
     };
 }
 
-/// The frame of a built-in state, unrounded. A scale above 1 counts as 1.
-Rect builtInFrame(const WindowState& state, const Rect& target, Size pixels) {
+/// The frame of a built-in state, whose origin is rounded so where it is centred. A scale above 1
+/// counts as 1.
+Rect builtInFrame(const WindowState& state, const Rect& target, Size pixels,
+                  double (*rounded)(double)) {
     const double scaleX = std::min(1.0, state.windowScale().width);
     const double scaleY = std::min(1.0, state.windowScale().height);
     Rect frame{target.x, target.y, pixels.width * scaleX, pixels.height * scaleY};
     if (scaleX < 1.0) {
-        frame.x += (pixels.width - frame.width) * 0.5;
+        frame.x = rounded(target.x + (pixels.width - frame.width) * 0.5);
     }
     if (scaleY < 1.0) {
-        frame.y += (pixels.height - frame.height) * 0.5;
+        frame.y = rounded(target.y + (pixels.height - frame.height) * 0.5);
     }
     return frame;
+}
+
+double unrounded(double coordinate) {
+    return coordinate;
 }
 
 /// Up to the next whole number, as a 32-bit float sees it.
@@ -83,7 +89,8 @@ bool applyDefaultToWindowElement(const WindowState& state,
     if (!isFrameSettable(element)) {
         return false;
     }
-    writeFrame(*element, builtInFrame(state, boundsOf(inDisplay), pixelSizeOf(inDisplay)));
+    writeFrame(*element,
+               builtInFrame(state, boundsOf(inDisplay), pixelSizeOf(inDisplay), unrounded));
     return true;
 }
 
@@ -102,17 +109,9 @@ Rect getDefaultSizePositionForWindowElement(const WindowState& state,
     if (!state.isDefault()) {
         return getSizePositionForWindowElement(state, element, inDisplay);
     }
-    if (!isFrameSettable(element)) {
-        return {};
-    }
-    Rect frame = builtInFrame(state, boundsOf(inDisplay), pixelSizeOf(inDisplay));
-    if (state.windowScale().width < 1.0) {
-        frame.x = roundedUp(frame.x);
-    }
-    if (state.windowScale().height < 1.0) {
-        frame.y = roundedUp(frame.y);
-    }
-    return frame;
+    return isFrameSettable(element)
+               ? builtInFrame(state, boundsOf(inDisplay), pixelSizeOf(inDisplay), roundedUp)
+               : Rect{};
 }
 
 } // namespace panewright

@@ -22,7 +22,7 @@ constexpr double kMenuBarAllowance = 23;
 
 /// Moves the window; false, without touching it, unless its position and size are both settable.
 /// A user state that prefers its display goes to the first display of the saved size, if there is
-/// one. Windows that limit their frame are not examined.
+/// one. Whether the window took the frame is not looked at.
 bool applyToWindowElement(const WindowState& state,
                           const std::shared_ptr<AccessibilityElement>& element,
                           const std::optional<QuartzDisplay>& inDisplay, const Displays& displays);

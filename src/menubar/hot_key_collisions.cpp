@@ -1,6 +1,7 @@
 #include "menubar/hot_key_collisions.h"
 
 #include "model/window_state.h"
+#include "shortcuts/carbon_event_manager.h"
 
 #include <map>
 
@@ -8,7 +9,7 @@ namespace panewright {
 
 std::uint64_t combinationNumber(const WindowState& state) {
     const auto& event = state.keyEvent();
-    return event ? event->keyCode() + event->modifierFlags() : 0;
+    return event ? CarbonEventManager::keyForKeyCode(event->keyCode(), event->modifierFlags()) : 0;
 }
 
 std::vector<std::shared_ptr<WindowState>>

@@ -8,8 +8,8 @@ namespace panewright {
 
 class WindowState;
 
-/// The number that two states' hot keys collide on: key code plus modifier flags (application
-/// form); 0 for a state without a hot key.
+/// The number that two states' hot keys collide on: that of the registry's table; 0 for a state
+/// without a hot key.
 std::uint64_t combinationNumber(const WindowState& state);
 
 /// The states whose hot keys hold: of those with the same combination number the last one, so the

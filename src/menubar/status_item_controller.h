@@ -53,7 +53,6 @@ public:
     FocusTracking& tracking() { return *tracking_; }
     const LaunchAgentStartupItem& launchAgentStartupItem() const { return *startupItem_; }
     /// Whether the start-at-login item is checked.
-    bool startupItemState() const { return menu_.startupItem->isChecked; }
     void setStartupItemState(bool on) { menu_.startupItem->isChecked = on; }
     const MenuItem& moveToNextDisplayItem() const { return *menu_.moveToNextDisplayItem; }
 

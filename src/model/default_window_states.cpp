@@ -22,8 +22,8 @@ constexpr BuiltIn kBuiltIns[] = {
 
 } // namespace
 
-std::vector<std::shared_ptr<WindowState>> makeDefaultWindowStates() {
-    std::vector<std::shared_ptr<WindowState>> states;
+WindowStateArray makeDefaultWindowStates() {
+    WindowStateArray states;
     for (const auto& [name, scale, keyCode] : kBuiltIns) {
         auto state = WindowState::windowStateIsDefault(true, false);
         state->setCenterWindow(true);

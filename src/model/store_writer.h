@@ -16,7 +16,7 @@ namespace panewright {
 /// until a write succeeds or fails for another cause; the next snapshot tries again.
 class StoreWriter {
 public:
-    /// The file must outlive the writer and be left to it while isIdle() does not hold.
+    /// The file must outlive the writer and be left to it between write() and drain().
     explicit StoreWriter(StoreFile& file) : file_(file) {}
     ~StoreWriter();
     StoreWriter(const StoreWriter&) = delete;

@@ -6,11 +6,13 @@
 #include "platform/analytics.h"
 #include "shortcuts/carbon_key_event.h"
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace panewright {
 
@@ -134,5 +136,11 @@ private:
 
     mutable std::shared_ptr<WindowState> copy_; // null when it would be out of date
 };
+
+/// States in the order of their saving.
+using WindowStateArray = std::vector<std::shared_ptr<WindowState>>;
+
+/// The arrays by "defaults", "globals" or the bundle identifier of an application; none is null.
+using WindowStates = std::map<std::string, std::shared_ptr<WindowStateArray>, std::less<>>;
 
 } // namespace panewright

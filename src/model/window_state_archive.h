@@ -4,19 +4,9 @@
 #include "base/bytes.h"
 #include "model/window_state.h"
 
-#include <map>
-#include <memory>
 #include <optional>
-#include <string>
-#include <vector>
 
 namespace panewright {
-
-/// States in the order of their saving.
-using WindowStateArray = std::vector<std::shared_ptr<WindowState>>;
-
-/// The arrays by "defaults", "globals" or the bundle identifier of an application; none is null.
-using WindowStates = std::map<std::string, std::shared_ptr<WindowStateArray>, std::less<>>;
 
 /// All that is archived of the states, copied, so that another thread may archive it while the
 /// states change.

@@ -4,6 +4,12 @@
 
 namespace panewright {
 
+// Modifiers in the hot-key form.
+constexpr std::uint32_t kHotKeyCommand = 0x100;
+constexpr std::uint32_t kHotKeyShift = 0x200;
+constexpr std::uint32_t kHotKeyOption = 0x800;
+constexpr std::uint32_t kHotKeyControl = 0x1000;
+
 /// Names a hot key to the program that registered it; comes back with each press.
 struct HotKeyId {
     std::uint32_t signature = 0;
@@ -46,7 +52,7 @@ using EventHandlerFunction = EventStatus (*)(const HotKeyEvent& event, void* use
 /// The system-wide hot keys.
 ///
 /// A key is a virtual key code (a physical key, whatever the keyboard layout) with modifiers in the
-/// hot-key form: Command 0x100, Shift 0x200, Option 0x800, Control 0x1000; other bits are ignored.
+/// hot-key form, whose other bits are ignored.
 /// Lock keys make no difference, and a key that is held down is one press. Main thread only;
 /// presses are delivered on the main loop, to the handlers of their type from the one installed
 /// last to the first, until one answers kNoError.

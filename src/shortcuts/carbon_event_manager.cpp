@@ -52,7 +52,7 @@ void CarbonEventManager::setSharedManagerFactory(Factory factory) {
 }
 
 CarbonEventManager::CarbonEventManager(Services services) : services_(services) {
-    restoreFromDefaults();
+    restoreFromDefaults(); // for a registry that writes from the start; this one does not
 }
 
 CarbonEventManager::~CarbonEventManager() {
@@ -74,15 +74,6 @@ std::uint64_t CarbonEventManager::carbonToCocoaModifierFlags(std::uint64_t flags
         converted |= (flags & pair.hotKey) ? pair.application : 0;
     }
     return converted;
-}
-
-std::uint64_t CarbonEventManager::keyForKeyCode(std::uint64_t keyCode,
-                                                std::uint64_t modifierFlags) const {
-    return keyCode + modifierFlags;
-}
-
-std::uint64_t CarbonEventManager::hotKeyIdFromKeyEvent(const CarbonKeyEvent& event) const {
-    return event.registration_.hotKeyId.id;
 }
 
 CarbonEventManager::KeyEventPtr CarbonEventManager::keyEventFromHotKeyId(std::uint32_t id) const {

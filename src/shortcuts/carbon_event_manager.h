@@ -36,8 +36,8 @@ public:
         UserDefaults& userDefaults;
     };
 
-    /// Made on the first call by the factory, which the composition root sets before. Clearing the
-    /// factory drops the instance too.
+    /// Made on the first call by the factory, which the composition root sets before. Setting a
+    /// factory drops the instance that there may be.
     static CarbonEventManager& sharedManager();
     using Factory = std::function<std::unique_ptr<CarbonEventManager>()>;
     static void setSharedManagerFactory(Factory factory);
@@ -52,8 +52,13 @@ public:
     static std::uint64_t cocoaToCarbonModifierFlags(std::uint64_t flags);
     static std::uint64_t carbonToCocoaModifierFlags(std::uint64_t flags);
 
-    std::uint64_t keyForKeyCode(std::uint64_t keyCode, std::uint64_t modifierFlags) const;
-    std::uint64_t hotKeyIdFromKeyEvent(const CarbonKeyEvent& event) const;
+    /// The number that the shortcut stands under in the table, and that two equal shortcuts share.
+    static std::uint64_t keyForKeyCode(std::uint64_t keyCode, std::uint64_t modifierFlags) {
+        return keyCode + modifierFlags;
+    }
+    static std::uint64_t hotKeyIdFromKeyEvent(const CarbonKeyEvent& event) {
+        return event.registration_.hotKeyId.id;
+    }
     /// Null when no event has the id.
     KeyEventPtr keyEventFromHotKeyId(std::uint32_t id) const;
 

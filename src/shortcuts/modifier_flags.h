@@ -13,7 +13,10 @@ constexpr std::uint64_t kOptionFlag = 0x80000;
 constexpr std::uint64_t kCommandFlag = 0x100000;
 constexpr std::uint64_t kFunctionFlag = 0x800000;
 
-/// The modifiers that a shortcut can have, in the order in which they are shown.
+/// The modifiers that a shortcut can have.
+constexpr std::uint64_t kShortcutModifiers = kShiftFlag | kControlFlag | kOptionFlag | kCommandFlag;
+
+/// Their symbols, in the order in which they are shown.
 struct ModifierSymbol {
     std::uint64_t flag;
     std::string_view symbol;
@@ -24,11 +27,5 @@ constexpr std::array<ModifierSymbol, 4> kModifierSymbols{{
     {kShiftFlag, "\u21E7"},
     {kCommandFlag, "\u2318"},
 }};
-
-/// Modifiers in the form of the hot-key interface.
-constexpr std::uint64_t kHotKeyCommand = 0x100;
-constexpr std::uint64_t kHotKeyShift = 0x200;
-constexpr std::uint64_t kHotKeyOption = 0x800;
-constexpr std::uint64_t kHotKeyControl = 0x1000;
 
 } // namespace panewright

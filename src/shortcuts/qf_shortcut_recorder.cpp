@@ -64,14 +64,8 @@ void QFShortcutRecorder::flagsChanged(std::uint64_t modifierFlags) {
     if (!isRecording_) {
         return;
     }
-    shortcut_.mutableLabel.clear();
-    shortcut_.modifierFlags = 0;
-    for (const auto& modifier : kModifierSymbols) {
-        if (modifierFlags & modifier.flag) {
-            shortcut_.mutableLabel += modifier.symbol;
-            shortcut_.modifierFlags |= modifier.flag;
-        }
-    }
+    shortcut_.mutableLabel = modifierSymbols(modifierFlags);
+    shortcut_.modifierFlags = modifierFlags & kShortcutModifiers;
     setNeedsDisplay();
 }
 

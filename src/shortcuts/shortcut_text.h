@@ -8,13 +8,11 @@
 
 namespace panewright {
 
-/// The symbols of the modifiers in the order Control, Option, Shift, Command; bits of others show
-/// nothing.
+/// The symbols of the modifiers in the order Control, Option, Shift, Command. Flags are in the
+/// application's form; bits of other modifiers show nothing.
 std::string modifierSymbols(std::uint64_t modifierFlags);
 
-/// The text that shows a shortcut: symbols of the modifiers, in the order Control, Option, Shift,
-/// Command, then the key's name. UTF-8. Modifier flags are in the application's form; bits of other
-/// modifiers show nothing.
+/// The text that shows a shortcut: the symbols of its modifiers, then the key's name. UTF-8.
 class ShortcutText {
 public:
     ShortcutText(const KeyboardLayout& layout, const TextServices& text)

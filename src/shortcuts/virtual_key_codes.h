@@ -5,7 +5,6 @@
 namespace panewright {
 
 /// Virtual key codes (physical keys, whatever the layout) that the program names itself.
-constexpr std::uint16_t kReturnKeyCode = 36;
 constexpr std::uint16_t kTabKeyCode = 48;
 constexpr std::uint16_t kSpaceKeyCode = 49;
 constexpr std::uint16_t kDeleteKeyCode = 51;

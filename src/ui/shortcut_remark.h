@@ -8,11 +8,13 @@
 
 namespace panewright {
 
-/// Whether another program holds the shortcut. Flags are in the application's form, here and below.
+// Modifier flags are in the application's form.
+
+/// Whether another program holds the shortcut.
 bool isShortcutTaken(const HotKeys& hotKeys, std::uint64_t keyCode, std::uint64_t modifierFlags);
 
 /// What is to be said beside a shortcut where it is shown: that another program holds it. Empty
-/// when there is nothing to say. Flags are in the application's form.
+/// when there is nothing to say.
 std::string shortcutRemark(const HotKeys& hotKeys, const TextServices& text, std::uint64_t keyCode,
                            std::uint64_t modifierFlags);
 

@@ -10,18 +10,12 @@
 namespace panewright {
 namespace {
 
-// Modifiers in the hot-key form.
-constexpr std::uint32_t kCommand = 0x100;
-constexpr std::uint32_t kShift = 0x200;
-constexpr std::uint32_t kOption = 0x800;
-constexpr std::uint32_t kControl = 0x1000;
-
 /// The modifiers of an X event's state; nil when the keyboard lacks one of them.
 std::optional<std::uint32_t> stateOf(std::uint32_t modifiers, const ModifierMasks& masks) {
-    const std::pair<std::uint32_t, std::uint32_t> pairs[] = {{kShift, XCB_MOD_MASK_SHIFT},
-                                                             {kControl, XCB_MOD_MASK_CONTROL},
-                                                             {kOption, masks.alt},
-                                                             {kCommand, masks.super}};
+    const std::pair<std::uint32_t, std::uint32_t> pairs[] = {{kHotKeyShift, XCB_MOD_MASK_SHIFT},
+                                                             {kHotKeyControl, XCB_MOD_MASK_CONTROL},
+                                                             {kHotKeyOption, masks.alt},
+                                                             {kHotKeyCommand, masks.super}};
     std::uint32_t state = 0;
     for (const auto& [modifier, mask] : pairs) {
         if (modifiers & modifier) {
