@@ -89,20 +89,13 @@ int runOn(X11Desktop& desktop, MainLoop& mainLoop, const ProgramInformation& pro
     QtViews views(desktop.nativeKeyCodes, desktop.compositing);
     const SharedInstances shared(desktop.hotKeys, mainLoop, userDefaults, folders);
 
-    const ActiveWindowPlacer::Services placing{
-        desktop.accessibility,
-        desktop.displays,
-        desktop.workspace,
-        program,
-        sounds,
-        Tracking(analytics),
-        ShortcutText(desktop.keyboardLayout, text),
-    };
-    AppDelegate delegate({{placing, loginItems, mainLoop, desktop.hotKeys, text, desktop.workAreas,
-                           icons, statusItem, menuView, views},
-                          userDefaults,
-                          crashReporter,
-                          softwareUpdater});
+    AppDelegate delegate(
+        {{desktop.accessibility, desktop.displays, desktop.workspace, program, sounds,
+          Tracking(analytics), ShortcutText(desktop.keyboardLayout, text), loginItems, mainLoop,
+          desktop.hotKeys, text, desktop.workAreas, icons, statusItem, menuView, views},
+         userDefaults,
+         crashReporter,
+         softwareUpdater});
     delegate.applicationWillFinishLaunching();
     delegate.applicationDidFinishLaunching();
     mainLoop.post([] { logLine("ready"); });

@@ -35,7 +35,7 @@ AppDelegate* AppDelegate::instance() {
 }
 
 void AppDelegate::applicationWillFinishLaunching() {
-    frontMostAppBeforeRunning_ = placing().workspace.frontmostApplication();
+    frontMostAppBeforeRunning_ = services_.workspace.frontmostApplication();
 }
 
 void AppDelegate::applicationDidFinishLaunching() {
@@ -52,14 +52,14 @@ void AppDelegate::setupFabric() {
 }
 
 void AppDelegate::setupAccessibility() {
-    if (!AccessibilityHelper(placing().accessibility).accessibilityEnabledWithPrompt()) {
+    if (!AccessibilityHelper(services_.accessibility).accessibilityEnabledWithPrompt()) {
         pendingPreferences_ =
-            services_.controller.mainLoop.after(kPreferencesDelay, [this] { bringPrefsForward(); });
+            services_.mainLoop.after(kPreferencesDelay, [this] { bringPrefsForward(); });
     }
 }
 
 void AppDelegate::setupStatusItem() {
-    statusItemController_ = StatusItemController::create(services_.controller, *this);
+    statusItemController_ = StatusItemController::create(services_, *this);
     WindowState::setApplier(statusItemController_);
     statusItemController_->tracking().setCurrentApplication(frontMostAppBeforeRunning_);
     statusItemController_->startStatusItem();
@@ -67,30 +67,29 @@ void AppDelegate::setupStatusItem() {
 
 void AppDelegate::setupSparkle() {
     services_.softwareUpdater.setWillShowHandler(
-        [this] { bringApplicationToFrontIfInBackground(placing().workspace, placing().program); });
+        [this] { bringApplicationToFrontIfInBackground(services_.workspace, services_.program); });
 }
 
 void AppDelegate::bringPrefsForward() {
-    placing().workspace.launchApplication(kSystemPreferences);
+    services_.workspace.launchApplication(kSystemPreferences);
 }
 
 void AppDelegate::settings() {
-    placing().tracking.trackEvent(kShowSettingsEvent);
+    services_.tracking.trackEvent(kShowSettingsEvent);
     if (!settings_) {
         settings_ = makeSettings();
     }
     settings_->showWindow();
     settings_->makeKeyAndOrderFront();
-    placing().workspace.bringThisApplicationToFront();
+    services_.workspace.bringThisApplicationToFront();
 }
 
 std::shared_ptr<Settings> AppDelegate::makeSettings() {
-    const auto& controller = services_.controller;
-    return Settings::create({placing().beeper, controller.hotKeys, services_.userDefaults,
-                             placing().workspace, placing().program, controller.text,
-                             placing().shortcutText, placing().tracking,
+    return Settings::create({services_.beeper, services_.hotKeys, services_.userDefaults,
+                             services_.workspace, services_.program, services_.text,
+                             services_.shortcutText, services_.tracking,
                              statusItemController_->launchAgentStartupItem(), Model::instance(),
-                             *statusItemController_, controller.views});
+                             *statusItemController_, services_.views});
 }
 
 void AppDelegate::runAtStartup() {
@@ -109,7 +108,7 @@ void AppDelegate::restoreWindowStates() {
 }
 
 void AppDelegate::quit() {
-    services_.controller.mainLoop.quit(0);
+    services_.mainLoop.quit(0);
 }
 
 void AppDelegate::checkForUpdates() {
@@ -121,7 +120,7 @@ void AppDelegate::checkForUpdatesInBackground() {
 }
 
 void AppDelegate::sendFeedback() {
-    placing().workspace.openUrl(kFeedbackUrl);
+    services_.workspace.openUrl(kFeedbackUrl);
 }
 
 void AppDelegate::crash() {
@@ -129,8 +128,8 @@ void AppDelegate::crash() {
 }
 
 void AppDelegate::openFAQ() {
-    placing().workspace.openUrl(kFAQUrl);
-    placing().tracking.trackEvent(kOpenFAQEvent);
+    services_.workspace.openUrl(kFAQUrl);
+    services_.tracking.trackEvent(kOpenFAQEvent);
 }
 
 } // namespace panewright

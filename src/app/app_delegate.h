@@ -16,8 +16,7 @@ namespace panewright {
 class AppDelegate : public ApplicationActions {
 public:
     /// All of it must outlive the delegate.
-    struct Services {
-        StatusItemController::Services controller;
+    struct Services : StatusItemController::Services {
         UserDefaults& userDefaults;
         CrashReporter& crashReporter;
         SoftwareUpdater& softwareUpdater;
@@ -46,7 +45,7 @@ public:
     /// Asks for permission to control other programs, then makes and starts the controller.
     void applicationDidFinishLaunching();
 
-    // Actions of the menu.
+    // Actions of the program as a whole.
     void bringPrefsForward();
     /// Opens the settings window, which is made the first time.
     void settings() override;
@@ -65,7 +64,6 @@ private:
     void setupStatusItem();
     void setupSparkle();
     std::shared_ptr<Settings> makeSettings();
-    const ActiveWindowPlacer::Services& placing() const { return services_.controller.placing; }
 
     Services services_;
     std::optional<RunningApplication> frontMostAppBeforeRunning_;

@@ -20,7 +20,9 @@ std::shared_ptr<FocusTracking> FocusTracking::create(const Ports& ports) {
     return std::shared_ptr<FocusTracking>(new FocusTracking(ports));
 }
 
-FocusTracking::FocusTracking(const Ports& ports) : ports_(ports), helper_(ports.accessibility) {}
+FocusTracking::FocusTracking(const Ports& ports)
+    : ports_(ports), helper_(ports.accessibility),
+      displayChanges_(ports.displays.onChange([this] { windowFrameChanged(); })) {}
 
 void FocusTracking::updateApplicationTracking() {
     if (!isFrontmostAppThisApp(ports_.workspace, ports_.program) && updateCurrentApplication()) {

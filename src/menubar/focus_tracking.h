@@ -23,14 +23,15 @@ public:
     /// All of it must outlive the tracking.
     struct Ports {
         Accessibility& accessibility;
-        const Displays& displays;
+        Displays& displays;
         const Workspace& workspace;
         const ProgramInformation& program;
     };
 
     static std::shared_ptr<FocusTracking> create(const Ports& ports);
 
-    /// Called after the tracked window moved, was resized or gave way to another one.
+    /// Called after the tracked window moved, was resized or gave way to another one, and after
+    /// the displays changed.
     void setWindowChangedHandler(std::function<void()> handler) {
         windowChanged_ = std::move(handler);
     }
@@ -71,6 +72,7 @@ private:
 
     Ports ports_;
     AccessibilityHelper helper_;
+    Registration displayChanges_;
     std::function<void()> windowChanged_;
     std::optional<RunningApplication> currentApplication_;
     std::shared_ptr<AccessibilityElement> appElement_;

@@ -1,6 +1,5 @@
 #include "menubar/hot_key_collisions.h"
 
-#include "model/window_state.h"
 #include "shortcuts/carbon_event_manager.h"
 
 #include <map>
@@ -12,15 +11,14 @@ std::uint64_t combinationNumber(const WindowState& state) {
     return event ? CarbonEventManager::keyForKeyCode(event->keyCode(), event->modifierFlags()) : 0;
 }
 
-std::vector<std::shared_ptr<WindowState>>
-statesWithoutCollisions(const std::vector<std::vector<std::shared_ptr<WindowState>>>& lists) {
+WindowStateArray statesWithoutCollisions(const std::vector<WindowStateArray>& lists) {
     std::map<std::uint64_t, std::shared_ptr<WindowState>> holders;
     for (const auto& list : lists) {
         for (const auto& state : list) {
             holders[combinationNumber(*state)] = state;
         }
     }
-    std::vector<std::shared_ptr<WindowState>> states;
+    WindowStateArray states;
     states.reserve(holders.size());
     for (const auto& [number, state] : holders) {
         states.push_back(state);

@@ -12,8 +12,10 @@ namespace panewright {
 struct MenuItem {
     /// With "&" before the letter that chooses it ("&&" for the sign itself).
     std::string title;
-    /// Null: the item cannot be chosen.
+    /// Null for an item that only says something.
     std::function<void()> action;
+    /// Whether the action can be chosen now.
+    bool isEnabled = true;
     /// A check mark, for items that are on or off.
     bool isCheckable = false;
     bool isChecked = false;

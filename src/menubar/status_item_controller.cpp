@@ -1,7 +1,7 @@
 #include "menubar/status_item_controller.h"
 
 #include "geometry/frame_attributes.h"
-#include "menubar/hot_key_collisions.h"
+#include "menubar/installed_hot_keys.h"
 #include "menubar/status_item_anchor.h"
 #include "model/model.h"
 #include "model/window_state.h"
@@ -11,7 +11,6 @@
 #include "ui/shortcut_remark.h"
 
 #include <utility>
-#include <vector>
 
 namespace panewright {
 namespace {
@@ -20,10 +19,6 @@ constexpr const char* kLaunchAgentLabel = "com.quillfen.Panewright.Agent";
 constexpr const char* kLaunchAgentFileName = "com.quillfen.Panewright.Agent.plist";
 constexpr Size kStatusImageSize{17, 14};
 constexpr double kStatusItemLength = 23;
-
-std::vector<std::shared_ptr<WindowState>> statesIn(const std::shared_ptr<WindowStateArray>& array) {
-    return array ? *array : WindowStateArray{};
-}
 
 } // namespace
 
@@ -34,9 +29,11 @@ std::shared_ptr<StatusItemController> StatusItemController::create(const Service
 
 StatusItemController::StatusItemController(const Services& services, ApplicationActions& actions)
     : services_(services), actions_(actions),
-      tracking_(FocusTracking::create({services.placing.accessibility, services.placing.displays,
-                                       services.placing.workspace, services.placing.program})),
-      placer_(services.placing, *tracking_),
+      tracking_(FocusTracking::create(
+          {services.accessibility, services.displays, services.workspace, services.program})),
+      placer_({services.accessibility, services.displays, services.workspace, services.program,
+               services.beeper, services.tracking, services.shortcutText},
+              *tracking_),
       menu_(services.text, {[this] { saveWindowPosition(); },
                             [this] { moveToNextDisplay(nullptr); }, [this] { actions_.settings(); },
                             [this] { actions_.runAtStartup(); }, [this] { actions_.quit(); }}) {}
@@ -76,7 +73,7 @@ void StatusItemController::setupModel() {
 }
 
 void StatusItemController::setupStartupItem() {
-    startupItem_.emplace(services_.loginItems, services_.placing.program.executablePath(),
+    startupItem_.emplace(services_.loginItems, services_.program.executablePath(),
                          kLaunchAgentFileName, kLaunchAgentLabel);
     startupItem_->updateExecutablePath();
 }
@@ -90,23 +87,23 @@ void StatusItemController::setupCarbonEventManager() {
 }
 
 void StatusItemController::setupNotifications() {
-    activations_ = services_.placing.workspace.onApplicationActivated(
-        [this] { workspaceDidActiveApplication(); });
+    activations_ =
+        services_.workspace.onApplicationActivated([this] { workspaceDidActiveApplication(); });
     tracking_->setWindowChangedHandler([this] { updateSaveShortcutViewControllerIfOpen(); });
 }
 
 void StatusItemController::setupSavePopover() {
-    const auto& placing = services_.placing;
-    savePopover_.emplace(SavePopover::Services{services_.icons, placing.workspace, placing.program,
-                                               [this] { return anchor(); }},
+    savePopover_.emplace(SavePopover::Services{services_.icons, services_.workspace,
+                                               services_.program, [this] { return anchor(); }},
                          SaveShortcutViewController::Services{
-                             placing.beeper, services_.hotKeys, services_.mainLoop, services_.text,
-                             placing.shortcutText, placing.tracking, services_.views, *this},
+                             services_.beeper, services_.hotKeys, services_.mainLoop,
+                             services_.text, services_.shortcutText, services_.tracking,
+                             services_.views, *this},
                          *tracking_);
 }
 
 PopoverAnchor StatusItemController::anchor() const {
-    return statusItemAnchor(services_.statusItem, services_.placing.displays, services_.workAreas,
+    return statusItemAnchor(services_.statusItem, services_.displays, services_.workAreas,
                             tracking_->currentDisplay());
 }
 
@@ -117,18 +114,17 @@ void StatusItemController::clicked(const StatusItemClick& /*click*/) {
 
 void StatusItemController::menuNeedsUpdate() {
     tracking_->updateApplicationTracking();
-    menu_.moveToNextDisplayItem->action = nullptr;
-    if (services_.placing.displays.screens().size() != 1) {
-        menu_.moveToNextDisplayItem->action = [this] { moveToNextDisplay(nullptr); };
-    }
     addEventHandlers();
-    const auto event = model_->moveToNextWindowKeyEvent();
-    menu_.moveToNextDisplayItem->isKeyEquivalentTaken =
-        event && isShortcutTaken(services_.hotKeys, event->keyCode(), event->modifierFlags());
+    auto& moveItem = *menu_.moveToNextDisplayItem;
+    moveItem.isEnabled = services_.displays.screens().size() != 1;
+    moveItem.isKeyEquivalentTaken =
+        moveToNextDisplayKey_ &&
+        isShortcutTaken(services_.hotKeys, moveToNextDisplayKey_->keyCode(),
+                        moveToNextDisplayKey_->modifierFlags());
 }
 
 void StatusItemController::workspaceDidActiveApplication() {
-    if (isFrontmostAppThisApp(services_.placing.workspace, services_.placing.program)) {
+    if (isFrontmostAppThisApp(services_.workspace, services_.program)) {
         return;
     }
     tracking_->updateApplicationTracking();
@@ -140,33 +136,22 @@ void StatusItemController::workspaceDidActiveApplication() {
 }
 
 void StatusItemController::addEventHandlers() {
-    CarbonEventManager::sharedManager().removeAllEvents();
-    const auto& application = tracking_->currentApplication();
-    const auto applicationStates =
-        application && application->bundleIdentifier
-            ? model_->windowStatesForAppBundleId(*application->bundleIdentifier)
-            : nullptr;
-    for (const auto& state : statesWithoutCollisions({statesIn(model_->defaultWindowStates()),
-                                                      statesIn(model_->globalWindowStates()),
-                                                      statesIn(applicationStates)})) {
-        state->installKeyEvent();
+    moveToNextDisplayKey_ = model_->moveToNextWindowKeyEvent();
+    if (moveToNextDisplayKey_) {
+        moveToNextDisplayKey_->setTarget(shared_from_this(),
+                                         &StatusItemController::moveToNextDisplay);
     }
-    installMoveToNextDisplayKey();
+    installHotKeys(*model_, tracking_->currentApplication(), moveToNextDisplayKey_);
+    showMoveToNextDisplayKey();
 }
 
-void StatusItemController::installMoveToNextDisplayKey() {
+void StatusItemController::showMoveToNextDisplayKey() {
     auto& item = *menu_.moveToNextDisplayItem;
-    item.keyEquivalent.clear();
-    item.keyEquivalentModifierMask = 0;
-    const auto event = model_->moveToNextWindowKeyEvent();
-    if (!event) {
-        return;
-    }
-    event->setTarget(shared_from_this(), &StatusItemController::moveToNextDisplay);
-    CarbonEventManager::sharedManager().addCarbonKeyEvent(event);
-    item.keyEquivalent = services_.placing.shortcutText.stringForRawKeyCode(
-        static_cast<std::uint16_t>(event->keyCode()));
-    item.keyEquivalentModifierMask = event->modifierFlags();
+    const auto& key = moveToNextDisplayKey_;
+    item.keyEquivalent =
+        key ? services_.shortcutText.stringForRawKeyCode(static_cast<std::uint16_t>(key->keyCode()))
+            : "";
+    item.keyEquivalentModifierMask = key ? key->modifierFlags() : 0;
 }
 
 void StatusItemController::moveToNextDisplay(const std::shared_ptr<CarbonKeyEvent>& /*sender*/) {
@@ -197,7 +182,8 @@ bool StatusItemController::applyFirst(std::string_view name,
         for (const auto& state : *states) {
             if (state->windowStateName() == name &&
                 (!applicationName || state->appName() == *applicationName)) {
-                applyWindowStateToActiveWindow(std::shared_ptr(state));
+                applyWindowStateToActiveWindow(
+                    std::shared_ptr(state)); // the store may drop its own
                 return true;
             }
         }
@@ -210,15 +196,15 @@ void StatusItemController::addWindowState(const std::shared_ptr<WindowState>& st
 }
 
 void StatusItemController::removeWindowState(const std::shared_ptr<WindowState>& state) {
-    services_.placing.tracking.trackEvent(
-        kRemoveWindowStateEvent, state->attributesForTracking(services_.placing.shortcutText));
+    services_.tracking.trackEvent(kRemoveWindowStateEvent,
+                                  state->attributesForTracking(services_.shortcutText));
     model_->removeWindowState(state);
     addEventHandlers();
 }
 
 void StatusItemController::saveWindowPosition() {
     if (!isFrameSettable(tracking_->windowElement())) {
-        services_.placing.beeper.beep();
+        services_.beeper.beep();
         return;
     }
     CarbonEventManager::sharedManager().removeAllEvents();
@@ -240,7 +226,7 @@ void StatusItemController::finishSavingWindowState() {
 
 void StatusItemController::abandonSavingWindowState() {
     savePopover_->close();
-    services_.placing.workspace.hideThisApplication();
+    services_.workspace.hideThisApplication();
 }
 
 void StatusItemController::sendFeedback() {
@@ -248,13 +234,13 @@ void StatusItemController::sendFeedback() {
 }
 
 void StatusItemController::checkForUpdates() {
-    services_.placing.tracking.trackEvent(kCheckForUpdatesEvent);
+    services_.tracking.trackEvent(kCheckForUpdatesEvent);
     actions_.checkForUpdates();
 }
 
 /// Unlike the program's own action sends no event.
 void StatusItemController::openFAQ() {
-    services_.placing.workspace.openUrl(kFAQUrl);
+    services_.workspace.openUrl(kFAQUrl);
 }
 
 void StatusItemController::crash() {

@@ -35,7 +35,13 @@ class StatusItemController : public WindowStateApplier,
 public:
     /// All of it must outlive the controller.
     struct Services {
-        ActiveWindowPlacer::Services placing;
+        Accessibility& accessibility;
+        Displays& displays;
+        Workspace& workspace;
+        const ProgramInformation& program;
+        Beeper& beeper;
+        Tracking tracking;
+        ShortcutText shortcutText;
         const LoginItemFormat& loginItems;
         MainLoop& mainLoop;
         const HotKeys& hotKeys;
@@ -87,6 +93,7 @@ public:
     /// Opens the save popover for the tracked window; beeps when that cannot be moved and resized.
     /// No hot key is installed while the popover is open, so that each can be recorded.
     void saveWindowPosition();
+    /// Takes the tracked window as it is now into an open save popover.
     void updateSaveShortcutViewControllerIfOpen();
     void finishSavingWindowState() override;
     void abandonSavingWindowState() override;
@@ -112,7 +119,7 @@ private:
     void showStatusItem();
     void clicked(const StatusItemClick& click);
     PopoverAnchor anchor() const;
-    void installMoveToNextDisplayKey();
+    void showMoveToNextDisplayKey();
     bool applyFirst(std::string_view name, std::optional<std::string_view> applicationName);
 
     Services services_;
@@ -123,6 +130,8 @@ private:
     std::optional<SavePopover> savePopover_;
     Model* model_ = nullptr;
     std::optional<LaunchAgentStartupItem> startupItem_;
+    /// Null while none is set.
+    std::shared_ptr<CarbonKeyEvent> moveToNextDisplayKey_;
     bool started_ = false;
     Registration activations_;
 };

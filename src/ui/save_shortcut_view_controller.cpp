@@ -96,11 +96,14 @@ bool SaveShortcutViewController::keyDown(const KeyEvent& event) {
 
 void SaveShortcutViewController::save() {
     const auto name = view_->windowStateName();
-    if (services_.text.trimmedOfWhitespace(name).empty() || !windowState_) {
+    const bool isGlobal = view_->forAllApplications();
+    const bool hasName = !services_.text.trimmedOfWhitespace(name).empty();
+    // A program without an identifier can have no states of its own.
+    if (!hasName || !windowState_ || (!isGlobal && !windowState_->appBundleId())) {
         services_.beeper.beep();
         return;
     }
-    windowState_->setIsGlobal(view_->forAllApplications());
+    windowState_->setIsGlobal(isGlobal);
     windowState_->setPrefersDisplay(view_->prefersDisplay());
     windowState_->setWindowStateName(name);
     services_.saving.addWindowState(windowState_);

@@ -75,7 +75,11 @@ TEST_F(SavePopoverTest, SavesTheTrackedWindowUnderANameAndAShortcut) {
     EXPECT_TRUE(program_.press(kK));
 }
 
-TEST_F(SavePopoverTest, RefusesANameOfSpacesAndSavesForAllWithoutAShortcut) {
+TEST_F(SavePopoverTest, RefusesANameOfSpacesAndAProgramWithoutIdentifierAndSavesForAll) {
+    view().controller().windowState()->setAppBundleId(std::nullopt);
+    save("Of nobody");
+    EXPECT_TRUE(isShown());
+    view().controller().windowState()->setAppBundleId("org.example.Editor");
     view().allApplications = true;
     view().controller().onActiveForAll();
     EXPECT_FALSE(view().appOnly);
@@ -83,7 +87,7 @@ TEST_F(SavePopoverTest, RefusesANameOfSpacesAndSavesForAllWithoutAShortcut) {
         save(name);
         EXPECT_TRUE(isShown());
     }
-    EXPECT_EQ(desktop().beeper.beeps, 2);
+    EXPECT_EQ(desktop().beeper.beeps, 3);
     save("Everywhere");
     EXPECT_EQ(lastStateOf("globals").appBundleId(), "org.example.Editor");
     EXPECT_EQ(lastStateOf("globals").keyEvent(), nullptr);
@@ -97,6 +101,9 @@ TEST_F(SavePopoverTest, TakesTheWindowAsItIsNowAndForgetsTheShortcut) {
     EXPECT_EQ(pending().originalWindowRect(), (Rect{5, 6, 700, 500}));
     EXPECT_EQ(pending().keyEvent(), nullptr);
     EXPECT_EQ(view().controller().shortcutRecorder().keyCode(), kK); // still shown
+    desktop().displays.setDisplays({{.id = 1, .bounds = {0, 0, 800, 600}}});
+    desktop().mainLoop.runPending();
+    EXPECT_EQ(pending().originalQuartzDisplayBounds(), (Rect{0, 0, 800, 600}));
     program_.open(kTerminal, "org.example.Terminal", kFrame);
     EXPECT_EQ(pending().appBundleId(), "org.example.Terminal");
     EXPECT_EQ(view().appOnlyTitle, "Only active for org.example.Terminal");

@@ -1,6 +1,5 @@
 #include "menubar/status_item_controller.h"
 
-#include "menubar/hot_key_collisions.h"
 #include "support/launched_program.h"
 #include "support/print_geometry.h"
 

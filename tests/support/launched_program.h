@@ -75,18 +75,11 @@ public:
     MemoryStandardFolders folders{folder.path()};
     LaunchAgentFormat loginItems{folder.path()};
     MemoryDesktop desktop;
-    AppDelegate delegate{{{{desktop.accessibility, desktop.displays, desktop.workspace,
-                            desktop.program, desktop.beeper, Tracking(desktop.analytics),
-                            ShortcutText(desktop.keyboardLayout, desktop.text)},
-                           loginItems,
-                           desktop.mainLoop,
-                           desktop.hotKeys,
-                           desktop.text,
-                           desktop.workAreas,
-                           desktop.icons,
-                           desktop.statusItem,
-                           desktop.menuView,
-                           desktop.views},
+    AppDelegate delegate{{{desktop.accessibility, desktop.displays, desktop.workspace,
+                           desktop.program, desktop.beeper, Tracking(desktop.analytics),
+                           ShortcutText(desktop.keyboardLayout, desktop.text), loginItems,
+                           desktop.mainLoop, desktop.hotKeys, desktop.text, desktop.workAreas,
+                           desktop.icons, desktop.statusItem, desktop.menuView, desktop.views},
                           desktop.userDefaults,
                           desktop.crashReporter,
                           desktop.softwareUpdater}};

@@ -41,7 +41,7 @@ public:
     bool choose(std::string_view title) const {
         const auto item = std::find_if(opened.items.begin(), opened.items.end(),
                                        [&](const auto& each) { return each->title == title; });
-        if (item == opened.items.end() || !(*item)->action) {
+        if (item == opened.items.end() || !(*item)->action || !(*item)->isEnabled) {
             return false;
         }
         (*item)->action();

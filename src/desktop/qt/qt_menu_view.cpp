@@ -27,7 +27,7 @@ void addItem(QMenu& menu, const std::shared_ptr<MenuItem>& item) {
         return;
     }
     auto* action = menu.addAction(textOf(*item));
-    action->setEnabled(item->action != nullptr);
+    action->setEnabled(item->action && item->isEnabled);
     action->setCheckable(item->isCheckable);
     action->setChecked(item->isChecked);
     // Queued: by then the menu has closed and let go of keyboard and pointer.
