@@ -85,11 +85,10 @@ void AppDelegate::settings() {
 }
 
 std::shared_ptr<Settings> AppDelegate::makeSettings() {
-    return Settings::create({services_.beeper, services_.hotKeys, services_.userDefaults,
-                             services_.workspace, services_.program, services_.text,
-                             services_.shortcutText, services_.tracking,
-                             statusItemController_->launchAgentStartupItem(), Model::instance(),
-                             *statusItemController_, services_.views});
+    return Settings::create({services_.beeper, services_.hotKeys, services_.workspace,
+                             services_.program, services_.text, services_.shortcutText,
+                             services_.tracking, statusItemController_->launchAgentStartupItem(),
+                             Model::instance(), *statusItemController_, services_.views});
 }
 
 void AppDelegate::runAtStartup() {

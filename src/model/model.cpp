@@ -9,6 +9,12 @@
 namespace panewright {
 namespace {
 
+// Keys of the user defaults.
+constexpr std::string_view kMoveToNextWindowKeyCodeKey = "MoveToNextWindowKeyEventKeyCode";
+constexpr std::string_view kMoveToNextWindowKeyModifiersKey =
+    "MoveToNextWindowKeyEventKeyModifiers";
+constexpr std::string_view kAllowMoveWindowKey = "AllowMoveWindow";
+
 struct SharedModel {
     std::function<std::unique_ptr<Model>()> make;
     std::unique_ptr<Model> model;
@@ -115,6 +121,19 @@ std::shared_ptr<CarbonKeyEvent> Model::moveToNextWindowKeyEvent() const {
     return CarbonKeyEvent::carbonEventWithKeyCode(
         static_cast<std::uint64_t>(defaults_.integerForKey(kMoveToNextWindowKeyCodeKey)),
         static_cast<std::uint64_t>(defaults_.integerForKey(kMoveToNextWindowKeyModifiersKey)));
+}
+
+void Model::setMoveToNextWindowKeyEvent(const std::shared_ptr<CarbonKeyEvent>& event) {
+    if (event) {
+        defaults_.setInteger(kMoveToNextWindowKeyCodeKey,
+                             static_cast<std::int64_t>(event->keyCode()));
+        defaults_.setInteger(kMoveToNextWindowKeyModifiersKey,
+                             static_cast<std::int64_t>(event->modifierFlags()));
+    } else {
+        defaults_.removeObjectForKey(kMoveToNextWindowKeyCodeKey);
+        defaults_.removeObjectForKey(kMoveToNextWindowKeyModifiersKey);
+    }
+    defaults_.synchronize();
 }
 
 bool Model::allowWindowStateShortcutsToMoveWindowNextDisplay() {

@@ -18,12 +18,6 @@ class CarbonKeyEvent;
 inline constexpr std::string_view kDefaultsKey = "defaults";
 inline constexpr std::string_view kGlobalsKey = "globals";
 
-// Keys of the user defaults.
-inline constexpr std::string_view kMoveToNextWindowKeyCodeKey = "MoveToNextWindowKeyEventKeyCode";
-inline constexpr std::string_view kMoveToNextWindowKeyModifiersKey =
-    "MoveToNextWindowKeyEventKeyModifiers";
-inline constexpr std::string_view kAllowMoveWindowKey = "AllowMoveWindow";
-
 /// The single store of all window states. Main thread only.
 class Model {
 public:
@@ -74,6 +68,8 @@ public:
     /// A new key event for the shortcut that moves the focused window to the next display; null
     /// when none is set.
     std::shared_ptr<CarbonKeyEvent> moveToNextWindowKeyEvent() const;
+    /// Keeps the shortcut of the event in the user defaults; null for none from now on.
+    void setMoveToNextWindowKeyEvent(const std::shared_ptr<CarbonKeyEvent>& event);
 
     /// Whether a state's hot key moves the window on when the state is in effect already.
     bool allowWindowStateShortcutsToMoveWindowNextDisplay();

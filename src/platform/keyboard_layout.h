@@ -1,14 +1,11 @@
 #pragma once
 
-#include "base/registration.h"
-
 #include <cstdint>
-#include <functional>
 #include <string>
 
 namespace panewright {
 
-/// The keyboard layout that the user types ASCII with.
+/// The keyboard layout that the user types ASCII with, as it is at each call.
 ///
 /// Main thread only.
 class KeyboardLayout {
@@ -19,9 +16,6 @@ public:
     /// accent alone, for the keys of volume and input methods a name. Empty for a key that types
     /// nothing else, such as a function key.
     virtual std::string displayText(std::uint16_t virtualKeyCode) const = 0;
-
-    /// Calls back on the main loop after the layout changed.
-    virtual Registration onChange(std::function<void()> callback) = 0;
 };
 
 } // namespace panewright

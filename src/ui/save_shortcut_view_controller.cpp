@@ -94,6 +94,11 @@ bool SaveShortcutViewController::keyDown(const KeyEvent& event) {
     return false;
 }
 
+void SaveShortcutViewController::closeRequested() {
+    recorder_.resignFirstResponder(); // which ends a recording
+    services_.saving.abandonSavingWindowState();
+}
+
 void SaveShortcutViewController::save() {
     const auto name = view_->windowStateName();
     const bool isGlobal = view_->forAllApplications();

@@ -44,6 +44,7 @@ public:
     void loadViewSafely();
     /// The window of the view; null before that is loaded.
     Popover* popover() { return view_ ? &view_->popover() : nullptr; }
+    /// There must be one, here and in all that follows but the pending state.
     SaveShortcutView& view() { return *view_; }
     QFShortcutRecorder& shortcutRecorder() { return recorder_; }
 
@@ -65,6 +66,8 @@ public:
     void onActiveContextChange();
     /// A key on its way to the focused control of the popover. True when it goes no further.
     bool keyDown(const KeyEvent& event);
+    /// By other means than a key, such as those of the window manager.
+    void closeRequested();
 
     void shortcutRecorderSetFlags(QFShortcutRecorder& recorder, std::uint64_t flags,
                                   std::uint16_t andKeyCode) override;

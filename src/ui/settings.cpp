@@ -15,8 +15,7 @@ std::shared_ptr<Settings> Settings::create(const Services& services) {
 }
 
 Settings::Settings(const Services& services)
-    : services_(services), defaults_(services.userDefaults),
-      recorder_(services.shortcutText, services.beeper) {
+    : services_(services), recorder_(services.shortcutText, services.beeper) {
     localizeLabels(recorder_, services_.text);
 }
 
@@ -32,22 +31,17 @@ void Settings::awakeFromNib() {
 }
 
 void Settings::showStoredShortcut() {
-    if (!services_.model.moveToNextWindowKeyEvent()) {
-        return;
+    if (const auto event = services_.model.moveToNextWindowKeyEvent()) {
+        recorder_.setKeyCode(static_cast<std::int64_t>(event->keyCode()), event->modifierFlags());
+        view_->setShortcutRemark(shortcutRemark(services_.hotKeys, services_.text, event->keyCode(),
+                                                event->modifierFlags()));
     }
-    const auto keyCode = defaults_.integerForKey(kMoveToNextWindowKeyCodeKey);
-    const auto flags =
-        static_cast<std::uint64_t>(defaults_.integerForKey(kMoveToNextWindowKeyModifiersKey));
-    recorder_.setKeyCode(keyCode, flags);
-    view_->setShortcutRemark(shortcutRemark(services_.hotKeys, services_.text,
-                                            static_cast<std::uint16_t>(keyCode), flags));
 }
 
 void Settings::shortcutRecorderSetFlags(QFShortcutRecorder& /*recorder*/, std::uint64_t flags,
                                         std::uint16_t andKeyCode) {
-    defaults_.setInteger(kMoveToNextWindowKeyCodeKey, andKeyCode);
-    defaults_.setInteger(kMoveToNextWindowKeyModifiersKey, static_cast<std::int64_t>(flags));
-    defaults_.synchronize();
+    services_.model.setMoveToNextWindowKeyEvent(
+        CarbonKeyEvent::carbonEventWithKeyCode(andKeyCode, flags));
     services_.hotKeyRefresh.addEventHandlers();
     view_->setShortcutRemark(shortcutRemark(services_.hotKeys, services_.text, andKeyCode, flags));
 }
@@ -55,9 +49,7 @@ void Settings::shortcutRecorderSetFlags(QFShortcutRecorder& /*recorder*/, std::u
 void Settings::shortcutRecorderDidClearFlags(QFShortcutRecorder& /*recorder*/,
                                              std::uint64_t /*flags*/,
                                              std::uint16_t /*andKeyCode*/) {
-    defaults_.removeObjectForKey(kMoveToNextWindowKeyCodeKey);
-    defaults_.removeObjectForKey(kMoveToNextWindowKeyModifiersKey);
-    defaults_.synchronize();
+    services_.model.setMoveToNextWindowKeyEvent(nullptr);
     services_.hotKeyRefresh.addEventHandlers();
     view_->setShortcutRemark("");
 }

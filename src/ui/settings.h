@@ -4,9 +4,7 @@
 #include "platform/hot_keys.h"
 #include "platform/program_information.h"
 #include "platform/text_services.h"
-#include "platform/user_defaults.h"
 #include "platform/workspace.h"
-#include "services/defaults.h"
 #include "services/launch_agent_startup_item.h"
 #include "services/tracking.h"
 #include "shortcuts/qf_shortcut_recorder.h"
@@ -27,7 +25,6 @@ public:
     struct Services {
         Beeper& beeper;
         const HotKeys& hotKeys;
-        UserDefaults& userDefaults;
         Workspace& workspace;
         const ProgramInformation& program;
         const TextServices& text;
@@ -67,7 +64,6 @@ private:
     void showStoredShortcut();
 
     Services services_;
-    Defaults defaults_;
     QFShortcutRecorder recorder_;
     std::unique_ptr<SettingsView> view_; // last: it knows the rest
 };

@@ -114,6 +114,11 @@ TEST_F(SavePopoverTest, TakesTheWindowAsItIsNowAndForgetsTheShortcut) {
 }
 
 TEST_F(SavePopoverTest, EscapeClosesAndTheHotKeysReturnWithTheNextApplication) {
+    view().recorderHasFocus = true;
+    view().controller().shortcutRecorder().keyDown({kSpace, 0});
+    view().controller().closeRequested();
+    EXPECT_FALSE(isShown() || view().controller().shortcutRecorder().isRecording());
+    saveFromMenu();
     record(kK, 0x80000);
     EXPECT_FALSE(view().controller().keyDown({kK, 0}));
     EXPECT_TRUE(view().controller().keyDown({kEscape, 0}));

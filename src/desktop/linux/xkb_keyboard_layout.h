@@ -11,9 +11,6 @@ public:
     explicit XkbKeyboardLayout(XkbKeymap& keymap) : keymap_(keymap) {}
 
     std::string displayText(std::uint16_t virtualKeyCode) const override;
-    Registration onChange(std::function<void()> callback) override {
-        return keymap_.onChange(std::move(callback));
-    }
 
 private:
     XkbKeymap& keymap_;

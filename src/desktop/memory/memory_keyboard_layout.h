@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/observer_list.h"
 #include "platform/keyboard_layout.h"
 
 #include <map>
@@ -14,10 +13,7 @@ class MemoryKeyboardLayout : public KeyboardLayout {
 public:
     using Keys = std::map<std::uint16_t, std::string>;
 
-    void setKeys(Keys keys) {
-        keys_ = std::move(keys);
-        changed_.notify();
-    }
+    void setKeys(Keys keys) { keys_ = std::move(keys); }
     /// Makes every question fail with an exception, as a broken layout library would.
     void setBroken(bool broken) { broken_ = broken; }
 
@@ -28,14 +24,10 @@ public:
         const auto key = keys_.find(virtualKeyCode);
         return key == keys_.end() ? "" : key->second;
     }
-    Registration onChange(std::function<void()> callback) override {
-        return changed_.add(std::move(callback));
-    }
 
 private:
     Keys keys_;
     bool broken_ = false;
-    ObserverList<> changed_;
 };
 
 } // namespace panewright

@@ -2,7 +2,6 @@
 
 #include "desktop/qt/key_events.h"
 #include "desktop/qt/native_geometry.h"
-#include "shortcuts/virtual_key_codes.h"
 #include "ui/popover_placement.h"
 
 #include <QCloseEvent>
@@ -42,8 +41,8 @@ QPalette lightPalette() {
 } // namespace
 
 PopoverWindow::PopoverWindow(const NativeKeyCodes& keyCodes, const Compositing& compositing,
-                             std::function<bool(const KeyEvent&)> keyDown)
-    : keyCodes_(keyCodes), compositing_(compositing), keyDown_(std::move(keyDown)) {
+                             Handlers handlers)
+    : keyCodes_(keyCodes), compositing_(compositing), handlers_(std::move(handlers)) {
     setAttribute(Qt::WA_TranslucentBackground);
     setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     setPalette(lightPalette());
@@ -103,23 +102,17 @@ void PopoverWindow::makeKeyAndOrderFront() {
     activateWindow();
 }
 
-void PopoverWindow::reject() {
-    keyDown_({kEscapeKeyCode, 0});
-}
-
 void PopoverWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
-    reject();
-    if (isVisible()) { // a recording took the first one for itself
-        reject();
-    }
+    handlers_.closeRequested();
 }
 
 bool PopoverWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == windowHandle() && event->type() == QEvent::KeyPress) {
         const auto& press = static_cast<QKeyEvent&>(*event);
         const auto key = keyEventOf(press, keyCodes_);
-        if (key && !isModifierKey(press, keyCodes_) && !press.isAutoRepeat() && keyDown_(*key)) {
+        if (key && !isModifierKey(press, keyCodes_) && !press.isAutoRepeat() &&
+            handlers_.keyDown(*key)) {
             return true;
         }
     }

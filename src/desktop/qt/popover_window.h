@@ -18,9 +18,15 @@ class PopoverWindow : public QDialog, public Popover {
     Q_OBJECT
 
 public:
-    /// `keyDown` sees each key before the focused control; true keeps the key from it.
+    struct Handlers {
+        /// Sees each key before the focused control; true keeps the key from it.
+        std::function<bool(const KeyEvent&)> keyDown;
+        /// The user wants it closed, which only the handler does.
+        std::function<void()> closeRequested;
+    };
+
     PopoverWindow(const NativeKeyCodes& keyCodes, const Compositing& compositing,
-                  std::function<bool(const KeyEvent&)> keyDown);
+                  Handlers handlers);
 
     bool isShown() const override { return isVisible(); }
     void show(const PopoverAnchor& anchor) override;
@@ -35,8 +41,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    /// Neither Escape nor the window manager closes it behind the controller's back.
-    void reject() override;
+    void reject() override { handlers_.closeRequested(); }
     void closeEvent(QCloseEvent* event) override;
 
 private:
@@ -47,7 +52,7 @@ private:
 
     const NativeKeyCodes& keyCodes_;
     const Compositing& compositing_;
-    std::function<bool(const KeyEvent&)> keyDown_;
+    Handlers handlers_;
     PopoverAnchor anchor_;
     QPoint place_;
     /// The window manager may still have to be told once more.

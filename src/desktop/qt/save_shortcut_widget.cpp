@@ -39,9 +39,10 @@ void setImage(QLabel& label, const ImagePtr& image) {
 SaveShortcutWidget::SaveShortcutWidget(SaveShortcutViewController& controller,
                                        const NativeKeyCodes& keyCodes,
                                        const Compositing& compositing)
-    : controller_(controller), window_(keyCodes, compositing, [&controller](const KeyEvent& event) {
-          return controller.keyDown(event);
-      }) {
+    : controller_(controller),
+      window_(keyCodes, compositing,
+              {[&controller](const KeyEvent& event) { return controller.keyDown(event); },
+               [&controller] { controller.closeRequested(); }}) {
     window_.setWindowTitle(tr("Save Window State"));
     window_.setWindowIcon(programIcon());
     window_.setAccessibleName(window_.windowTitle());
