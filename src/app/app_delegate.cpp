@@ -1,5 +1,6 @@
 #include "app/app_delegate.h"
 
+#include "accessibility/accessibility_helper.h"
 #include "model/model.h"
 #include "model/window_state.h"
 #include "services/product_website.h"

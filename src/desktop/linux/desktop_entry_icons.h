@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desktop/linux/active_windows.h"
-#include "platform/application_icon_source.h"
+#include "desktop/shared/application_icon_source.h"
 
 #include <cstdint>
 #include <vector>

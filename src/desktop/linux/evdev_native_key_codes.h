@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desktop/linux/evdev_key_codes.h"
-#include "platform/native_key_codes.h"
+#include "desktop/shared/native_key_codes.h"
 
 namespace panewright {
 

@@ -6,8 +6,8 @@
 #include "desktop/linux/randr_displays.h"
 #include "desktop/linux/window_manager.h"
 #include "desktop/linux/x11_accessibility.h"
-#include "desktop/linux/x11_compositing.h"
 #include "desktop/linux/x11_hot_keys.h"
+#include "desktop/linux/x11_own_windows.h"
 #include "desktop/linux/x11_work_areas.h"
 #include "desktop/linux/x11_workspace.h"
 #include "desktop/linux/x_bell.h"
@@ -49,7 +49,7 @@ public:
     X11Workspace workspace;
     DesktopEntryIcons icons;
     XEmbedTray tray;
-    X11Compositing compositing;
+    X11OwnWindows ownWindows;
     XBell beeper;
 
     /// Called once, when the X server has gone away.

@@ -2,7 +2,7 @@
 
 #include "base/lifetime.h"
 #include "desktop/linux/xkb_keymap.h"
-#include "platform/hot_key_handlers.h"
+#include "desktop/shared/hot_key_handlers.h"
 #include "platform/hot_keys.h"
 
 #include <compare>

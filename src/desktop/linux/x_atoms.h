@@ -32,6 +32,8 @@ namespace panewright {
     X(_NET_WM_STATE_MAXIMIZED_HORZ)                                                                \
     X(_NET_WM_STATE_MAXIMIZED_VERT)                                                                \
     X(_NET_WM_STATE_SHADED)                                                                        \
+    X(_NET_WM_STATE_SKIP_PAGER)                                                                    \
+    X(_NET_WM_STATE_SKIP_TASKBAR)                                                                  \
     X(_NET_WM_STRUT)                                                                               \
     X(_NET_WM_STRUT_PARTIAL)                                                                       \
     X(_NET_WM_WINDOW_TYPE)                                                                         \

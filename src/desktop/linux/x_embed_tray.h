@@ -2,7 +2,7 @@
 
 #include "base/observer_list.h"
 #include "desktop/linux/x_connection.h"
-#include "platform/system_tray.h"
+#include "desktop/shared/system_tray.h"
 
 namespace panewright {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/hot_key_handlers.h"
+#include "desktop/shared/hot_key_handlers.h"
 #include "platform/hot_keys.h"
 #include "platform/main_loop.h"
 

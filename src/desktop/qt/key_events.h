@@ -1,7 +1,7 @@
 #pragma once
 
+#include "desktop/shared/native_key_codes.h"
 #include "platform/key_event.h"
-#include "platform/native_key_codes.h"
 
 #include <QKeyEvent>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "desktop/shared/system_tray.h"
 #include "platform/displays.h"
-#include "platform/system_tray.h"
 #include "platform/work_areas.h"
 
 #include <optional>

@@ -40,9 +40,9 @@ QPalette lightPalette() {
 
 } // namespace
 
-PopoverWindow::PopoverWindow(const NativeKeyCodes& keyCodes, const Compositing& compositing,
+PopoverWindow::PopoverWindow(const NativeKeyCodes& keyCodes, OwnWindows& ownWindows,
                              Handlers handlers)
-    : keyCodes_(keyCodes), compositing_(compositing), handlers_(std::move(handlers)) {
+    : keyCodes_(keyCodes), ownWindows_(ownWindows), handlers_(std::move(handlers)) {
     setAttribute(Qt::WA_TranslucentBackground);
     setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     setPalette(lightPalette());
@@ -54,6 +54,9 @@ void PopoverWindow::show(const PopoverAnchor& anchor) {
     anchor_ = anchor;
     mayBeMisplaced_ = true;
     place();
+    if (!isVisible()) {
+        ownWindows_.keepOutOfTaskBars(static_cast<std::uint32_t>(winId()));
+    }
     QDialog::show();
 }
 
@@ -153,7 +156,7 @@ void PopoverWindow::resizeEvent(QResizeEvent* event) {
 
 /// Where nothing shows through, what lies outside the outline is cut off instead, with steps.
 void PopoverWindow::cutOut() {
-    if (compositing_.isActive()) {
+    if (ownWindows_.areComposited()) {
         clearMask();
     } else {
         setMask(QRegion(outline().toFillPolygon().toPolygon()));

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/compositing.h"
+#include "desktop/shared/native_key_codes.h"
+#include "desktop/shared/own_windows.h"
 #include "platform/key_event.h"
-#include "platform/native_key_codes.h"
 #include "ui/popover.h"
 
 #include <QDialog>
@@ -25,8 +25,7 @@ public:
         std::function<void()> closeRequested;
     };
 
-    PopoverWindow(const NativeKeyCodes& keyCodes, const Compositing& compositing,
-                  Handlers handlers);
+    PopoverWindow(const NativeKeyCodes& keyCodes, OwnWindows& ownWindows, Handlers handlers);
 
     bool isShown() const override { return isVisible(); }
     void show(const PopoverAnchor& anchor) override;
@@ -51,7 +50,7 @@ private:
     QPainterPath outline() const;
 
     const NativeKeyCodes& keyCodes_;
-    const Compositing& compositing_;
+    OwnWindows& ownWindows_;
     Handlers handlers_;
     PopoverAnchor anchor_;
     QPoint place_;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/application_icon_source.h"
+#include "desktop/shared/application_icon_source.h"
 #include "platform/application_icons.h"
 
 namespace panewright {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "base/registration.h"
+#include "desktop/shared/system_tray.h"
 #include "platform/displays.h"
 #include "platform/status_item.h"
-#include "platform/system_tray.h"
 #include "platform/work_areas.h"
 
 #include <QObject>

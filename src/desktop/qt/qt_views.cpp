@@ -7,7 +7,7 @@ namespace panewright {
 
 std::unique_ptr<SaveShortcutView>
 QtViews::makeSaveShortcutView(SaveShortcutViewController& controller) {
-    return std::make_unique<SaveShortcutWidget>(controller, keyCodes_, compositing_);
+    return std::make_unique<SaveShortcutWidget>(controller, keyCodes_, ownWindows_);
 }
 
 std::unique_ptr<SettingsView> QtViews::makeSettingsView(Settings& controller) {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/compositing.h"
-#include "platform/native_key_codes.h"
+#include "desktop/shared/native_key_codes.h"
+#include "desktop/shared/own_windows.h"
 #include "ui/view_factory.h"
 
 namespace panewright {
@@ -9,8 +9,8 @@ namespace panewright {
 /// Views of Qt widgets.
 class QtViews : public ViewFactory {
 public:
-    QtViews(const NativeKeyCodes& keyCodes, const Compositing& compositing)
-        : keyCodes_(keyCodes), compositing_(compositing) {}
+    QtViews(const NativeKeyCodes& keyCodes, OwnWindows& ownWindows)
+        : keyCodes_(keyCodes), ownWindows_(ownWindows) {}
 
     std::unique_ptr<SaveShortcutView>
     makeSaveShortcutView(SaveShortcutViewController& controller) override;
@@ -18,7 +18,7 @@ public:
 
 private:
     const NativeKeyCodes& keyCodes_;
-    const Compositing& compositing_;
+    OwnWindows& ownWindows_;
 };
 
 } // namespace panewright

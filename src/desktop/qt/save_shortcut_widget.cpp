@@ -37,10 +37,9 @@ void setImage(QLabel& label, const ImagePtr& image) {
 } // namespace
 
 SaveShortcutWidget::SaveShortcutWidget(SaveShortcutViewController& controller,
-                                       const NativeKeyCodes& keyCodes,
-                                       const Compositing& compositing)
+                                       const NativeKeyCodes& keyCodes, OwnWindows& ownWindows)
     : controller_(controller),
-      window_(keyCodes, compositing,
+      window_(keyCodes, ownWindows,
               {[&controller](const KeyEvent& event) { return controller.keyDown(event); },
                [&controller] { controller.closeRequested(); }}) {
     window_.setWindowTitle(tr("Save Window State"));

@@ -18,7 +18,7 @@ class SaveShortcutWidget : public QObject, public SaveShortcutView {
 public:
     /// All of it must outlive the widget.
     SaveShortcutWidget(SaveShortcutViewController& controller, const NativeKeyCodes& keyCodes,
-                       const Compositing& compositing);
+                       OwnWindows& ownWindows);
 
     Popover& popover() override { return window_; }
     void setApplicationImage(const ImagePtr& image) override;

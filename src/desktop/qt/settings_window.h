@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/native_key_codes.h"
+#include "desktop/shared/native_key_codes.h"
 #include "ui/settings.h"
 
 #include <QDialog>
