@@ -8,10 +8,7 @@
 namespace panewright {
 namespace {
 
-using namespace std::chrono_literals;
-using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::SizeIs;
 
 constexpr ProcessId kEditor = 42;
 constexpr ProcessId kTerminal = 43;
@@ -144,35 +141,6 @@ TEST_F(StatusItemControllerTest, MovesToTheNextDisplayWithItsKeyAndShowsIt) {
     controller().addEventHandlers();
     EXPECT_EQ(controller().moveToNextDisplayItem().keyEquivalent, "");
     EXPECT_FALSE(program_.press(kNextKey));
-}
-
-TEST(AppDelegate, StartsWithTheApplicationThatWasInFront) {
-    LaunchedProgram program;
-    program.open(kEditor, kEditorId, kStart);
-    program.delegate.applicationWillFinishLaunching();
-    // Launching makes the program itself the frontmost one.
-    program.desktop.windows.activateApplication(MemoryDesktop::kOwnPid);
-    EXPECT_EQ(AppDelegate::instance(), nullptr);
-    program.delegate.applicationDidFinishLaunching();
-    EXPECT_EQ(AppDelegate::instance(), &program.delegate);
-    auto& controller = *program.delegate.statusItemController();
-    EXPECT_EQ(controller.tracking().currentApplication()->processIdentifier, kEditor);
-    controller.startStatusItem(); // once is enough
-    EXPECT_EQ(program.desktop.hotKeys.registeredCount(), 4U);
-    EXPECT_EQ(program.desktop.crashReporter.starts, 1);
-    program.delegate.quit();
-    EXPECT_EQ(program.desktop.mainLoop.run(), 0);
-}
-
-TEST(AppDelegate, OpensThePreferencesASecondLaterWithoutPermission) {
-    LaunchedProgram program;
-    program.desktop.accessibility.setTrusted(false);
-    program.launch();
-    EXPECT_EQ(program.desktop.accessibility.promptsShown(), 1);
-    program.desktop.mainLoop.advance(999ms);
-    EXPECT_THAT(program.desktop.workspace.launched, IsEmpty());
-    program.desktop.mainLoop.advance(1ms);
-    EXPECT_THAT(program.desktop.workspace.launched, SizeIs(1));
 }
 
 } // namespace

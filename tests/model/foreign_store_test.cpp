@@ -20,28 +20,7 @@ protected:
 };
 
 TEST_F(ForeignStoreTest, IsReadAndWrittenFieldByField) {
-    const std::string states = R"({
-        "defaults": [{
-            "class": "WindowState",
-            "WindowState.CenterWindow": true, "WindowState.IsDefault": true,
-            "WindowState.IsGlobal": false, "WindowState.PrefersDisplay": false,
-            "WindowState.OriginalQuartzDisplayBounds": "{{0, 0}, {0, 0}}",
-            "WindowState.OriginalWindowRect": "{{0, 0}, {0, 0}}",
-            "WindowState.WindowScale": {"size": "{1, 0.65}"}
-        }],
-        "org.gnome.Terminal": [{
-            "class": "WindowState",
-            "WindowState.CenterWindow": false, "WindowState.IsDefault": false,
-            "WindowState.IsGlobal": true, "WindowState.PrefersDisplay": true,
-            "WindowState.AppBundleId": "org.gnome.Terminal", "WindowState.AppName": "Terminál",
-            "WindowState.OriginalQuartzDisplayBounds": "{{-1280, 0}, {1280, 1024}}",
-            "WindowState.OriginalWindowRect": "{{-1280.5, 23}, {1066.6666666666667, 0.1}}",
-            "WindowState.WindowScale": {"size": "{0, 0}"},
-            "WindowState.WindowStateName": "左半分 🪟",
-            "WindowState.KeyEvent": {"class": "CarbonKeyEvent", "keyCode": 123,
-                                     "modifierFlags": 1966080, "tag": -5}
-        }]
-    })";
+    const std::string states = contentOf(FOREIGN_STATES);
     ASSERT_TRUE(run("write", states));
     const auto model = makeModel();
     const WindowState& builtIn = *model->defaultWindowStates()->at(0);
