@@ -27,7 +27,8 @@ public:
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
 
-    /// The delegate of the program that has begun to finish launching; null before.
+    /// The delegate of the program that has begun to finish launching; null before. For who is
+    /// called from outside without an object, such as scripts.
     static AppDelegate* instance();
 
     /// The application that the user was in when the program was started; nil if there was none.

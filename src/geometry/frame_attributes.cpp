@@ -1,9 +1,12 @@
 #include "geometry/frame_attributes.h"
 
+#include <array>
+
 namespace panewright {
 
 bool isFrameSettable(const std::shared_ptr<AccessibilityElement>& window) {
-    return window && window->areAttributesSettable(kFrameAttributes);
+    constexpr std::array kFrame{NSAccessibilityPositionAttribute, NSAccessibilitySizeAttribute};
+    return window && window->areAttributesSettable(kFrame);
 }
 
 void writeFrame(AccessibilityElement& window, const Rect& frame) {

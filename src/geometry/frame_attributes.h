@@ -3,15 +3,9 @@
 #include "accessibility/accessibility_element.h"
 #include "base/geometry.h"
 
-#include <array>
 #include <memory>
-#include <optional>
-#include <string_view>
 
 namespace panewright {
-
-constexpr std::array<std::string_view, 2> kFrameAttributes{NSAccessibilityPositionAttribute,
-                                                           NSAccessibilitySizeAttribute};
 
 /// Whether the window (null: no) can be both moved and resized.
 bool isFrameSettable(const std::shared_ptr<AccessibilityElement>& window);

@@ -7,6 +7,9 @@
 namespace panewright {
 namespace {
 
+/// How much shorter than its display a window below the menu bar may be and count as full-screen.
+constexpr double kFullscreenTolerance = 30;
+
 /// The frame is computed in 32-bit steps, each of which rounds.
 float narrowed(double value) {
     return static_cast<float>(value);

@@ -10,9 +10,6 @@ namespace panewright {
 /// Going from one display to the next, in the order of the toolkit's screens. Rectangles are in
 /// global points (origin top-left of the main display, y downwards); a nil display has zero bounds.
 
-/// How much shorter than its display a window below the menu bar may be and count as full-screen.
-constexpr double kFullscreenTolerance = 30;
-
 /// The display after the one that holds the rectangle's top-left corner; the first one after the
 /// last, or when no display holds the corner. Nil when there is none or only one.
 std::optional<QuartzDisplay> getNextDisplayForWindowRect(const Displays& port, const Rect& rect);

@@ -66,11 +66,6 @@ public:
     /// and installs the hot keys. Once only: repeating does nothing. The store is loaded here.
     void startStatusItem();
 
-    /// Brings everything that the menu shows up to date.
-    void menuNeedsUpdate();
-
-    void workspaceDidActiveApplication();
-
     void addEventHandlers() override;
 
     /// The sender is not used.
@@ -90,15 +85,10 @@ public:
     /// Removes and saves, and gives the hot key that the state overrode back to its owner.
     void removeWindowState(const std::shared_ptr<WindowState>& state);
 
-    /// Opens the save popover for the tracked window; beeps when that cannot be moved and resized.
-    /// No hot key is installed while the popover is open, so that each can be recorded.
-    void saveWindowPosition();
-    /// Takes the tracked window as it is now into an open save popover.
-    void updateSaveShortcutViewControllerIfOpen();
     void finishSavingWindowState() override;
     void abandonSavingWindowState() override;
 
-    // Actions of the menu that concern the whole program.
+    // Actions that concern the whole program and are passed on to it.
     void sendFeedback();
     void checkForUpdates();
     void openFAQ();
@@ -118,6 +108,14 @@ private:
     void setupSavePopover();
     void showStatusItem();
     void clicked(const StatusItemClick& click);
+    /// Brings everything that the menu shows up to date.
+    void menuNeedsUpdate();
+    void workspaceDidActiveApplication();
+    /// Opens the save popover for the tracked window; beeps when that cannot be moved and resized.
+    /// No hot key is installed while the popover is open, so that each can be recorded.
+    void saveWindowPosition();
+    /// Takes the tracked window as it is now into an open save popover.
+    void updateSaveShortcutViewControllerIfOpen();
     PopoverAnchor anchor() const;
     void showMoveToNextDisplayKey();
     bool applyFirst(std::string_view name, std::optional<std::string_view> applicationName);

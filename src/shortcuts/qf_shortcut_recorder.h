@@ -110,8 +110,12 @@ public:
     /// Forgets everything and tells no delegate.
     void clear();
 
+    /// Saves the shortcut for the time of a recording and empties the field. The delegate hears
+    /// that it was cleared, unless there was none. Nothing while recording.
     void pushKeyboardShortcut();
+    /// Brings the saved one back, which the delegate hears; empties the field where none was saved.
     void popKeyboardShortcut();
+    /// Forgets it and the saved one. The delegate hears it also when there was none.
     void clearKeyboardShortcut();
 
     /// The modifiers that are held now.

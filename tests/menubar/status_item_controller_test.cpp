@@ -8,6 +8,7 @@
 namespace panewright {
 namespace {
 
+using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr ProcessId kEditor = 42;
