@@ -139,28 +139,25 @@ TEST_P(HotKeysContract, TellWhetherAnotherProgramHoldsAKey) {
 INSTANTIATE_TEST_SUITE_P(Everywhere, HotKeysContract, testing::Values("memory", "X11"),
                          [](const auto& keys) { return std::string(keys.param); });
 
-class KeyboardLayoutContract : public DesktopContract {
-protected:
-    void lay(const std::string& layout, const MemoryKeyboardLayout::Keys& keys) {
+class KeyboardLayoutContract : public DesktopContract {};
+
+TEST_P(KeyboardLayoutContract, NamesKeysByTheLayoutThatIsLaid) {
+    const std::pair<const char*, MemoryKeyboardLayout::Keys> layouts[] = {
+        // Of a dead key its accent; of the keypad, whatever NumLock says; of a key without text.
+        {"fr", {{0, "q"}, {18, "&"}, {33, "^"}, {82, "0"}, {74, "Mute"}}},
+        {"us", {{0, "a"}, {18, "1"}, {33, "["}, {82, "0"}, {74, "Mute"}}},
+    };
+    for (const auto& [layout, keys] : layouts) {
         x11_ ? x11_->desktop.run({"setxkbmap", "-layout", layout})
              : memory_.keyboardLayout.setKeys(keys);
-    }
-};
-
-TEST_P(KeyboardLayoutContract, NameKeysByTheLayoutThatIsLaid) {
-    const auto isLaid = [&](const std::string& layout, const MemoryKeyboardLayout::Keys& keys) {
-        lay(layout, keys);
-        const auto first = *keys.begin();
-        EXPECT_TRUE(eventually(
-            [&] { return ports_.keyboardLayout.displayText(first.first) == first.second; }));
         for (const auto& [keyCode, text] : keys) {
-            EXPECT_EQ(ports_.keyboardLayout.displayText(keyCode), text) << layout << keyCode;
+            EXPECT_TRUE(eventually([&, code = keyCode, &wanted = text] {
+                return ports_.keyboardLayout.displayText(code) == wanted;
+            })) << layout
+                << keyCode;
         }
         EXPECT_EQ(ports_.keyboardLayout.displayText(127), "");
-    };
-    // Of the keypad, whatever NumLock says; of a key that types nothing; of a dead key its accent.
-    isLaid("fr", {{0, "q"}, {18, "&"}, {33, "^"}, {82, "0"}, {74, "Mute"}});
-    isLaid("us", {{0, "a"}, {18, "1"}, {33, "["}, {82, "0"}, {74, "Mute"}});
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Everywhere, KeyboardLayoutContract, testing::Values("memory", "X11"),

@@ -56,5 +56,20 @@ TEST_F(HotKeys, FireOnceWhileTheKeyIsHeld) {
     desktop_.keyboard().release(KEY_A);
 }
 
+TEST_F(HotKeys, DoNothingWhileTheDesktopIsActive) {
+    const TestClient icons(desktop_.display(), {.client = {300, 200, 500, 400}});
+    desktop_.x().setProperty(icons.window(), "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM,
+                             {desktop_.x().atom("_NET_WM_WINDOW_TYPE_DESKTOP")});
+    desktop_.x().synchronize();
+    icons.activate();
+    const Frame before = outerFrame(desktop_.x(), window_.window());
+    const Frame beforeIcons = outerFrame(desktop_.x(), icons.window());
+    desktop_.keyboard().tap(KEY_LEFTALT, KEY_1);
+    window_.activate();
+    EXPECT_EQ(outerFrame(desktop_.x(), window_.window()), before);
+    expectMoves(); // so the press before has been handled
+    EXPECT_EQ(outerFrame(desktop_.x(), icons.window()), beforeIcons);
+}
+
 } // namespace
 } // namespace panewright::test
