@@ -4,6 +4,8 @@
 #include "model/store_lock.h"
 #include "support/store_fixture.h"
 
+#include <zlib.h>
+
 namespace panewright {
 namespace {
 
@@ -24,6 +26,13 @@ TEST(Gzip, GivesBackDataOfAnySize) {
             EXPECT_EQ(gunzippedData(*gzippedData(data)), data) << size;
         }
     }
+    const Bytes plain(1000, 'a');
+    EXPECT_EQ((*gzippedData(plain, 9))[8], 2) << "says that it is the best compression (RFC 1952)";
+    Bytes zlib(100);
+    uLongf length = zlib.size();
+    ASSERT_EQ(compress(zlib.data(), &length, plain.data(), plain.size()), Z_OK);
+    zlib.resize(length);
+    EXPECT_EQ(gunzippedData(zlib), plain);
 }
 
 TEST(Gzip, GivesNilForWhatIsEmptyOrNotCompressedOrNotWhole) {

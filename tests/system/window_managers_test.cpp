@@ -1,5 +1,6 @@
 #include "system/program.h"
 
+#include <csignal>
 #include <deque>
 #include <string>
 #include <thread>
@@ -171,7 +172,11 @@ TEST_P(WindowManagers, PlaceTheWindowsOfToolkits) {
                    outerFrame(desktop_.x(), desktop_.x().activeWindow()).width > 0;
         }));
         expectFramesInSteps(desktop_.x().activeWindow(), step);
+        program.sendSignal(SIGSTOP); // one that hangs delays no other
+        desktop_.keyboard().tap(KEY_LEFTALT, KEY_2);
         first_.activate();
+        expectAfter(KEY_3, kStates[2], desktop_, first_.window(), std::chrono::seconds(1));
+        expectAfter(KEY_4, kStates[3], desktop_, first_.window(), std::chrono::seconds(1));
     }
 }
 
