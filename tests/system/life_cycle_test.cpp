@@ -58,6 +58,14 @@ TEST_F(LifeCycle, EndsWithAMessageWithoutAServer) {
     }
 }
 
+TEST_F(LifeCycle, StartsWithoutAWindowManagerAndSaysSo) {
+    desktop_.killWindowManager();
+    window_.takeFocus();
+    Program program(desktop_);
+    EXPECT_THAT(program->standardError(), testing::HasSubstr("no window manager"));
+    expectAfter(KEY_2, kLarge, desktop_, window_.window());
+}
+
 TEST_F(LifeCycle, AnswersItsCommandLineAndRefusesWhatItDoesNotKnow) {
     EXPECT_THAT(runToEnd({PANEWRIGHT_PROGRAM, "--help"}, {}), testing::HasSubstr("--version"));
     EXPECT_THAT(runToEnd({PANEWRIGHT_PROGRAM, "-V"}, {}), ContainsRegex("^Panewright [0-9.]+ "));
