@@ -6,20 +6,34 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace panewright {
 namespace {
 
-TEST(UserDefaultsContract, KeepsEachKindOfValueUntilItIsRemoved) {
+TEST(UserDefaultsContract, GiveBackValueAndKindAndKeepKeysApart) {
+    const char* const texts[] = {
+        "plain", "",  "true",       "18",  "-0.5",       " blanks ", "two\nlines\r\n", "\"q\" \\ b",
+        "; no",  "#", "[no group]", "a=b", "Grüße 窗口", "%41",      "base64:AAEC",    "base64:?"};
+    constexpr std::numeric_limits<std::int64_t> kLimits;
+    const std::initializer_list<DefaultsValue> values{
+        true,    false, std::int64_t{0}, kLimits.min(), kLimits.max(),    0.1 + 0.2, 5.0,
+        -1e-310, 1e22,  Bytes{},         Bytes{0, 255}, Bytes(1000, 0xAB)};
     const TemporaryFolder folder;
     MemoryUserDefaults memory;
     IniUserDefaults file(folder.path() / "settings.conf");
     for (UserDefaults* store : std::initializer_list<UserDefaults*>{&memory, &file}) {
-        for (const DefaultsValue& value : std::initializer_list<DefaultsValue>{
-                 true, std::int64_t{-3}, 0.5, std::string("text"), Bytes{1, 2}}) {
+        for (const std::string text : texts) {
+            store->setObject(text, text);
+        }
+        store->synchronize();
+        for (const std::string text : texts) {
+            EXPECT_EQ(store->objectForKey(text), DefaultsValue(text));
+        }
+        for (const DefaultsValue& value : values) {
             store->setObject("key", value);
             EXPECT_EQ(store->objectForKey("key"), value);
         }
-        store->synchronize();
         store->removeObjectForKey("key");
         store->removeObjectForKey("never set");
         EXPECT_EQ(store->objectForKey("key"), std::nullopt);

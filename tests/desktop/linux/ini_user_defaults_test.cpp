@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
 namespace panewright {
 namespace {
 
@@ -18,28 +16,6 @@ protected:
     fs::path file_ = folder_.path() / "Panewright/Panewright.conf";
     IniUserDefaults store_{file_};
 };
-
-TEST_F(IniUserDefaultsTest, GivesBackValueAndKindAndKeepsKeysApart) {
-    const char* texts[] = {
-        "plain", "",  "true",       "18",  "-0.5",       " blanks ", "two\nlines\r\n", "\"q\" \\ b",
-        "; no",  "#", "[no group]", "a=b", "Grüße 窗口", "%41",      "base64:AAEC",    "base64:?"};
-    for (const std::string text : texts) {
-        store_.setObject(text, text);
-    }
-    for (const std::string text : texts) {
-        EXPECT_EQ(store_.objectForKey(text), DefaultsValue(text));
-    }
-    constexpr std::numeric_limits<std::int64_t> kLimits;
-    for (const DefaultsValue& value : std::initializer_list<DefaultsValue>{
-             true, false, std::int64_t{0}, kLimits.min(), kLimits.max(), 0.1 + 0.2, 5.0, -1e-310,
-             1e22, Bytes{}, Bytes{0, 255}, Bytes(1000, 0xAB)}) {
-        store_.setObject("key", value);
-        EXPECT_EQ(store_.objectForKey("key"), value);
-    }
-    store_.removeObjectForKey("key");
-    store_.removeObjectForKey("never set");
-    EXPECT_EQ(store_.objectForKey("key"), std::nullopt);
-}
 
 TEST_F(IniUserDefaultsTest, ChangesNothingButTheOneLineAndThatAtOnce) {
     store_.setObject("Key", true);
