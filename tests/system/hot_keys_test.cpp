@@ -71,5 +71,17 @@ TEST_F(HotKeys, DoNothingWhileTheDesktopIsActive) {
     EXPECT_EQ(outerFrame(desktop_.x(), icons.window()), beforeIcons);
 }
 
+TEST_F(HotKeys, WorkAgainAfterKeysThatOverlapped) {
+    const auto& keyboard = desktop_.keyboard();
+    keyboard.press(KEY_LEFTALT);
+    keyboard.press(KEY_2);
+    keyboard.press(KEY_4);
+    keyboard.release(KEY_2);
+    keyboard.release(KEY_4);
+    keyboard.release(KEY_LEFTALT);
+    EXPECT_EQ(frameOnceItIs(kSmall, desktop_.x(), window_.window()), kSmall);
+    expectMoves();
+}
+
 } // namespace
 } // namespace panewright::test

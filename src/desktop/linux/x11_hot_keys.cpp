@@ -205,11 +205,21 @@ void X11HotKeys::handle(const xcb_generic_event_t& event) {
     if (event.response_type == XCB_KEY_PRESS) {
         pressed(reinterpret_cast<const xcb_key_press_event_t&>(event));
     } else if (event.response_type == XCB_KEY_RELEASE) {
-        down_.erase(reinterpret_cast<const xcb_key_release_event_t&>(event).detail);
+        released(reinterpret_cast<const xcb_key_release_event_t&>(event).detail);
+    }
+}
+
+void X11HotKeys::released(xcb_keycode_t key) {
+    down_.erase(key);
+    if (key == grabbingKey_) {
+        down_.clear(); // the grab ends here: the releases of what is still down go elsewhere
     }
 }
 
 void X11HotKeys::pressed(const xcb_key_press_event_t& press) {
+    if (down_.empty()) {
+        grabbingKey_ = press.detail;
+    }
     if (!down_.insert(press.detail).second) {
         return; // auto-repeat
     }

@@ -53,6 +53,7 @@ private:
     void regrabAll();
     void handle(const xcb_generic_event_t& event);
     void pressed(const xcb_key_press_event_t& press);
+    void released(xcb_keycode_t key);
 
     XConnection& connection_;
     XkbKeymap& keymap_;
@@ -68,6 +69,8 @@ private:
     /// What the grabs in held_ were made with.
     ModifierMasks grabbedWith_;
     std::set<xcb_keycode_t> down_;
+    /// What the grab began with, and ends with the release of.
+    xcb_keycode_t grabbingKey_ = 0;
     bool synchronizePending_ = false;
     Lifetime lifetime_;
     Registration events_;
