@@ -151,6 +151,15 @@ TEST_P(Saving, GivesTheKeyboardBackWhenItIsCancelled) {
     EXPECT_EQ((*program_)->waitForEnd(), 0);
 }
 
+TEST_P(Saving, EndsOnSigtermWhileAShortcutIsRecorded) {
+    const TestClient window(desktop_.display());
+    window.activate();
+    openPopover(window);
+    press({"Tab", "space"});
+    (*program_)->sendSignal(SIGTERM);
+    EXPECT_EQ((*program_)->waitForEnd(), 0);
+}
+
 INSTANTIATE_TEST_SUITE_P(Everywhere, Saving, testing::Values(kTint2, kXfce4Panel),
                          [](const auto& suite) { return std::string(suite.param.windowManager); });
 

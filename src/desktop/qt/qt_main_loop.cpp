@@ -66,7 +66,7 @@ void QtMainLoop::quit(int exitCode) {
     if (!state_->exitCode) {
         state_->exitCode = exitCode;
     }
-    QCoreApplication::quit();
+    QCoreApplication::exit(); // quit() asks the windows, and one that stays open refuses it
 }
 
 } // namespace panewright
