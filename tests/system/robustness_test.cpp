@@ -112,6 +112,16 @@ TEST_F(Robustness, SurvivesAThousandWindowsThatVanish) {
     });
 }
 
+TEST_F(Robustness, TakesNoWindowForOneThatVanishedUnseen) {
+    const auto gone = TestClient(desktop_.display()).window();
+    desktop_.x().setProperty(desktop_.x().root(), "_NET_ACTIVE_WINDOW", XCB_ATOM_WINDOW, {gone});
+    expectMove(0, client_);
+    const TestClient next(desktop_.display());
+    ASSERT_EQ(next.window(), gone) << "the server gives numbers out again";
+    next.activate();
+    expectMove(0, next);
+}
+
 TEST_F(Robustness, FollowsAWindowManagerThatDiesAndIsStartedAgain) {
     repeat(20, 4, [&](int) {
         desktop_.killWindowManager();

@@ -110,13 +110,15 @@ void ActiveWindows::update() {
     if (active == active_) {
         return;
     }
+    auto application = identity_.applicationOf(active);
+    if (!moveToFront(active, application.processIdentifier)) {
+        return;
+    }
     wentFirst_ = false;
     active_ = active;
-    auto application = identity_.applicationOf(active);
     if (application.processIdentifier == getpid() && !isOurs(frontmost_)) {
         beforeOurs_ = lastOfOthers();
     }
-    moveToFront(active, application.processIdentifier);
     if (frontmost_ != application) {
         frontmost_ = std::move(application);
         activated_.notify();
@@ -162,17 +164,21 @@ bool ActiveWindows::isShown(xcb_window_t window) {
                           readEwmhStates(connection_, window).shaded);
 }
 
-void ActiveWindows::moveToFront(xcb_window_t window, ProcessId pid) {
+bool ActiveWindows::moveToFront(xcb_window_t window, ProcessId pid) {
     const auto known = std::find_if(windows_.begin(), windows_.end(),
                                     [&](const Window& w) { return w.window == window; });
-    if (known == windows_.end()) {
-        windows_.insert(windows_.begin(),
-                        Window{window, pid, kindOf(window),
-                               connection_.selectEvents(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY |
-                                                                    XCB_EVENT_MASK_FOCUS_CHANGE)});
-    } else {
+    if (known != windows_.end()) {
         std::rotate(windows_.begin(), known, known + 1);
+        return true;
     }
+    auto selection = connection_.selectEvents(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY |
+                                                          XCB_EVENT_MASK_FOCUS_CHANGE);
+    if (!connection_.reply(xcb_get_window_attributes_reply,
+                           xcb_get_window_attributes(connection_, window))) {
+        return false;
+    }
+    windows_.insert(windows_.begin(), Window{window, pid, kindOf(window), std::move(selection)});
+    return true;
 }
 
 } // namespace panewright

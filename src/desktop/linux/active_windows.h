@@ -85,7 +85,8 @@ private:
     xcb_window_t readFocusedTopLevel();
     xcb_window_t lastOfOthers() const;
     Kind kindOf(xcb_window_t window);
-    void moveToFront(xcb_window_t window, ProcessId pid);
+    /// False for a window that went before it could be watched: another may get its number later.
+    bool moveToFront(xcb_window_t window, ProcessId pid);
 
     XConnection& connection_;
     WindowManager& manager_;
