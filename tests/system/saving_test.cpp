@@ -151,6 +151,20 @@ TEST_P(Saving, GivesTheKeyboardBackWhenItIsCancelled) {
     EXPECT_EQ((*program_)->waitForEnd(), 0);
 }
 
+TEST_P(Saving, OpensOnTheVirtualDesktopThatIsShownAlsoAfterItWasLeftOnAnother) {
+    const TestClient left(desktop_.display());
+    left.activate();
+    openPopover(left);
+    desktop_.x().sendToWindowManager(desktop_.x().root(), "_NET_CURRENT_DESKTOP", {1});
+    const TestClient window(desktop_.display());
+    window.activate();
+    openPopover(window);
+    press({"Escape"});
+    ASSERT_TRUE(eventually([&] { return window.isActive(); }));
+    pause();
+    expectAfter(KEY_2, kLarge, desktop_, window.window());
+}
+
 TEST_P(Saving, EndsOnSigtermWhileAShortcutIsRecorded) {
     const TestClient window(desktop_.display());
     window.activate();
