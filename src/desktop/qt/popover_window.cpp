@@ -55,9 +55,7 @@ void PopoverWindow::show(const PopoverAnchor& anchor) {
     mayBeMisplaced_ = true;
     hide(); // one that was left on another virtual desktop stays there while it is shown
     place();
-    if (!isVisible()) {
-        ownWindows_.keepOutOfTaskBars(static_cast<std::uint32_t>(winId()));
-    }
+    ownWindows_.keepOutOfTaskBars(static_cast<std::uint32_t>(winId()));
     QDialog::show();
 }
 
