@@ -57,7 +57,9 @@ TEST_F(HotKeys, FireOnceWhileTheKeyIsHeld) {
 }
 
 TEST_F(HotKeys, DoNothingWhileTheDesktopIsActive) {
-    const TestClient icons(desktop_.display(), {.client = {300, 200, 500, 400}});
+    // It becomes active only when it says what it is.
+    const TestClient icons(desktop_.display(),
+                           {.client = {300, 200, 500, 400}, .wantsFocus = false});
     desktop_.x().setProperty(icons.window(), "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM,
                              {desktop_.x().atom("_NET_WM_WINDOW_TYPE_DESKTOP")});
     desktop_.x().synchronize();
