@@ -148,9 +148,9 @@ void StatusItemController::addEventHandlers() {
 void StatusItemController::showMoveToNextDisplayKey() {
     auto& item = *menu_.moveToNextDisplayItem;
     const auto& key = moveToNextDisplayKey_;
-    item.keyEquivalent =
-        key ? services_.shortcutText.stringForRawKeyCode(static_cast<std::uint16_t>(key->keyCode()))
-            : "";
+    item.keyEquivalent = key ? services_.shortcutText.keyEquivalentForKeyCode(
+                                   static_cast<std::uint16_t>(key->keyCode()))
+                             : "";
     item.keyEquivalentModifierMask = key ? key->modifierFlags() : 0;
 }
 

@@ -93,4 +93,9 @@ std::string ShortcutText::stringForRawKeyCode(std::uint16_t keyCode) const {
     return text_.upperCased(layout_.displayText(keyCode));
 }
 
+std::string ShortcutText::keyEquivalentForKeyCode(std::uint16_t keyCode) const {
+    const auto raw = stringForRawKeyCode(keyCode);
+    return text_.trimmedOfWhitespace(raw).empty() ? stringFromKeyCode(keyCode, 0) : raw;
+}
+
 } // namespace panewright

@@ -28,6 +28,10 @@ public:
     /// nothing.
     std::string stringForRawKeyCode(std::uint16_t keyCode) const;
 
+    /// The key as a menu shows it: by its raw name, and where that shows nothing, as for Space and
+    /// the function keys, by the name that it has in a shortcut.
+    std::string keyEquivalentForKeyCode(std::uint16_t keyCode) const;
+
 private:
     const KeyboardLayout& layout_;
     const TextServices& text_;
