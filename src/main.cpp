@@ -24,9 +24,11 @@
 #include <QPixmapCache>
 #include <QTranslator>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -105,8 +107,11 @@ int runOn(X11Desktop& desktop, MainLoop& mainLoop, const ProgramInformation& pro
 /// The toolkit's application object and the user's language.
 class Toolkit {
 public:
+    /// `argc` tells afterwards how many arguments the toolkit has left.
     Toolkit(int& argc, char** argv, const ProgramInformation& program)
-        : application_(prepared(argc), argv) {
+        : arguments_(argv, argv + argc), application_(count_, withPlatform(arguments_)) {
+        argc = count_;
+        std::copy_n(arguments_.begin(), count_, argv);
         QApplication::setApplicationDisplayName("Panewright");
         QApplication::setDesktopFileName(QString::fromStdString(program.bundleIdentifier()));
         QApplication::setQuitOnLastWindowClosed(false);
@@ -118,10 +123,12 @@ public:
     }
 
 private:
-    /// Popovers are placed, and windows told apart, by the X server: also on a Wayland session.
-    static int& prepared(int& argc) {
-        qputenv("QT_QPA_PLATFORM", "xcb");
-        return argc;
+    /// Popovers are placed, and windows told apart, by the X server: also on a Wayland session. Not
+    /// by the environment, which the programs that we start would inherit.
+    char** withPlatform(std::vector<char*>& arguments) {
+        arguments.insert(arguments.end(), {platformOption_.data(), platform_.data(), nullptr});
+        count_ = static_cast<int>(arguments.size()) - 1;
+        return arguments.data();
     }
     static void install(QTranslator& translator, const QString& name, const QString& folder) {
         if (translator.load(QLocale(), name, "_", folder)) {
@@ -129,6 +136,10 @@ private:
         }
     }
 
+    std::string platformOption_ = "-platform";
+    std::string platform_ = "xcb";
+    int count_ = 0;
+    std::vector<char*> arguments_; // the toolkit refers to them
     QApplication application_;
     QTranslator qtTexts_;
     QTranslator ownTexts_;

@@ -1,6 +1,6 @@
 #include "base/log.h"
 
-#include <fmt/core.h>
+#include <fmt/format.h>
 
 #include <cstdio>
 #include <mutex>
@@ -26,7 +26,10 @@ void logLine(std::string_view line) {
     if (log().sink) {
         log().sink(line);
     } else {
-        fmt::print(stderr, "panewright: {}\n", line);
+        // In one write, and whether anybody still reads it or not: a terminal may have gone, a disk
+        // be full.
+        const auto text = fmt::format("panewright: {}\n", line);
+        std::fwrite(text.data(), 1, text.size(), stderr);
     }
 }
 

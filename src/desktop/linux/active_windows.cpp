@@ -72,10 +72,8 @@ xcb_window_t ActiveWindows::lastOfOthers() const {
 }
 
 void ActiveWindows::noteArrival(const xcb_generic_event_t& event) {
-    if (event.response_type == XCB_PROPERTY_NOTIFY) {
-        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
-        changeArrived_ = changeArrived_ || (change.window == connection_.root() &&
-                                            change.atom == connection_.atoms()._NET_ACTIVE_WINDOW);
+    if (isRootProperty(connection_, event, connection_.atoms()._NET_ACTIVE_WINDOW)) {
+        changeArrived_ = true;
     } else if (event.response_type == XCB_UNMAP_NOTIFY && active_ != kNoWindow &&
                reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window == active_) {
         wentFirst_ = !changeArrived_; // destroying a window unmaps it too
@@ -83,12 +81,8 @@ void ActiveWindows::noteArrival(const xcb_generic_event_t& event) {
 }
 
 void ActiveWindows::handle(const xcb_generic_event_t& event) {
-    if (event.response_type == XCB_PROPERTY_NOTIFY) {
-        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
-        if (change.window == connection_.root() &&
-            change.atom == connection_.atoms()._NET_ACTIVE_WINDOW) {
-            update();
-        }
+    if (isRootProperty(connection_, event, connection_.atoms()._NET_ACTIVE_WINDOW)) {
+        update();
     } else if (event.response_type == XCB_FOCUS_IN || event.response_type == XCB_FOCUS_OUT) {
         if (!manager_.isRunning()) {
             update();
@@ -147,13 +141,23 @@ xcb_window_t ActiveWindows::readFocusedTopLevel() {
     return outermostAncestor(connection_, focus->focus).value_or(kNoWindow);
 }
 
+/// By the first type that means something here; a program may put its own before it (EWMH,
+/// _NET_WM_WINDOW_TYPE).
 ActiveWindows::Kind ActiveWindows::kindOf(xcb_window_t window) {
     const auto& atoms = connection_.atoms();
-    const auto type = XPropertyRequest(connection_, window, atoms._NET_WM_WINDOW_TYPE).number();
-    if (type == atoms._NET_WM_WINDOW_TYPE_DESKTOP) {
-        return Kind::kDesktop;
+    for (const auto type :
+         XPropertyRequest(connection_, window, atoms._NET_WM_WINDOW_TYPE).numbers()) {
+        if (type == atoms._NET_WM_WINDOW_TYPE_DESKTOP) {
+            return Kind::kDesktop;
+        }
+        if (type == atoms._NET_WM_WINDOW_TYPE_DOCK) {
+            return Kind::kDock;
+        }
+        if (type == atoms._NET_WM_WINDOW_TYPE_NORMAL) {
+            break;
+        }
     }
-    return type == atoms._NET_WM_WINDOW_TYPE_DOCK ? Kind::kDock : Kind::kOrdinary;
+    return Kind::kOrdinary;
 }
 
 bool ActiveWindows::isShown(xcb_window_t window) {

@@ -54,9 +54,7 @@ public:
     std::optional<WayBack> wayBack();
 
     /// The process that a window belongs to.
-    ProcessId pidOf(xcb_window_t window) {
-        return identity_.applicationOf(window).processIdentifier;
-    }
+    ProcessId pidOf(xcb_window_t window) { return identity_.pidOf(window); }
 
     ClientIdentity& identity() { return identity_; }
 

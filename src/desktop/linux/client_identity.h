@@ -19,6 +19,8 @@ public:
     /// The application is known by its desktop entry; without one, by its window class. A window
     /// that is gone belongs to an application without names.
     RunningApplication applicationOf(xcb_window_t window);
+    /// The process of that application.
+    ProcessId pidOf(xcb_window_t window);
 
     /// Which of the windows belong to the process, in their order.
     std::vector<xcb_window_t> windowsOf(ProcessId pid, const std::vector<xcb_window_t>& windows);
@@ -28,7 +30,6 @@ public:
 private:
     void identify(RunningApplication& application, const std::string& wmClass,
                   const std::string& gtkId, const std::string& kdeFile);
-    ProcessId pidOf(xcb_window_t window);
     ProcessId pidFromWindow(xcb_window_t window);
     std::uint32_t clientOf(xcb_window_t window) const;
     std::map<std::uint32_t, ProcessId> pidsFromServer(const std::vector<xcb_window_t>& windows);

@@ -36,22 +36,23 @@ std::vector<IconPicture> iconPictures(const std::vector<std::uint32_t>& property
     return pictures;
 }
 
-ApplicationIcon DesktopEntryIcons::iconOf(const RunningApplication& application) {
-    ApplicationIcon icon;
-    if (application.bundleIdentifier) {
-        const auto* entry =
-            activeWindows_.identity().entries().withId(*application.bundleIdentifier);
-        icon.name = entry ? entry->icon : "";
-    }
+std::string DesktopEntryIcons::iconNameOf(const RunningApplication& application) {
+    const auto* entry =
+        application.bundleIdentifier
+            ? activeWindows_.identity().entries().withId(*application.bundleIdentifier)
+            : nullptr;
+    return entry ? entry->icon : "";
+}
+
+std::vector<IconPicture> DesktopEntryIcons::iconPicturesOf(const RunningApplication& application) {
     for (const auto window : activeWindows_.windowsOf(application.processIdentifier)) {
         XPropertyRequest property(connection_, window, connection_.atoms()._NET_WM_ICON,
                                   kMaxPixels);
-        icon.pictures = iconPictures(property.numbers());
-        if (!icon.pictures.empty()) {
-            break;
+        if (auto pictures = iconPictures(property.numbers()); !pictures.empty()) {
+            return pictures;
         }
     }
-    return icon;
+    return {};
 }
 
 } // namespace panewright

@@ -19,7 +19,8 @@ public:
     DesktopEntryIcons(XConnection& connection, ActiveWindows& activeWindows)
         : connection_(connection), activeWindows_(activeWindows) {}
 
-    ApplicationIcon iconOf(const RunningApplication& application) override;
+    std::string iconNameOf(const RunningApplication& application) override;
+    std::vector<IconPicture> iconPicturesOf(const RunningApplication& application) override;
 
 private:
     XConnection& connection_;

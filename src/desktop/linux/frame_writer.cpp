@@ -82,24 +82,32 @@ void FrameWriter::write(xcb_window_t window, const Write& value) {
     advanceAllSoon();
 }
 
-void FrameWriter::settle(xcb_window_t window) {
-    const auto deadline = Clock::now() + kPatience;
+void FrameWriter::settle(xcb_window_t window, Clock::time_point deadline) {
     for (auto job = jobs_.find(window); job != jobs_.end(); job = jobs_.find(window)) {
+        const auto seen = connection_.arrivedCount();
         if (!advance(window, job->second)) {
             finish(window);
             break;
         }
         const auto wake = fence_.isReliable() ? deadline : Clock::now() + kPollInterval;
-        connection_.waitForEvent(std::min(wake, deadline));
+        connection_.waitForEvent(std::min(wake, deadline), seen);
         if (Clock::now() >= deadline || connection_.isLost()) {
-            fence_.giveUp();
-            finish(window);
+            giveUp(window, job->second);
         }
     }
 }
 
+/// Nobody waits any longer. What has not been asked for yet is.
+void FrameWriter::giveUp(xcb_window_t window, Job& job) {
+    fence_.giveUp();
+    if (job.phase == Phase::kLeavingStates) {
+        placeWhereItStands(window, job, Phase::kPlacing);
+    }
+    finish(window);
+}
+
 std::optional<Rect> FrameWriter::settledFrame(xcb_window_t window) {
-    settle(window);
+    settle(window, Clock::now() + kPatience);
     const auto geometry = readGeometry(connection_, manager_, window);
     if (!geometry) {
         return std::nullopt;
@@ -112,8 +120,9 @@ std::optional<Rect> FrameWriter::settledFrame(xcb_window_t window) {
 
 bool FrameWriter::settleAll() {
     const bool wasBusy = !jobs_.empty();
+    const auto deadline = Clock::now() + kPatience;
     while (!jobs_.empty() && !connection_.isLost()) {
-        settle(jobs_.begin()->first);
+        settle(jobs_.begin()->first, deadline);
     }
     return wasBusy;
 }
@@ -199,11 +208,14 @@ void FrameWriter::place(xcb_window_t window, const Job& job, const WindowGeometr
     }
 }
 
+/// A manager that does not know the message gets the plain request of any client, which it places
+/// by the window's gravity (ICCCM 4.1.5); without a manager the server does what the request says.
 void FrameWriter::askForPosition(xcb_window_t window, const Rect& client,
                                  const WindowGeometry& geometry, std::uint32_t gravity) {
-    if (!manager_.isRunning()) {
-        const std::int32_t values[] = {static_cast<std::int32_t>(client.x),
-                                       static_cast<std::int32_t>(client.y)};
+    if (!manager_.supports(connection_.atoms()._NET_MOVERESIZE_WINDOW)) {
+        const auto plain =
+            positionRequest(client, geometry.decoration, gravity, manager_.isRunning());
+        const std::int32_t values[] = {plain.x, plain.y};
         xcb_configure_window(connection_, window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y,
                              values);
         return;
@@ -223,7 +235,7 @@ void FrameWriter::askForSize(xcb_window_t window, const Rect& client,
     };
     const std::uint32_t width = inner(client.width);
     const std::uint32_t height = inner(client.height);
-    if (!manager_.isRunning()) {
+    if (!manager_.supports(connection_.atoms()._NET_MOVERESIZE_WINDOW)) {
         const std::uint32_t values[] = {width, height};
         xcb_configure_window(connection_, window,
                              XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, values);

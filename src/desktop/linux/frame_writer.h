@@ -76,7 +76,8 @@ private:
     };
 
     void write(xcb_window_t window, const Write& value);
-    void settle(xcb_window_t window);
+    void settle(xcb_window_t window, Clock::time_point deadline);
+    void giveUp(xcb_window_t window, Job& job);
     void advanceAllSoon();
     void advanceAll();
     /// Takes the job as far as it goes without waiting; false when it is done.

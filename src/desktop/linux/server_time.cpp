@@ -18,7 +18,9 @@ xcb_timestamp_t ServerTime::now() {
     xcb_change_property(connection_, XCB_PROP_MODE_APPEND, window_, XCB_ATOM_WM_NAME,
                         XCB_ATOM_STRING, 8, 0, nullptr);
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(1);
-    while (latest_ == XCB_CURRENT_TIME && connection_.waitForEvent(deadline)) {
+    auto seen = connection_.arrivedCount();
+    while (latest_ == XCB_CURRENT_TIME && connection_.waitForEvent(deadline, seen)) {
+        seen = connection_.arrivedCount();
     }
     return latest_;
 }

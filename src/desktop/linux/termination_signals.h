@@ -7,8 +7,9 @@
 
 namespace panewright {
 
-/// Keeps the signals that ask the process to end (SIGTERM, SIGINT, SIGHUP) for its main loop. Must
-/// be made before any thread is started, toolkit's included: threads inherit the mask.
+/// Keeps the signals that ask the process to end (SIGTERM, SIGINT, SIGHUP) for its main loop, but
+/// for those that it was started to ignore, as by nohup(1). Must be made before any thread is
+/// started, toolkit's included: threads inherit the mask.
 class TerminationSignals {
 public:
     TerminationSignals();

@@ -9,8 +9,8 @@
 
 namespace panewright {
 
-/// Remembers what the server answered of a window while one event is being handled, so that asking
-/// several times costs one round trip.
+/// Remembers what the server answered of a window for the rest of this turn of the main loop, so
+/// that asking several times costs one round trip.
 template <class Value>
 class TurnCache {
 public:

@@ -2,12 +2,16 @@
 
 #include "desktop/linux/x_properties.h"
 
+#include <algorithm>
+
 namespace panewright {
 namespace {
 
-/// CARDINAL[4] of left, right, top, bottom (EWMH, _NET_FRAME_EXTENTS).
+/// CARDINAL[4] of left, right, top, bottom (EWMH, _NET_FRAME_EXTENTS). None where that is no frame:
+/// X has no coordinates beyond.
 Extents extentsFrom(const std::vector<std::uint32_t>& numbers) {
-    if (numbers.size() < 4) {
+    constexpr std::uint32_t kLargest = 32767;
+    if (numbers.size() < 4 || std::ranges::max(numbers) > kLargest) {
         return {};
     }
     return {static_cast<std::int32_t>(numbers[0]), static_cast<std::int32_t>(numbers[1]),

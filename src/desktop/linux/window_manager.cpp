@@ -50,13 +50,10 @@ xcb_window_t WindowManager::livingCheckWindow() {
 }
 
 void WindowManager::handle(const xcb_generic_event_t& event) {
-    if (event.response_type == XCB_PROPERTY_NOTIFY) {
-        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
-        if (change.window == connection_.root() &&
-            (change.atom == connection_.atoms()._NET_SUPPORTING_WM_CHECK ||
-             change.atom == connection_.atoms()._NET_SUPPORTED)) {
-            forget();
-        }
+    const auto& atoms = connection_.atoms();
+    if (isRootProperty(connection_, event, atoms._NET_SUPPORTING_WM_CHECK) ||
+        isRootProperty(connection_, event, atoms._NET_SUPPORTED)) {
+        forget();
     } else if (event.response_type == XCB_DESTROY_NOTIFY && current_) {
         const auto& gone = reinterpret_cast<const xcb_destroy_notify_event_t&>(event);
         if (gone.window == current_->checkWindow) {

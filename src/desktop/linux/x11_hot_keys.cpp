@@ -157,14 +157,12 @@ void X11HotKeys::grab(const std::vector<Grab>& grabs) {
 std::set<X11HotKeys::Grab> X11HotKeys::refusedOf(const std::vector<Grab>& grabs) const {
     std::vector<std::pair<const Grab*, xcb_void_cookie_t>> requests;
     for (const auto& wanted : grabs) {
-        for (const auto root : connection_.roots()) {
-            for (const auto locks : lockStates()) {
-                requests.emplace_back(
-                    &wanted,
-                    xcb_grab_key_checked(connection_, 0, root,
-                                         static_cast<std::uint16_t>(wanted.state | locks),
-                                         wanted.key, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
-            }
+        for (const auto locks : lockStates()) {
+            requests.emplace_back(
+                &wanted,
+                xcb_grab_key_checked(connection_, 0, connection_.root(),
+                                     static_cast<std::uint16_t>(wanted.state | locks), wanted.key,
+                                     XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
         }
     }
     std::set<Grab> refused;
@@ -180,11 +178,9 @@ std::set<X11HotKeys::Grab> X11HotKeys::refusedOf(const std::vector<Grab>& grabs)
 }
 
 void X11HotKeys::ungrab(const Grab& grab) const {
-    for (const auto root : connection_.roots()) {
-        for (const auto locks : lockStates()) {
-            xcb_ungrab_key(connection_, grab.key, root,
-                           static_cast<std::uint16_t>(grab.state | locks));
-        }
+    for (const auto locks : lockStates()) {
+        xcb_ungrab_key(connection_, grab.key, connection_.root(),
+                       static_cast<std::uint16_t>(grab.state | locks));
     }
 }
 

@@ -11,8 +11,9 @@
 
 namespace panewright {
 
-/// Hot keys as passive grabs of physical keys on every root window (X protocol, GrabKey), under
-/// every state of the lock keys. Option is the keyboard's Alt, Command its Super.
+/// Hot keys as passive grabs of physical keys (X protocol, GrabKey) on the root window of the
+/// screen whose windows are placed, under every state of the lock keys. Option is the keyboard's
+/// Alt, Command its Super.
 class X11HotKeys : public HotKeys {
 public:
     /// `beforePress` is called before each press is looked at.

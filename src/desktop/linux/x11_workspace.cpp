@@ -2,7 +2,10 @@
 
 #include "desktop/linux/client_message.h"
 #include "desktop/linux/window_geometry.h"
+#include "desktop/linux/x_properties.h"
 
+#include <cerrno>
+#include <signal.h> // NOLINT(modernize-deprecated-headers): <csignal> need not declare sigprocmask
 #include <spawn.h>
 #include <string>
 #include <sys/wait.h>
@@ -35,13 +38,12 @@ X11Workspace::X11Workspace(XConnection& connection, ActiveWindows& activeWindows
 void X11Workspace::handle(const xcb_generic_event_t& event) {
     if (event.response_type == XCB_UNMAP_NOTIFY) {
         known_.erase(reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window);
-    } else if (event.response_type == XCB_PROPERTY_NOTIFY) {
-        const auto property = reinterpret_cast<const xcb_property_notify_event_t&>(event).atom;
-        if (newWindowWish_ && property == connection_.atoms()._NET_CLIENT_LIST) {
-            bringNewWindowToFront();
-        } else if (wayBackWatch_ && property == connection_.atoms()._NET_ACTIVE_WINDOW) {
-            insistOnWayBack();
-        }
+    } else if (newWindowWish_ &&
+               isRootProperty(connection_, event, connection_.atoms()._NET_CLIENT_LIST)) {
+        bringNewWindowToFront();
+    } else if (wayBackWatch_ &&
+               isRootProperty(connection_, event, connection_.atoms()._NET_ACTIVE_WINDOW)) {
+        insistOnWayBack();
     }
 }
 
@@ -110,11 +112,13 @@ void X11Workspace::openUrl(const std::string& url) {
     // A child of a child has nobody here to be waited for by.
     const pid_t child = fork();
     if (child == 0) {
+        sigset_t none;
+        sigemptyset(&none);
+        sigprocmask(SIG_SETMASK, &none, nullptr); // what we keep for our main loop is not theirs
         pid_t browser = 0;
         _exit(posix_spawnp(&browser, arguments[0], nullptr, nullptr, arguments, environ));
     }
-    if (child > 0) {
-        waitpid(child, nullptr, 0);
+    while (child > 0 && waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
     }
 }
 

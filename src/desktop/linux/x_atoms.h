@@ -8,9 +8,7 @@ namespace panewright {
 #define PANEWRIGHT_X_ATOMS(X)                                                                      \
     X(EDID)                                                                                        \
     X(MANAGER)                                                                                     \
-    X(UTF8_STRING)                                                                                 \
     X(WM_CLIENT_MACHINE)                                                                           \
-    X(WM_STATE)                                                                                    \
     X(_GTK_APPLICATION_ID)                                                                         \
     X(_GTK_FRAME_EXTENTS)                                                                          \
     X(_KDE_NET_WM_DESKTOP_FILE)                                                                    \
@@ -38,7 +36,8 @@ namespace panewright {
     X(_NET_WM_STRUT_PARTIAL)                                                                       \
     X(_NET_WM_WINDOW_TYPE)                                                                         \
     X(_NET_WM_WINDOW_TYPE_DESKTOP)                                                                 \
-    X(_NET_WM_WINDOW_TYPE_DOCK)
+    X(_NET_WM_WINDOW_TYPE_DOCK)                                                                    \
+    X(_NET_WM_WINDOW_TYPE_NORMAL)
 
 struct XAtoms {
 #define PANEWRIGHT_X_ATOM_MEMBER(name) xcb_atom_t name = XCB_ATOM_NONE; // NOLINT(bugprone-*)

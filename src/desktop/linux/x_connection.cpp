@@ -102,12 +102,15 @@ Registration XConnection::onLost(std::function<void()> callback) {
     return lostObservers_.add(std::move(callback));
 }
 
-bool XConnection::waitForEvent(std::chrono::steady_clock::time_point deadline) {
+bool XConnection::waitForEvent(std::chrono::steady_clock::time_point deadline,
+                               std::uint64_t arrivedBefore) {
     xcb_flush(connection_);
     while (!isLost()) {
         if (XEvent event{xcb_poll_for_event(connection_)}) {
             arrived(std::move(event));
             dispatchSoon();
+        }
+        if (arrivedCount_ > arrivedBefore) {
             return true;
         }
         const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
@@ -125,6 +128,7 @@ void XConnection::arrived(XEvent event) {
     if (event->response_type == 0) {
         return; // the error of a request without an answer: the window it named is gone
     }
+    ++arrivedCount_;
     arrivalObservers_.notify(*event);
     events_.push_back(std::move(event));
 }

@@ -86,9 +86,12 @@ public:
     /// Called once, when the server has gone away.
     Registration onLost(std::function<void()> callback);
 
-    /// Reads events until one arrives or the deadline has passed; they are dispatched later. False
-    /// at the deadline, or when the connection is lost.
-    bool waitForEvent(std::chrono::steady_clock::time_point deadline);
+    /// How many events have arrived so far.
+    std::uint64_t arrivedCount() const { return arrivedCount_; }
+
+    /// Returns when more than so many have arrived, or the deadline has passed; they are dispatched
+    /// later. False at the deadline, or when the connection is lost.
+    bool waitForEvent(std::chrono::steady_clock::time_point deadline, std::uint64_t arrivedBefore);
 
     bool isLost() const { return xcb_connection_has_error(connection_) != 0; }
 
@@ -113,6 +116,7 @@ private:
     xcb_window_t root_;
     XAtoms atoms_;
     std::deque<XEvent> events_;
+    std::uint64_t arrivedCount_ = 0;
     ObserverList<const xcb_generic_event_t&> eventObservers_;
     ObserverList<const xcb_generic_event_t&> arrivalObservers_;
     ObserverList<> lostObservers_;

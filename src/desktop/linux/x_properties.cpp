@@ -2,6 +2,15 @@
 
 namespace panewright {
 
+bool isRootProperty(const XConnection& connection, const xcb_generic_event_t& event,
+                    xcb_atom_t property) {
+    if (event.response_type != XCB_PROPERTY_NOTIFY) {
+        return false;
+    }
+    const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+    return change.window == connection.root() && change.atom == property;
+}
+
 XPropertyRequest::XPropertyRequest(XConnection& connection, xcb_window_t window,
                                    xcb_atom_t property, std::uint32_t longLength)
     : connection_(connection), cookie_(xcb_get_property(connection, 0, window, property,

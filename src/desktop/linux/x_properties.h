@@ -13,6 +13,10 @@ namespace panewright {
 /// Where lists of windows are cut off.
 constexpr std::uint32_t kMaxClients = 16384;
 
+/// Whether the event tells of a change of that property of the root window.
+bool isRootProperty(const XConnection& connection, const xcb_generic_event_t& event,
+                    xcb_atom_t property);
+
 /// A window property that has been asked for. Asking for several before taking the first answer
 /// costs one round trip. A property that is missing, of another format, or of a window that is
 /// gone, is nil or empty.

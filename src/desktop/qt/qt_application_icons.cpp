@@ -33,10 +33,9 @@ bool canBeDrawn(const QIcon& icon) {
 } // namespace
 
 ImagePtr QtApplicationIcons::iconOf(const RunningApplication& application) {
-    const auto source = source_.iconOf(application);
-    auto icon = namedIcon(QString::fromStdString(source.name));
+    auto icon = namedIcon(QString::fromStdString(source_.iconNameOf(application)));
     if (!canBeDrawn(icon)) {
-        icon = pictureIcon(source.pictures);
+        icon = pictureIcon(source_.iconPicturesOf(application));
     }
     return canBeDrawn(icon) ? std::make_shared<QtImage>(icon) : nullptr;
 }

@@ -14,8 +14,9 @@ QString textOf(const MenuItem& item) {
     if (item.keyEquivalent.empty()) {
         return title;
     }
-    const auto shortcut = QString::fromStdString(modifierSymbols(item.keyEquivalentModifierMask) +
-                                                 item.keyEquivalent);
+    auto shortcut = QString::fromStdString(modifierSymbols(item.keyEquivalentModifierMask) +
+                                           item.keyEquivalent);
+    shortcut.replace('&', "&&"); // there is a key of that name
     return title + '\t' +
            (item.isKeyEquivalentTaken ? QMenu::tr("%1 (in use elsewhere)").arg(shortcut)
                                       : shortcut);

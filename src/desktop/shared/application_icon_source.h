@@ -17,21 +17,16 @@ struct IconPicture {
     friend bool operator==(const IconPicture&, const IconPicture&) = default;
 };
 
-/// What the icon of a program is made from. All of it may be empty.
-struct ApplicationIcon {
-    /// A name in the icon theme, or the absolute path of a picture.
-    std::string name;
-    /// What the program's windows carry, for where the name leads to nothing.
-    std::vector<IconPicture> pictures;
-};
-
 /// Where the icons of programs come from. Main thread only.
 class ApplicationIconSource {
 public:
     virtual ~ApplicationIconSource() = default;
 
-    /// Of a program that runs or ran; its pictures only while it has windows.
-    virtual ApplicationIcon iconOf(const RunningApplication& application) = 0;
+    /// A name in the icon theme, or the absolute path of a picture; empty for none.
+    virtual std::string iconNameOf(const RunningApplication& application) = 0;
+
+    /// What the program's windows carry, for where the name leads to nothing: they may be large.
+    virtual std::vector<IconPicture> iconPicturesOf(const RunningApplication& application) = 0;
 };
 
 } // namespace panewright

@@ -84,9 +84,9 @@ TEST_F(ClientIdentity, LeadsToTheIcon) {
                                   {1, 1, 0x80112233});
     rig_->desktop.x().synchronize();
     auto& icons = rig_->ports->icons;
-    EXPECT_EQ(icons.iconOf({kPid, "viewer", "Viewer"}).name, "Viewer-icon");
-    EXPECT_EQ(icons.iconOf({kPid, std::nullopt, std::nullopt}).pictures, picture);
-    EXPECT_EQ(icons.iconOf({kPid, "missing", "Missing"}).name, "");
+    EXPECT_EQ(icons.iconNameOf({kPid, "viewer", "Viewer"}), "Viewer-icon");
+    EXPECT_EQ(icons.iconNameOf({kPid, "missing", "Missing"}), "");
+    EXPECT_EQ(icons.iconPicturesOf({kPid, std::nullopt, std::nullopt}), picture);
 }
 
 TEST_F(ClientIdentity, IsAPrivateProcessForEachClientOfAnotherMachine) {
