@@ -13,6 +13,8 @@ protected:
         expectAfter(KEY_4, kSmall, desktop_, window_.window());
     }
 
+    static constexpr Frame kElsewhere{30, 40, 500, 350};
+
     const Desktop desktop_{{.arguments = {"-ardelay", "50", "-arinterval", "10"}}};
     TestClient window_{desktop_.display()};
     Program program_{(window_.activate(), desktop_)};
@@ -35,7 +37,6 @@ TEST_F(HotKeys, WorkUnderEveryLockKeyAndLayout) {
 }
 
 TEST_F(HotKeys, FireOnceWhileTheKeyIsHeld) {
-    constexpr Frame kElsewhere{30, 40, 500, 350};
     desktop_.keyboard().press(KEY_LEFTALT);
     desktop_.keyboard().press(KEY_2);
     EXPECT_EQ(frameOnceItIs(kLarge, desktop_.x(), window_.window()), kLarge);
@@ -78,10 +79,14 @@ TEST_F(HotKeys, WorkAgainAfterKeysThatOverlapped) {
     keyboard.press(KEY_LEFTALT);
     keyboard.press(KEY_2);
     keyboard.press(KEY_4);
-    keyboard.release(KEY_2);
-    keyboard.release(KEY_4);
-    keyboard.release(KEY_LEFTALT);
     EXPECT_EQ(frameOnceItIs(kSmall, desktop_.x(), window_.window()), kSmall);
+    std::this_thread::sleep_for(std::chrono::milliseconds(500)); // as when it is held, above
+    placeWindow(desktop_.x(), window_.window(), kElsewhere);
+    keyboard.release(KEY_2); // with which the grab ends
+    std::this_thread::sleep_for(std::chrono::milliseconds(250));
+    EXPECT_EQ(outerFrame(desktop_.x(), window_.window()), kElsewhere);
+    keyboard.release(KEY_4);
+    expectAfter(KEY_4, kSmall, desktop_, window_.window());
     expectMoves();
 }
 

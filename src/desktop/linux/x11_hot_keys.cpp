@@ -35,6 +35,7 @@ X11HotKeys::X11HotKeys(XConnection& connection, XkbKeymap& keymap, MainLoop& mai
     : connection_(connection), keymap_(keymap), mainLoop_(mainLoop),
       beforePress_(std::move(beforePress)), grabbedWith_(keymap.modifiers()),
       events_(connection.onEvent([this](const auto& event) { handle(event); })),
+      unheardReleases_(connection, [this](xcb_keycode_t key) { down_.erase(key); }),
       keymapChanges_(keymap.onChange([this] { regrabAll(); })) {}
 
 X11HotKeys::~X11HotKeys() {
@@ -192,7 +193,6 @@ void X11HotKeys::regrabAll() {
         held_.clear();
         grabbedWith_ = keymap_.modifiers();
     }
-    down_.clear();
     takenByOthers_.clear(); // they may have let go
     synchronize();
 }
@@ -208,16 +208,15 @@ void X11HotKeys::handle(const xcb_generic_event_t& event) {
 void X11HotKeys::released(xcb_keycode_t key) {
     down_.erase(key);
     if (key == grabbingKey_) {
-        down_.clear(); // the grab ends here: the releases of what is still down go elsewhere
+        grabbingKey_ = std::nullopt;
+        unheardReleases_.watch(down_); // the grab ends here: they go to other programs
     }
 }
 
 void X11HotKeys::pressed(const xcb_key_press_event_t& press) {
-    if (down_.empty()) {
-        grabbingKey_ = press.detail;
-    }
+    grabbingKey_ = grabbingKey_.value_or(press.detail);
     if (!down_.insert(press.detail).second) {
-        return; // auto-repeat
+        return; // auto-repeat, which may have begun a grab anew
     }
     beforePress_(); // it may change which hot keys there are
     // While a grab is active every key arrives, so which key it is must be looked at.

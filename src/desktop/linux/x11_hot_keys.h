@@ -1,12 +1,14 @@
 #pragma once
 
 #include "base/lifetime.h"
+#include "desktop/linux/key_release_watch.h"
 #include "desktop/linux/xkb_keymap.h"
 #include "desktop/shared/hot_key_handlers.h"
 #include "platform/hot_keys.h"
 
 #include <compare>
 #include <map>
+#include <optional>
 #include <set>
 
 namespace panewright {
@@ -69,12 +71,14 @@ private:
     mutable std::set<Grab> takenByOthers_;
     /// What the grabs in held_ were made with.
     ModifierMasks grabbedWith_;
+    /// Pressed while a grab was active, and not gone up since.
     std::set<xcb_keycode_t> down_;
-    /// What the grab began with, and ends with the release of.
-    xcb_keycode_t grabbingKey_ = 0;
+    /// What the grab that is active now began with, and ends with the release of.
+    std::optional<xcb_keycode_t> grabbingKey_;
     bool synchronizePending_ = false;
     Lifetime lifetime_;
     Registration events_;
+    KeyReleaseWatch unheardReleases_;
     Registration keymapChanges_;
 };
 
