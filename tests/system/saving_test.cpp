@@ -151,6 +151,21 @@ TEST_P(Saving, GivesTheKeyboardBackWhenItIsCancelled) {
     EXPECT_EQ((*program_)->waitForEnd(), 0);
 }
 
+TEST_P(Saving, LeavesNoMenuOpenThatAHeldHotKeyKeepsFromTheKeyboard) {
+    const TestClient window(desktop_.display());
+    window.activate();
+    openMenu();
+    press({"Escape"});
+    desktop_.keyboard().press(KEY_LEFTALT);
+    desktop_.keyboard().press(KEY_2);
+    desktop_.keyboard().release(KEY_LEFTALT);
+    desktop_.run({"xdotool", "click", "1"});
+    pause();
+    desktop_.keyboard().release(KEY_2);
+    press({"Escape"});
+    EXPECT_TRUE(eventually([&] { return !isMenuOpen(); }));
+}
+
 TEST_P(Saving, OpensOnTheVirtualDesktopThatIsShownAlsoAfterItWasLeftOnAnother) {
     const TestClient left(desktop_.display());
     left.activate();

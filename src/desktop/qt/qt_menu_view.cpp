@@ -4,6 +4,7 @@
 #include "shortcuts/shortcut_text.h"
 
 #include <QMenu>
+#include <QWindow>
 
 namespace panewright {
 namespace {
@@ -65,6 +66,12 @@ void QtMenuView::popUp(const Menu& menu, const Rect& anchor) {
         place.setY(fromNative(anchor.origin(), *screen).y() - size.height());
     }
     menu_->popup(place);
+    // A key that another connection holds down, such as a hot key, keeps the menu from getting
+    // keyboard and pointer, and neither Escape nor a click beside it would close it.
+    auto* window = menu_->windowHandle();
+    if (!window->setKeyboardGrabEnabled(true) || !window->setMouseGrabEnabled(true)) {
+        menu_->close();
+    }
 }
 
 } // namespace panewright
