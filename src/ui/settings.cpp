@@ -73,6 +73,7 @@ void Settings::allowStateShortuctMoveWindow() {
 
 void Settings::restoreDefaultWindowStates() {
     services_.model.restoreDefaultWindowStates();
+    services_.hotKeyRefresh.addEventHandlers(); // those of the states before lead nowhere now
     services_.tracking.trackEvent(kRestoreDefaultWindowStatesEvent);
 }
 

@@ -13,7 +13,8 @@ constexpr const char* kKeyCodeKey = "MoveToNextWindowKeyEventKeyCode";
 class SettingsTest : public testing::Test {
 protected:
     SettingsTest() {
-        program_.open(42, "org.example.Editor", {0, 0, 100, 100});
+        program_.desktop.displays.setDisplays({{.id = 1, .bounds = {0, 0, 1600, 900}}});
+        window_ = program_.open(42, "org.example.Editor", {0, 0, 100, 100});
         program_.launch();
         open();
     }
@@ -27,6 +28,7 @@ protected:
     }
 
     LaunchedProgram program_;
+    MemoryWindowId window_;
 };
 
 TEST_F(SettingsTest, RecordsTheKeyThatMovesToTheNextDisplay) {
@@ -68,6 +70,8 @@ TEST_F(SettingsTest, KeepsItsOneWindowAndTellsWhatIsDoneInIt) {
     Model::instance().defaultWindowStates()->clear();
     settings.restoreDefaultWindowStates();
     EXPECT_EQ(Model::instance().defaultWindowStates()->size(), 4U);
+    EXPECT_TRUE(program_.press(18));
+    EXPECT_EQ(program_.frame(window_), (Rect{0, 0, 1600, 900}));
     settings.website();
     EXPECT_THAT(program_.desktop.workspace.openedUrls,
                 testing::ElementsAre("http://quillfen.com/panewright"));
