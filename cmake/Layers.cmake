@@ -1,8 +1,8 @@
 # panewright_layer(NAME folder SOURCES files... USES layers... LIBRARIES imported targets...)
 #
 # One static library per layer (an interface library where a layer is headers only), and a check,
-# run before anything of the layer compiles, that its files include only what CheckIncludes.cmake
-# allows that layer.
+# run before anything of the layer compiles, that its files include no layer that it does not use,
+# and only the system headers that CheckIncludes.cmake allows it.
 find_package(PkgConfig REQUIRED)
 
 add_library(panewright_options INTERFACE)
@@ -17,6 +17,7 @@ target_compile_options(panewright_options INTERFACE
 
 function(panewright_layer name)
     cmake_parse_arguments(LAYER "" "" "SOURCES;USES;LIBRARIES" ${ARGN})
+    string(JOIN " " uses ${LAYER_USES})
     string(REPLACE "/" "_" target "panewright_${name}")
     list(TRANSFORM LAYER_USES PREPEND panewright_)
     list(TRANSFORM LAYER_USES REPLACE "/" "_")
@@ -33,11 +34,11 @@ function(panewright_layer name)
         ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
     set(stamp ${CMAKE_CURRENT_BINARY_DIR}/${target}.includes-checked)
     add_custom_command(OUTPUT ${stamp}
-        COMMAND ${CMAKE_COMMAND} -DLAYER=${name} -DROOT=${PROJECT_SOURCE_DIR}/src
+        COMMAND ${CMAKE_COMMAND} -DLAYER=${name} -DUSES=${uses} -DROOT=${PROJECT_SOURCE_DIR}/src
             -P ${PROJECT_SOURCE_DIR}/cmake/CheckIncludes.cmake
         COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
         DEPENDS ${files} ${PROJECT_SOURCE_DIR}/cmake/CheckIncludes.cmake
-        COMMENT "Checking the includes of ${name}")
+        COMMENT "Checking the includes of ${name}" VERBATIM)
     add_custom_target(${target}_includes ALL DEPENDS ${stamp})
     add_dependencies(${target} ${target}_includes)
 endfunction()

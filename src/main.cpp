@@ -86,7 +86,7 @@ int runOn(X11Desktop& desktop, MainLoop& mainLoop, const ProgramInformation& pro
     NoCrashReporter crashReporter;
     NoSoftwareUpdater softwareUpdater;
     QtApplicationIcons icons(desktop.icons);
-    QtStatusItem statusItem(desktop.tray, desktop.displays, desktop.workAreas);
+    QtStatusItem statusItem(desktop.tray, desktop.brightness, desktop.displays, desktop.workAreas);
     QtMenuView menuView;
     QtViews views(desktop.nativeKeyCodes, desktop.ownWindows);
     const SharedInstances shared(desktop.hotKeys, mainLoop, userDefaults, folders);

@@ -25,9 +25,9 @@ struct Screen {
 /// The displays of the session.
 ///
 /// Rectangles and points are in global points: origin at the top left of the main display, y
-/// downwards. Every call asks the display server anew, so a display that was reconfigured answers
-/// with its new bounds at once. An identifier that names no display is no error: its bounds and
-/// sizes are zero, its numbers 0. Main thread only.
+/// downwards. Nothing of a display is remembered longer than the display server has told otherwise:
+/// one that was reconfigured answers with its new bounds at once. An identifier that names no
+/// display is no error: its bounds and sizes are zero, its numbers 0. Main thread only.
 class Displays {
 public:
     virtual ~Displays() = default;

@@ -68,7 +68,7 @@ TEST_P(PanelContract, IsFollowedAsItComesAndGoes) {
     putUp();
     expect(true, 1);
     EXPECT_TRUE(rig_.eventually([&] {
-        return std::abs(tray.brightnessAt({800, 15}).value_or(0) - 0.5) < 0.01;
+        return std::abs(rig_.ports->brightness.brightnessAt({800, 15}).value_or(0) - 0.5) < 0.01;
     }));
     putUp();
     expect(true, 2);

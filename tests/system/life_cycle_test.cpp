@@ -72,6 +72,9 @@ TEST_F(LifeCycle, AnswersItsCommandLineAndRefusesWhatItDoesNotKnow) {
     ChildProcess program({PANEWRIGHT_PROGRAM, "--colour"}, desktop_.environment());
     EXPECT_THAT(program.waitForEnd(), Optional(64));
     EXPECT_THAT(program.standardError(), testing::HasSubstr("'--colour'"));
+    ChildProcess unheard({"sh", "-c", PANEWRIGHT_PROGRAM " --colour 2>/dev/full"},
+                         desktop_.environment());
+    EXPECT_THAT(unheard.waitForEnd(), Optional(64));
 }
 
 TEST_F(LifeCycle, GoesOnInAWaylandSessionAndSaysWhatItCannotReach) {

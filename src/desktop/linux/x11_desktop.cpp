@@ -32,7 +32,7 @@ X11Desktop::X11Desktop(std::unique_ptr<XConnection> connection, MainLoop& mainLo
                   accessibility.settle();
               }),
       keyboardLayout(keymap_), workspace(*connection_, activeWindows_, mainLoop),
-      icons(*connection_, activeWindows_), tray(*connection_), ownWindows(*connection_),
-      beeper(*connection_) {}
+      icons(*connection_, activeWindows_), tray(*connection_), brightness(*connection_),
+      ownWindows(*connection_), beeper(*connection_) {}
 
 } // namespace panewright

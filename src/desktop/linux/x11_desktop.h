@@ -13,6 +13,7 @@
 #include "desktop/linux/x_bell.h"
 #include "desktop/linux/x_connection.h"
 #include "desktop/linux/x_embed_tray.h"
+#include "desktop/linux/x_screen_brightness.h"
 #include "desktop/linux/xkb_keyboard_layout.h"
 #include "desktop/linux/xkb_keymap.h"
 
@@ -49,6 +50,7 @@ public:
     X11Workspace workspace;
     DesktopEntryIcons icons;
     XEmbedTray tray;
+    XScreenBrightness brightness;
     X11OwnWindows ownWindows;
     XBell beeper;
 

@@ -99,8 +99,8 @@ public:
     /// window.
     Registration selectEvents(xcb_window_t window, std::uint32_t eventMask);
 
-    /// A new window of ours that is never shown, for properties and replies. Lives as long as the
-    /// connection.
+    /// A new window of ours that is never shown, for properties and replies. Goes with the
+    /// connection, unless it is destroyed before.
     xcb_window_t createHelperWindow();
 
 private:

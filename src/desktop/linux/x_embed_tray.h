@@ -16,7 +16,6 @@ public:
     Registration onChange(std::function<void()> callback) override {
         return changed_.add(std::move(callback));
     }
-    std::optional<double> brightnessAt(Point point) const override;
 
 private:
     void handle(const xcb_generic_event_t& event);

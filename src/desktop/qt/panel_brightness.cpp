@@ -21,7 +21,7 @@ std::optional<double> middleOfStrip(const Rect& display, const Rect& area) {
 } // namespace
 
 std::optional<double> panelBrightness(const Displays& displays, const WorkAreas& workAreas,
-                                      const SystemTray& tray) {
+                                      const ScreenBrightness& brightness) {
     const auto active = displays.activeDisplays(1);
     if (active.empty()) {
         return std::nullopt;
@@ -31,8 +31,8 @@ std::optional<double> panelBrightness(const Displays& displays, const WorkAreas&
     std::vector<double> samples;
     for (int i = 0; y && i < kSamples; ++i) {
         const double x = bounds.x + bounds.width * (i + 0.5) / kSamples;
-        if (const auto brightness = tray.brightnessAt({x, *y})) {
-            samples.push_back(*brightness);
+        if (const auto sample = brightness.brightnessAt({x, *y})) {
+            samples.push_back(*sample);
         }
     }
     if (samples.empty()) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/shared/system_tray.h"
+#include "desktop/shared/screen_brightness.h"
 #include "platform/displays.h"
 #include "platform/work_areas.h"
 
@@ -12,6 +12,6 @@ namespace panewright {
 /// of the strip at the top or bottom that is not work area, most of which shows the panel's ground.
 /// Nil when there is no such strip, or it cannot be seen.
 std::optional<double> panelBrightness(const Displays& displays, const WorkAreas& workAreas,
-                                      const SystemTray& tray);
+                                      const ScreenBrightness& brightness);
 
 } // namespace panewright

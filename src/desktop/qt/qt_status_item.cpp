@@ -36,8 +36,9 @@ constexpr std::chrono::milliseconds kLooks[] = {100ms, 500ms, 2000ms};
 
 } // namespace
 
-QtStatusItem::QtStatusItem(SystemTray& tray, const Displays& displays, const WorkAreas& workAreas)
-    : tray_(tray), displays_(displays), workAreas_(workAreas) {}
+QtStatusItem::QtStatusItem(SystemTray& tray, const ScreenBrightness& brightness,
+                           const Displays& displays, const WorkAreas& workAreas)
+    : tray_(tray), brightness_(brightness), displays_(displays), workAreas_(workAreas) {}
 
 QtStatusItem::~QtStatusItem() = default;
 
@@ -117,10 +118,10 @@ void QtStatusItem::suitPanel() {
 /// is.
 std::optional<double> QtStatusItem::brightnessBehindIcon() const {
     if (isInNotifierHost_) {
-        return panelBrightness(displays_, workAreas_, tray_);
+        return panelBrightness(displays_, workAreas_, brightness_);
     }
     const auto geometry = trayGeometry();
-    return geometry ? tray_.brightnessAt({geometry->x + 1, geometry->y + 1}) : std::nullopt;
+    return geometry ? brightness_.brightnessAt({geometry->x + 1, geometry->y + 1}) : std::nullopt;
 }
 
 void QtStatusItem::activated(QSystemTrayIcon::ActivationReason reason) {

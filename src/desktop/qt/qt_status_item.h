@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/registration.h"
+#include "desktop/shared/screen_brightness.h"
 #include "desktop/shared/system_tray.h"
 #include "platform/displays.h"
 #include "platform/status_item.h"
@@ -23,7 +24,8 @@ class QtStatusItem : public QObject, public StatusItem {
 
 public:
     /// All of it must outlive the item.
-    QtStatusItem(SystemTray& tray, const Displays& displays, const WorkAreas& workAreas);
+    QtStatusItem(SystemTray& tray, const ScreenBrightness& brightness, const Displays& displays,
+                 const WorkAreas& workAreas);
     ~QtStatusItem() override;
 
     void show(const StatusItemLook& look,
@@ -44,6 +46,7 @@ private:
     std::optional<double> brightnessBehindIcon() const;
 
     SystemTray& tray_;
+    const ScreenBrightness& brightness_;
     const Displays& displays_;
     const WorkAreas& workAreas_;
     StatusItemLook look_;

@@ -1,10 +1,8 @@
 #pragma once
 
-#include "base/geometry.h"
 #include "base/registration.h"
 
 #include <functional>
-#include <optional>
 
 namespace panewright {
 
@@ -18,10 +16,6 @@ public:
 
     /// Calls back on the main loop after a tray came, went or was replaced.
     virtual Registration onChange(std::function<void()> callback) = 0;
-
-    /// How bright the panel is at a point that shows none of our icon, from 0 (black) to 1 (white).
-    /// Global pixels. Nil when it cannot be seen.
-    virtual std::optional<double> brightnessAt(Point point) const = 0;
 };
 
 } // namespace panewright
