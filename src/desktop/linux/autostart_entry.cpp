@@ -1,15 +1,12 @@
 #include "desktop/linux/autostart_entry.h"
 
+#include "desktop/linux/desktop_entry_text.h"
 #include "desktop/linux/xdg_folders.h"
 
 #include <fmt/format.h>
 
-#include <sstream>
-
 namespace panewright {
 namespace {
-
-constexpr std::string_view kGroup = "[Desktop Entry]";
 
 /// An argument of Exec: always quoted, with what the shell would read inside quotes, and the codes
 /// of fields, escaped. Backslashes count once more, as in every value (Desktop Entry Specification,
@@ -29,18 +26,6 @@ std::string quoted(const std::string& argument) {
     return text + '"';
 }
 
-/// A value without the escapes that every value may have.
-std::string unescaped(std::string_view value) {
-    std::string text;
-    for (std::size_t i = 0; i < value.size(); ++i) {
-        const bool isEscape = value[i] == '\\' && i + 1 < value.size();
-        const char character = value[i + (isEscape ? 1 : 0)];
-        i += isEscape ? 1 : 0;
-        text += isEscape && character == 's' ? ' ' : character;
-    }
-    return text;
-}
-
 /// The first argument of an Exec line; nil without one, or when its quotes do not close.
 std::optional<std::string> firstArgument(std::string_view exec) {
     const bool isQuoted = exec.starts_with('"');
@@ -54,24 +39,6 @@ std::optional<std::string> firstArgument(std::string_view exec) {
         argument += exec[i];
     }
     return isQuoted || argument.empty() ? std::nullopt : std::optional(argument);
-}
-
-/// The value of a key of the entry's own group; nil without it.
-std::optional<std::string> valueOf(std::string_view content, std::string_view key) {
-    std::istringstream lines{std::string(content)};
-    bool isInGroup = false;
-    for (std::string line; std::getline(lines, line);) {
-        if (line.starts_with('[')) {
-            isInGroup = line.starts_with(kGroup);
-        } else if (isInGroup && line.starts_with(key)) {
-            const auto equals = line.find_first_not_of(' ', key.size());
-            if (equals != std::string::npos && line[equals] == '=') {
-                const auto value = line.find_first_not_of(' ', equals + 1);
-                return value == std::string::npos ? "" : line.substr(value);
-            }
-        }
-    }
-    return std::nullopt;
 }
 
 } // namespace
@@ -90,23 +57,26 @@ std::string AutostartEntryFormat::encode(const LaunchAgent& agent) const {
     for (const auto& argument : agent.programArguments.value_or(std::vector<std::string>())) {
         exec += ' ' + quoted(argument);
     }
-    return fmt::format("{}\n"
+    return fmt::format("[Desktop Entry]\n"
                        "Type=Application\n"
                        "Name=Panewright\n"
                        "Comment=Puts windows into saved states by shortcut\n"
                        "Exec={}\n"
                        "Terminal=false\n"
                        "X-GNOME-Autostart-enabled=true\n",
-                       kGroup, exec);
+                       exec);
 }
 
 std::optional<std::string> AutostartEntryFormat::programIn(std::string_view content) const {
-    const auto exec = valueOf(content, "Exec");
-    return exec ? firstArgument(unescaped(*exec)) : std::nullopt;
+    const auto keys = desktopEntryKeys(content);
+    const auto exec = keys.find("Exec");
+    return exec == keys.end() ? std::nullopt : firstArgument(unescaped(exec->second));
 }
 
 bool AutostartEntryFormat::isSwitchedOff(std::string_view content) const {
-    return valueOf(content, "Hidden") == "true";
+    const auto keys = desktopEntryKeys(content);
+    const auto hidden = keys.find("Hidden");
+    return hidden != keys.end() && hidden->second == "true";
 }
 
 } // namespace panewright

@@ -1,6 +1,7 @@
 #include "desktop/linux/desktop_entries.h"
 
 #include "base/unicode.h"
+#include "desktop/linux/desktop_entry_text.h"
 #include "desktop/linux/xdg_folders.h"
 
 #include <algorithm>
@@ -19,47 +20,8 @@ constexpr std::size_t kMaxFileSize = std::size_t{256} << 10U;
 constexpr std::size_t kMaxEntries = 5000;
 constexpr int kMaxDepth = 3;
 
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view kSpaces = " \t\r";
-    const auto first = text.find_first_not_of(kSpaces);
-    return first == std::string_view::npos
-               ? std::string_view()
-               : text.substr(first, text.find_last_not_of(kSpaces) - first + 1);
-}
-
-std::string unescaped(std::string_view value) {
-    std::string text;
-    for (std::size_t i = 0; i < value.size(); ++i) {
-        if (value[i] != '\\' || i + 1 == value.size()) {
-            text += value[i];
-            continue;
-        }
-        // Escapes of spaces; nothing that is shown in one line has tabs or line ends.
-        const char escaped = value[++i];
-        text += std::string_view("sntr").find(escaped) == std::string_view::npos ? escaped : ' ';
-    }
-    return wellFormedUtf8(std::move(text));
-}
-
-/// The keys of the main group, as written.
-std::map<std::string_view, std::string_view> mainGroup(std::string_view text) {
-    std::map<std::string_view, std::string_view> keys;
-    bool isInside = false;
-    while (!text.empty()) {
-        const auto end = std::min(text.find('\n'), text.size());
-        const auto line = trimmed(text.substr(0, end));
-        text.remove_prefix(std::min(end + 1, text.size()));
-        if (line.starts_with('[')) {
-            if (isInside) {
-                break;
-            }
-            isInside = line == "[Desktop Entry]";
-        } else if (const auto equals = line.find('=');
-                   isInside && equals != std::string_view::npos && !line.starts_with('#')) {
-            keys.emplace(trimmed(line.substr(0, equals)), trimmed(line.substr(equals + 1)));
-        }
-    }
-    return keys;
+std::string shownText(std::string_view value) {
+    return wellFormedUtf8(unescaped(value));
 }
 
 bool equalsWithoutCase(std::string_view a, std::string_view b) {
@@ -124,7 +86,7 @@ std::vector<std::string> localeNames(std::string_view locale) {
 
 std::optional<DesktopEntry> parseDesktopEntry(std::string_view text,
                                               const std::vector<std::string>& locales) {
-    const auto keys = mainGroup(text);
+    const auto keys = desktopEntryKeys(text);
     const auto valueOf = [&](std::string_view key) {
         const auto found = keys.find(key);
         return found == keys.end() ? std::string_view() : found->second;
@@ -133,15 +95,15 @@ std::optional<DesktopEntry> parseDesktopEntry(std::string_view text,
         return std::nullopt;
     }
     DesktopEntry entry;
-    entry.name = unescaped(valueOf("Name"));
+    entry.name = shownText(valueOf("Name"));
     for (const auto& locale : locales) {
         if (const auto localized = valueOf("Name[" + locale + "]"); !localized.empty()) {
-            entry.name = unescaped(localized);
+            entry.name = shownText(localized);
             break;
         }
     }
-    entry.icon = unescaped(valueOf("Icon"));
-    entry.startupClass = unescaped(valueOf("StartupWMClass"));
+    entry.icon = shownText(valueOf("Icon"));
+    entry.startupClass = shownText(valueOf("StartupWMClass"));
     entry.isShown = valueOf("NoDisplay") != "true";
     return entry;
 }

@@ -1,18 +1,11 @@
 #include "desktop/linux/ini_document.h"
 
+#include "desktop/linux/desktop_entry_text.h"
+
 #include <algorithm>
 
 namespace panewright {
 namespace {
-
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view kBlanks = " \t\r";
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos) {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
-}
 
 /// The name of the section that the line starts, if it is such a line.
 std::optional<std::string_view> sectionIn(std::string_view line) {

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace panewright {
+
+// The text of desktop entries and other files of keys below group lines (Desktop Entry
+// Specification, "Basic format of the file").
+
+/// The text without the blanks around it; a line may end as on other systems.
+std::string_view trimmed(std::string_view line);
+
+/// The keys of the group "Desktop Entry" with their values, as written; of a key that comes twice
+/// the first. They point into the text.
+std::map<std::string_view, std::string_view> desktopEntryKeys(std::string_view text);
+
+/// A value without the escapes that every value may have. Tabs and line ends become spaces: nothing
+/// that is shown in one line has any.
+std::string unescaped(std::string_view value);
+
+} // namespace panewright
