@@ -26,6 +26,8 @@ constexpr auto kUsualWindow = 100ms;
 constexpr auto kSlowestFocus = 500ms;
 constexpr int kMaxCrossings = 3;
 
+constexpr std::uint32_t kAllDesktops = 0xFFFFFFFF; // EWMH, _NET_WM_DESKTOP
+
 } // namespace
 
 X11Workspace::X11Workspace(XConnection& connection, ActiveWindows& activeWindows,
@@ -52,7 +54,7 @@ void X11Workspace::bringThisApplicationToFront() {
     newWindowWish_ = mainLoop_.after(kSlowestWindow, [this] { newWindowWish_.release(); });
     knownWindowWish_ = mainLoop_.after(kUsualWindow, [this] {
         if (const auto shown = ownWindows(); !shown.empty()) {
-            activate(shown.back());
+            bringToUser(shown.back());
         }
     });
     bringNewWindowToFront();
@@ -63,7 +65,7 @@ void X11Workspace::bringNewWindowToFront() {
     if (!shown.empty() && known_.insert(shown.back()).second) {
         newWindowWish_.release();
         knownWindowWish_.release();
-        activate(shown.back());
+        bringToUser(shown.back());
     }
     known_.insert(shown.begin(), shown.end());
 }
@@ -97,6 +99,19 @@ bool X11Workspace::isUnderPointer(xcb_window_t window) {
 
 std::vector<xcb_window_t> X11Workspace::ownWindows() {
     return activeWindows_.windowsOf(getpid());
+}
+
+/// Some managers go to no other virtual desktop for a window that is to be activated.
+void X11Workspace::bringToUser(xcb_window_t window) {
+    const auto& atoms = connection_.atoms();
+    XPropertyRequest shown(connection_, connection_.root(), atoms._NET_CURRENT_DESKTOP);
+    XPropertyRequest own(connection_, window, atoms._NET_WM_DESKTOP);
+    const auto desktop = shown.number();
+    if (const auto its = own.number(); desktop && its && *its != *desktop && *its != kAllDesktops) {
+        sendToManager(connection_, window, atoms._NET_WM_DESKTOP,
+                      {*desktop, kSourcePager, 0, 0, 0});
+    }
+    activate(window);
 }
 
 void X11Workspace::activate(xcb_window_t window) {

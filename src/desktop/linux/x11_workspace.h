@@ -31,6 +31,7 @@ private:
     void bringNewWindowToFront();
     void insistOnWayBack();
     bool isUnderPointer(xcb_window_t window);
+    void bringToUser(xcb_window_t window);
     void activate(xcb_window_t window);
 
     XConnection& connection_;

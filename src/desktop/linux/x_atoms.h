@@ -14,6 +14,7 @@ namespace panewright {
     X(_KDE_NET_WM_DESKTOP_FILE)                                                                    \
     X(_NET_ACTIVE_WINDOW)                                                                          \
     X(_NET_CLIENT_LIST)                                                                            \
+    X(_NET_CURRENT_DESKTOP)                                                                        \
     X(_NET_FRAME_EXTENTS)                                                                          \
     X(_NET_MOVERESIZE_WINDOW)                                                                      \
     X(_NET_REQUEST_FRAME_EXTENTS)                                                                  \
@@ -22,6 +23,7 @@ namespace panewright {
     X(_NET_WM_ACTION_MOVE)                                                                         \
     X(_NET_WM_ACTION_RESIZE)                                                                       \
     X(_NET_WM_ALLOWED_ACTIONS)                                                                     \
+    X(_NET_WM_DESKTOP)                                                                             \
     X(_NET_WM_ICON)                                                                                \
     X(_NET_WM_NAME)                                                                                \
     X(_NET_WM_PID)                                                                                 \

@@ -53,7 +53,6 @@ PopoverWindow::PopoverWindow(const NativeKeyCodes& keyCodes, OwnWindows& ownWind
 void PopoverWindow::show(const PopoverAnchor& anchor) {
     anchor_ = anchor;
     mayBeMisplaced_ = true;
-    hide(); // one that was left on another virtual desktop stays there while it is shown
     place();
     ownWindows_.keepOutOfTaskBars(static_cast<std::uint32_t>(winId()));
     QDialog::show();
