@@ -54,7 +54,9 @@ void PopoverWindow::show(const PopoverAnchor& anchor) {
     anchor_ = anchor;
     mayBeMisplaced_ = true;
     place();
-    ownWindows_.keepOutOfTaskBars(static_cast<std::uint32_t>(winId()));
+    if (!isVisible()) {
+        ownWindows_.keepOutOfTaskBars(static_cast<std::uint32_t>(winId()));
+    }
     QDialog::show();
 }
 
