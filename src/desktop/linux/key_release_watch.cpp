@@ -20,11 +20,12 @@ KeyReleaseWatch::KeyReleaseWatch(XConnection& connection,
 }
 
 void KeyReleaseWatch::watch(const std::set<xcb_keycode_t>& keys) {
-    watched_ = keys;
-    select(!keys.empty() && opcode_ != 0);
+    const auto asked = keys; // whose owner forgets what it is told of
+    watched_ = asked;
+    select(!asked.empty() && opcode_ != 0);
     // What went up before the server knew that we listen is not told of.
     const auto down = isSelected_ ? keysDown() : std::set<xcb_keycode_t>();
-    for (const auto key : keys) {
+    for (const auto key : asked) {
         if (!down.contains(key)) {
             tell(key);
         }
