@@ -13,7 +13,7 @@ namespace {
 
 TEST(UserDefaultsContract, GiveBackValueAndKindAndKeepKeysApart) {
     const char* const texts[] = {
-        "plain", "",  "true",       "18",  "-0.5",       " blanks ", "two\nlines\r\n", "\"q\" \\ b",
+        "plain", "",  "true",       "18",  "-0.5",       " blanks ", "two\nlines\r\n", R"("q" \ b)",
         "; no",  "#", "[no group]", "a=b", "Grüße 窗口", "%41",      "base64:AAEC",    "base64:?"};
     constexpr std::numeric_limits<std::int64_t> kLimits;
     const std::initializer_list<DefaultsValue> values{

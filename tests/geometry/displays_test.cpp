@@ -14,6 +14,7 @@ protected:
     /// With ids from 1 on.
     void connect(const std::vector<Rect>& bounds) {
         std::vector<MemoryDisplays::Display> displays;
+        displays.reserve(bounds.size());
         for (const auto& rect : bounds) {
             displays.push_back({.id = static_cast<DisplayId>(displays.size() + 1), .bounds = rect});
         }

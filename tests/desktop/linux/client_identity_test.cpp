@@ -86,7 +86,9 @@ TEST_F(ClientIdentity, LeadsToTheIcon) {
     auto& icons = rig_->ports->icons;
     EXPECT_EQ(icons.iconNameOf({kPid, "viewer", "Viewer"}), "Viewer-icon");
     EXPECT_EQ(icons.iconNameOf({kPid, "missing", "Missing"}), "");
-    EXPECT_EQ(icons.iconPicturesOf({kPid, std::nullopt, std::nullopt}), picture);
+    EXPECT_TRUE(rig_->eventually([&] { // the manager lists the window some time after it is shown
+        return icons.iconPicturesOf({kPid, std::nullopt, std::nullopt}) == picture;
+    }));
 }
 
 TEST_F(ClientIdentity, IsAPrivateProcessForEachClientOfAnotherMachine) {
