@@ -28,11 +28,8 @@ constexpr std::chrono::milliseconds kPause{60}; // everybody is idle again befor
 
 constexpr Frame kElsewhere{.x = 200, .y = 150, .width = 600, .height = 400};
 
-/// The client in that frame: Clearlooks adds 1, 1, 20 and 5 pixels. xdotool sizes the client.
+/// The client in that frame: Clearlooks adds 1, 1, 20 and 5 pixels.
 constexpr Frame kTargetClient{.x = 81, .y = 65, .width = 1438, .height = 785};
-constexpr std::string_view kSxhkdConfiguration =
-    "alt + F6\n"
-    "    xdotool getactivewindow windowmove 80 45 windowsize 1438 785\n";
 
 struct Method {
     std::string_view name;
@@ -44,10 +41,7 @@ class Bench {
 public:
     Bench() {
         window_.activate();
-        sxhkd_.emplace(
-            std::vector<std::string>{"sxhkd", "-c",
-                                     home_.write("sxhkdrc", std::string(kSxhkdConfiguration))},
-            environment());
+        sxhkd_.emplace(std::vector<std::string>{"sxhkd"}, environment());
         program_.emplace(std::vector<std::string>{PANEWRIGHT_PROGRAM}, environment());
         if (!program_->waitForErrorLine("panewright: ready")) {
             throw std::runtime_error("panewright does not start: " + program_->standardError());
@@ -123,7 +117,6 @@ private:
         }
     }
 
-    PrivateHome home_;
     Desktop desktop_;
     XClient watcher_{desktop_.display()};
     TestClient window_{desktop_.display()};
