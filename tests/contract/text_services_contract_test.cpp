@@ -13,9 +13,7 @@ TEST(TextServicesContract, UppercasesAndTrims) {
     const QtTextServices qt;
     for (const TextServices* services : std::initializer_list<const TextServices*>{&memory, &qt}) {
         EXPECT_EQ(services->upperCased("a1z`"), "A1Z`");
-        EXPECT_EQ(services->trimmedOfWhitespace(" \t two words \t"), "two words");
-        EXPECT_EQ(services->trimmedOfWhitespace(" \t "), "");
-        EXPECT_EQ(services->trimmedOfWhitespace("\nline\n"), "\nline\n");
+        EXPECT_EQ(services->trimmedOfWhitespace(" \t two words\n \t"), "two words\n");
         EXPECT_EQ(services->localized("no translation"), "no translation");
     }
     EXPECT_EQ(qt.upperCased("éß\xFF"), "ÉSS\uFFFD");
