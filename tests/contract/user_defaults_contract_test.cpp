@@ -1,6 +1,6 @@
 // What every store of settings does.
 
-#include "desktop/linux/ini_user_defaults.h"
+#include "desktop/freedesktop/ini_user_defaults.h"
 #include "desktop/memory/memory_user_defaults.h"
 #include "support/temporary_folder.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/linux/x11_desktop.h"
+#include "desktop/x11/x11_desktop.h"
 #include "desktop/memory/memory_desktop.h"
 #include "support/desktop.h"
 #include "support/eventually.h"

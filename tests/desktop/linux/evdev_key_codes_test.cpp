@@ -1,6 +1,6 @@
 #include "desktop/linux/evdev_key_codes.h"
 
-#include "desktop/linux/evdev_native_key_codes.h"
+#include "desktop/x11/evdev_native_key_codes.h"
 
 #include <gmock/gmock.h>
 #include <linux/input-event-codes.h>

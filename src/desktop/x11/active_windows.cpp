@@ -1,0 +1,188 @@
+#include "desktop/x11/active_windows.h"
+
+#include "desktop/x11/window_geometry.h"
+#include "desktop/x11/window_hints.h"
+#include "desktop/x11/x_properties.h"
+
+#include <algorithm>
+#include <unistd.h>
+#include <utility>
+
+namespace panewright {
+
+namespace {
+
+bool isOurs(const std::optional<RunningApplication>& application) {
+    return application && application->processIdentifier == getpid();
+}
+
+} // namespace
+
+ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager,
+                             std::string ownBundleIdentifier)
+    : connection_(connection), manager_(manager),
+      identity_(connection, std::move(ownBundleIdentifier)),
+      rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE |
+                                                                    XCB_EVENT_MASK_FOCUS_CHANGE)),
+      arrivals_(connection.onArrival([this](const auto& event) { noteArrival(event); })),
+      events_(connection.onEvent([this](const auto& event) { handle(event); })),
+      managerChanges_(manager.onChange([this] { update(); })) {
+    update();
+}
+
+std::optional<xcb_window_t> ActiveWindows::focusedWindowOf(ProcessId pid) {
+    for (const auto& window : windows_) {
+        if (window.pid != pid) {
+            continue;
+        }
+        if (window.kind != Kind::kOrdinary) {
+            return std::nullopt;
+        }
+        if (isShown(window.window)) {
+            return window.window;
+        }
+    }
+    return std::nullopt;
+}
+
+std::vector<xcb_window_t> ActiveWindows::windowsOf(ProcessId pid) {
+    XPropertyRequest clients(connection_, connection_.root(), connection_.atoms()._NET_CLIENT_LIST,
+                             kMaxClients);
+    return identity_.windowsOf(pid, clients.numbers());
+}
+
+std::optional<ActiveWindows::WayBack> ActiveWindows::wayBack() {
+    const auto active = readActiveWindow();
+    const bool isOursActive = active != kNoWindow && pidOf(active) == getpid();
+    // The events of a change may not have been handled yet, so what was frontmost counts too.
+    const bool wasOursActive = isOurs(frontmost_);
+    if (!isOursActive && !(wasOursActive && (active == kNoWindow || wentFirst_))) {
+        return std::nullopt;
+    }
+    const WayBack way{isOursActive ? active : active_,
+                      wasOursActive ? beforeOurs_ : lastOfOthers()};
+    return way.to != kNoWindow && isShown(way.to) ? std::optional(way) : std::nullopt;
+}
+
+xcb_window_t ActiveWindows::lastOfOthers() const {
+    const auto found = std::find_if(windows_.begin(), windows_.end(), [](const Window& window) {
+        return window.pid != getpid() && window.kind != Kind::kDock;
+    });
+    return found == windows_.end() ? kNoWindow : found->window;
+}
+
+void ActiveWindows::noteArrival(const xcb_generic_event_t& event) {
+    if (isRootProperty(connection_, event, connection_.atoms()._NET_ACTIVE_WINDOW)) {
+        changeArrived_ = true;
+    } else if (event.response_type == XCB_UNMAP_NOTIFY && active_ != kNoWindow &&
+               reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window == active_) {
+        wentFirst_ = !changeArrived_; // destroying a window unmaps it too
+    }
+}
+
+void ActiveWindows::handle(const xcb_generic_event_t& event) {
+    if (isRootProperty(connection_, event, connection_.atoms()._NET_ACTIVE_WINDOW)) {
+        update();
+    } else if (event.response_type == XCB_FOCUS_IN || event.response_type == XCB_FOCUS_OUT) {
+        if (!manager_.isRunning()) {
+            update();
+        }
+    } else if (event.response_type == XCB_DESTROY_NOTIFY) {
+        const auto gone = reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window;
+        std::erase_if(windows_, [gone](const Window& window) { return window.window == gone; });
+        active_ = active_ == gone ? kNoWindow : active_;
+        beforeOurs_ = beforeOurs_ == gone ? kNoWindow : beforeOurs_;
+    }
+}
+
+void ActiveWindows::update() {
+    const auto active = readActiveWindow();
+    if (active == kNoWindow) {
+        return;
+    }
+    changeArrived_ = false;
+    if (active == active_) {
+        return;
+    }
+    auto application = identity_.applicationOf(active);
+    if (!moveToFront(active, application.processIdentifier)) {
+        return;
+    }
+    wentFirst_ = false;
+    active_ = active;
+    if (application.processIdentifier == getpid() && !isOurs(frontmost_)) {
+        beforeOurs_ = lastOfOthers();
+    }
+    if (frontmost_ != application) {
+        frontmost_ = std::move(application);
+        activated_.notify();
+    } else {
+        windowChanged_.notify(frontmost_->processIdentifier);
+    }
+}
+
+xcb_window_t ActiveWindows::readActiveWindow() {
+    if (!manager_.isRunning()) {
+        return readFocusedTopLevel(); // what a manager that is gone has left behind says nothing
+    }
+    return XPropertyRequest(connection_, connection_.root(), connection_.atoms()._NET_ACTIVE_WINDOW)
+        .number()
+        .value_or(kNoWindow);
+}
+
+xcb_window_t ActiveWindows::readFocusedTopLevel() {
+    const auto focus =
+        connection_.reply(xcb_get_input_focus_reply, xcb_get_input_focus(connection_));
+    if (!focus || focus->focus == connection_.root() ||
+        focus->focus == static_cast<xcb_window_t>(XCB_INPUT_FOCUS_NONE) ||
+        focus->focus == static_cast<xcb_window_t>(XCB_INPUT_FOCUS_POINTER_ROOT)) {
+        return kNoWindow;
+    }
+    return outermostAncestor(connection_, focus->focus).value_or(kNoWindow);
+}
+
+/// By the first type that means something here; a program may put its own before it (EWMH,
+/// _NET_WM_WINDOW_TYPE).
+ActiveWindows::Kind ActiveWindows::kindOf(xcb_window_t window) {
+    const auto& atoms = connection_.atoms();
+    for (const auto type :
+         XPropertyRequest(connection_, window, atoms._NET_WM_WINDOW_TYPE).numbers()) {
+        if (type == atoms._NET_WM_WINDOW_TYPE_DESKTOP) {
+            return Kind::kDesktop;
+        }
+        if (type == atoms._NET_WM_WINDOW_TYPE_DOCK) {
+            return Kind::kDock;
+        }
+        if (type == atoms._NET_WM_WINDOW_TYPE_NORMAL) {
+            break;
+        }
+    }
+    return Kind::kOrdinary;
+}
+
+bool ActiveWindows::isShown(xcb_window_t window) {
+    const auto attributes = connection_.reply(xcb_get_window_attributes_reply,
+                                              xcb_get_window_attributes(connection_, window));
+    // Some managers unmap a window that they shade.
+    return attributes && (attributes->map_state == XCB_MAP_STATE_VIEWABLE ||
+                          readEwmhStates(connection_, window).shaded);
+}
+
+bool ActiveWindows::moveToFront(xcb_window_t window, ProcessId pid) {
+    const auto known = std::find_if(windows_.begin(), windows_.end(),
+                                    [&](const Window& w) { return w.window == window; });
+    if (known != windows_.end()) {
+        std::rotate(windows_.begin(), known, known + 1);
+        return true;
+    }
+    auto selection = connection_.selectEvents(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY |
+                                                          XCB_EVENT_MASK_FOCUS_CHANGE);
+    if (!connection_.reply(xcb_get_window_attributes_reply,
+                           xcb_get_window_attributes(connection_, window))) {
+        return false;
+    }
+    windows_.insert(windows_.begin(), Window{window, pid, kindOf(window), std::move(selection)});
+    return true;
+}
+
+} // namespace panewright

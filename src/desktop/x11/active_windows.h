@@ -1,0 +1,111 @@
+#pragma once
+
+#include "base/observer_list.h"
+#include "desktop/x11/client_identity.h"
+#include "desktop/x11/window_manager.h"
+#include "desktop/x11/x_connection.h"
+#include "platform/workspace.h"
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace panewright {
+
+/// Which windows were active, the last one first, and whose they are.
+///
+/// Without a window manager the top-level window that holds the input focus counts as active.
+///
+/// No window being active leaves everything as it was. The desktop and docks are windows of their
+/// program, but never its focused window.
+class ActiveWindows {
+public:
+    ActiveWindows(XConnection& connection, WindowManager& manager, std::string ownBundleIdentifier);
+
+    /// The application of the last active window; nil before there was one.
+    const std::optional<RunningApplication>& frontmost() const { return frontmost_; }
+
+    /// Asks the server which window is active and tells of a change at once. Otherwise that is done
+    /// when the event of a change comes, which may be after a key press that it was made for.
+    void update();
+
+    /// The application's last active window that is still shown; nil if there is none, or the
+    /// desktop or a dock of it is active.
+    std::optional<xcb_window_t> focusedWindowOf(ProcessId pid);
+
+    /// The windows of the process that the manager shows, the newest last (EWMH,
+    /// _NET_CLIENT_LIST).
+    std::vector<xcb_window_t> windowsOf(ProcessId pid);
+
+    /// The window that is active now, as the server says; kNoWindow if there is none.
+    xcb_window_t readActiveWindow();
+
+    /// Whether it is mapped, on a workspace that is seen, or shaded.
+    bool isShown(xcb_window_t window);
+
+    /// The keyboard's way from a window of ours back to the one that was active before.
+    struct WayBack {
+        xcb_window_t from = kNoWindow;
+        xcb_window_t to = kNoWindow;
+    };
+
+    /// Nil if that window is not shown any more, and while another program has the keyboard; but
+    /// not when the manager has given it to one only because our window went.
+    std::optional<WayBack> wayBack();
+
+    /// The process that a window belongs to.
+    ProcessId pidOf(xcb_window_t window) { return identity_.pidOf(window); }
+
+    ClientIdentity& identity() { return identity_; }
+
+    /// Called after another application, or the same program under another identifier, got the
+    /// active window.
+    Registration onActivation(std::function<void()> callback) {
+        return activated_.add(std::move(callback));
+    }
+
+    /// Called after another window of the frontmost application became the active one.
+    Registration onWindowChange(std::function<void(ProcessId)> callback) {
+        return windowChanged_.add(std::move(callback));
+    }
+
+private:
+    enum class Kind { kOrdinary, kDesktop, kDock };
+    struct Window {
+        xcb_window_t window = kNoWindow;
+        ProcessId pid = 0;
+        Kind kind = Kind::kOrdinary;
+        Registration selection;
+    };
+
+    void handle(const xcb_generic_event_t& event);
+    void noteArrival(const xcb_generic_event_t& event);
+    xcb_window_t readFocusedTopLevel();
+    xcb_window_t lastOfOthers() const;
+    Kind kindOf(xcb_window_t window);
+    /// False for a window that went before it could be watched: another may get its number later.
+    bool moveToFront(xcb_window_t window, ProcessId pid);
+
+    XConnection& connection_;
+    WindowManager& manager_;
+    ClientIdentity identity_;
+    /// The last active one first.
+    std::vector<Window> windows_;
+    /// The last active one, unless it is gone.
+    xcb_window_t active_ = kNoWindow;
+    /// The last active one of another program when one of ours became active, unless it is gone.
+    xcb_window_t beforeOurs_ = kNoWindow;
+    std::optional<RunningApplication> frontmost_;
+    /// What has been heard, though not handled, since active_ became the active window: that it
+    /// changes, and that it went before that.
+    bool changeArrived_ = false;
+    bool wentFirst_ = false;
+    ObserverList<> activated_;
+    ObserverList<ProcessId> windowChanged_;
+    Registration rootSelection_;
+    Registration arrivals_;
+    Registration events_;
+    Registration managerChanges_;
+};
+
+} // namespace panewright

@@ -1,0 +1,334 @@
+#include "desktop/x11/frame_writer.h"
+
+#include "desktop/x11/client_message.h"
+#include "desktop/x11/window_hints.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace panewright {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A manager without a reliable fence is looked at this often, and taken to have finished after
+/// this long (kwin needs 4 to 8 ms).
+constexpr auto kPollInterval = 4ms;
+constexpr auto kUnfencedPatience = 30ms;
+
+constexpr std::uint32_t kRemoveState = 0; // EWMH, _NET_WM_STATE
+constexpr std::uint32_t kAddState = 1;
+
+// EWMH, _NET_MOVERESIZE_WINDOW: gravity in the low byte, then what is given, then the source.
+constexpr std::uint32_t kGivesPosition = 3U << 8U;
+constexpr std::uint32_t kGivesSize = 3U << 10U;
+constexpr std::uint32_t kFromPager = kSourcePager << 12U;
+
+void changeMaximized(XConnection& connection, xcb_window_t window, std::uint32_t action) {
+    const auto& atoms = connection.atoms();
+    sendToManager(connection, window, atoms._NET_WM_STATE,
+                  {action, atoms._NET_WM_STATE_MAXIMIZED_HORZ, atoms._NET_WM_STATE_MAXIMIZED_VERT,
+                   kSourcePager, 0});
+}
+
+void leaveBlockingStates(XConnection& connection, xcb_window_t window, const EwmhStates& states) {
+    const auto& atoms = connection.atoms();
+    if (states.maximizedHorizontally || states.maximizedVertically) {
+        changeMaximized(connection, window, kRemoveState);
+    }
+    if (states.shaded) {
+        sendToManager(connection, window, atoms._NET_WM_STATE,
+                      {kRemoveState, atoms._NET_WM_STATE_SHADED, 0, kSourcePager, 0});
+    }
+}
+
+} // namespace
+
+FrameWriter::FrameWriter(XConnection& connection, WindowManager& manager, MainLoop& mainLoop)
+    : connection_(connection), manager_(manager), mainLoop_(mainLoop), fence_(connection, manager),
+      events_(connection.onEvent([this](const auto& event) { handle(event); })),
+      managerChanges_(manager.onChange([this] {
+          fence_.giveUp();
+          advanceAllSoon();
+      })) {}
+
+bool FrameWriter::writePosition(xcb_window_t window, Point position) {
+    if (!isExpressible(position)) {
+        return false;
+    }
+    write(window, position);
+    return true;
+}
+
+bool FrameWriter::writeSize(xcb_window_t window, Size size) {
+    if (!isExpressible(size)) {
+        return false;
+    }
+    write(window, Size{std::max(1.0, size.width), std::max(1.0, size.height)});
+    return true;
+}
+
+void FrameWriter::write(xcb_window_t window, const Write& value) {
+    auto& job = jobs_[window];
+    if (job.phase != Phase::kQueued) {
+        job = Job{}; // what was asked for before is overtaken
+    }
+    job.writes.push_back(value);
+    if (const auto* position = std::get_if<Point>(&value)) {
+        job.position = *position;
+    } else {
+        job.size = std::get<Size>(value);
+    }
+    advanceAllSoon();
+}
+
+void FrameWriter::settle(xcb_window_t window, Clock::time_point deadline) {
+    for (auto job = jobs_.find(window); job != jobs_.end(); job = jobs_.find(window)) {
+        const auto seen = connection_.arrivedCount();
+        if (!advance(window, job->second)) {
+            finish(window);
+            break;
+        }
+        const auto wake = fence_.isReliable() ? deadline : Clock::now() + kPollInterval;
+        connection_.waitForEvent(std::min(wake, deadline), seen);
+        if (Clock::now() >= deadline || connection_.isLost()) {
+            giveUp(window, job->second);
+        }
+    }
+}
+
+/// Nobody waits any longer. What has not been asked for yet is.
+void FrameWriter::giveUp(xcb_window_t window, Job& job) {
+    fence_.giveUp();
+    if (job.phase == Phase::kLeavingStates) {
+        placeWhereItStands(window, job, Phase::kPlacing);
+    }
+    finish(window);
+}
+
+std::optional<Rect> FrameWriter::settledFrame(xcb_window_t window) {
+    settle(window, Clock::now() + kPatience);
+    const auto geometry = readGeometry(connection_, manager_, window);
+    if (!geometry) {
+        return std::nullopt;
+    }
+    const auto memory = memories_.find(window);
+    return frameToReport(geometry->frame(), memory == memories_.end()
+                                                ? std::nullopt
+                                                : std::optional(memory->second.frame));
+}
+
+bool FrameWriter::settleAll() {
+    const bool wasBusy = !jobs_.empty();
+    const auto deadline = Clock::now() + kPatience;
+    while (!jobs_.empty() && !connection_.isLost()) {
+        settle(jobs_.begin()->first, deadline);
+    }
+    return wasBusy;
+}
+
+void FrameWriter::advanceAllSoon() {
+    if (!std::exchange(advancePending_, true)) {
+        mainLoop_.post(lifetime_.guard([this] {
+            advancePending_ = false;
+            advanceAll();
+        }));
+    }
+}
+
+void FrameWriter::advanceAll() {
+    std::vector<xcb_window_t> windows;
+    for (const auto& [window, job] : jobs_) {
+        windows.push_back(window);
+    }
+    for (const auto window : windows) {
+        if (const auto job = jobs_.find(window);
+            job != jobs_.end() && !advance(window, job->second)) {
+            finish(window);
+        }
+    }
+    connection_.flush();
+}
+
+bool FrameWriter::advance(xcb_window_t window, Job& job) {
+    if (job.phase == Phase::kQueued) {
+        return start(window, job);
+    }
+    if (!hasAnswered(window, job)) {
+        if (!fence_.isReliable()) {
+            job.timer = mainLoop_.after(kPollInterval, [this] { advanceAllSoon(); });
+        }
+        return true;
+    }
+    return job.phase == Phase::kLeavingStates ? placeWhereItStands(window, job, Phase::kPlacing)
+                                              : verify(window, job);
+}
+
+bool FrameWriter::start(xcb_window_t window, Job& job) {
+    TraitsRequest request(connection_, window); // answered in the same round trip
+    const auto geometry = readGeometry(connection_, manager_, window);
+    if (!geometry) {
+        return false;
+    }
+    const auto traits = request.take();
+    const auto& states = traits.states;
+    job.gravity = traits.hints.gravity;
+    if (!states.blocksPlacing()) {
+        place(window, job, *geometry);
+        ask(job, Phase::kPlacing);
+        return true;
+    }
+    job.selection = connection_.selectEvents(window, XCB_EVENT_MASK_PROPERTY_CHANGE);
+    leaveBlockingStates(connection_, window, states);
+    ask(job, Phase::kLeavingStates);
+    return true;
+}
+
+bool FrameWriter::placeWhereItStands(xcb_window_t window, Job& job, Phase phase) {
+    const auto geometry = readGeometry(connection_, manager_, window);
+    if (!geometry) {
+        return false;
+    }
+    place(window, job, *geometry);
+    ask(job, phase);
+    return true;
+}
+
+void FrameWriter::place(xcb_window_t window, const Job& job, const WindowGeometry& geometry) {
+    const auto gravity = job.gravity;
+    Rect frame = geometry.frame();
+    for (const auto& write : job.writes) {
+        if (const auto* position = std::get_if<Point>(&write)) {
+            frame = makeRect(roundedPosition(*position), frame.size());
+            askForPosition(window, geometry.clientOf(frame), geometry, gravity);
+        } else {
+            frame = makeRect(frame.origin(), roundedSize(std::get<Size>(write)));
+            askForSize(window, geometry.clientOf(frame), geometry, gravity);
+        }
+    }
+}
+
+/// A manager that does not know the message gets the plain request of any client, which it places
+/// by the window's gravity (ICCCM 4.1.5); without a manager the server does what the request says.
+void FrameWriter::askForPosition(xcb_window_t window, const Rect& client,
+                                 const WindowGeometry& geometry, std::uint32_t gravity) {
+    if (!manager_.supports(connection_.atoms()._NET_MOVERESIZE_WINDOW)) {
+        const auto plain =
+            positionRequest(client, geometry.decoration, gravity, manager_.isRunning());
+        const std::int32_t values[] = {plain.x, plain.y};
+        xcb_configure_window(connection_, window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y,
+                             values);
+        return;
+    }
+    const bool managerTells = manager_.supports(connection_.atoms()._NET_FRAME_EXTENTS);
+    const auto request = positionRequest(client, geometry.decoration, gravity, managerTells);
+    sendToManager(connection_, window, connection_.atoms()._NET_MOVERESIZE_WINDOW,
+                  {request.gravity | kGivesPosition | kFromPager,
+                   static_cast<std::uint32_t>(request.x), static_cast<std::uint32_t>(request.y), 0,
+                   0});
+}
+
+void FrameWriter::askForSize(xcb_window_t window, const Rect& client,
+                             const WindowGeometry& geometry, std::uint32_t gravity) {
+    const auto inner = [&](double length) {
+        return static_cast<std::uint32_t>(std::max(1.0, length - 2.0 * geometry.border));
+    };
+    const std::uint32_t width = inner(client.width);
+    const std::uint32_t height = inner(client.height);
+    if (!manager_.supports(connection_.atoms()._NET_MOVERESIZE_WINDOW)) {
+        const std::uint32_t values[] = {width, height};
+        xcb_configure_window(connection_, window,
+                             XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, values);
+        return;
+    }
+    const bool managerTells = manager_.supports(connection_.atoms()._NET_FRAME_EXTENTS);
+    const auto named = positionRequest(client, geometry.decoration, gravity, managerTells).gravity;
+    sendToManager(connection_, window, connection_.atoms()._NET_MOVERESIZE_WINDOW,
+                  {named | kGivesSize | kFromPager, 0, 0, width, height});
+}
+
+bool FrameWriter::verify(xcb_window_t window, Job& job) {
+    const auto geometry = readGeometry(connection_, manager_, window);
+    if (!geometry) {
+        return false;
+    }
+    const bool asAsked = geometry->frame() == expectedFrame(job, *geometry);
+    const auto states = readEwmhStates(connection_, window);
+    if (asAsked || job.phase == Phase::kRepairing || states.blocksPlacing() || states.fullScreen) {
+        remember(window, job, geometry->frame());
+        return false;
+    }
+    if (manager_.name() == "KWin") {
+        // A quick-tiled window ignores moves and shows no state to leave; this leaves it.
+        changeMaximized(connection_, window, kAddState);
+        changeMaximized(connection_, window, kRemoveState);
+    }
+    place(window, job, *geometry);
+    ask(job, Phase::kRepairing);
+    return true;
+}
+
+bool FrameWriter::hasAnswered(xcb_window_t window, const Job& job) {
+    const auto waited = Clock::now() - job.asked;
+    if (!manager_.isRunning()) {
+        return true;
+    }
+    if (waited >= kPatience) {
+        fence_.giveUp();
+        return true;
+    }
+    if (job.phase == Phase::kLeavingStates && readEwmhStates(connection_, window).blocksPlacing()) {
+        return false;
+    }
+    if (fence_.isReliable()) {
+        return fence_.isReached(job.fence);
+    }
+    const auto geometry = readGeometry(connection_, manager_, window);
+    return !geometry || waited >= kUnfencedPatience ||
+           (job.phase != Phase::kLeavingStates &&
+            geometry->frame() == expectedFrame(job, *geometry));
+}
+
+void FrameWriter::ask(Job& job, Phase phase) {
+    job.phase = phase;
+    job.asked = Clock::now();
+    const bool fenced = fence_.isReliable();
+    if (fenced) {
+        job.fence = fence_.send();
+    }
+    job.timer = mainLoop_.after(fenced ? kPatience : kPollInterval, [this] { advanceAllSoon(); });
+    connection_.flush();
+}
+
+Rect FrameWriter::expectedFrame(const Job& job, const WindowGeometry& geometry) const {
+    const Rect frame = geometry.frame();
+    return makeRect(job.position ? roundedPosition(*job.position) : frame.origin(),
+                    job.size ? roundedSize(*job.size) : frame.size());
+}
+
+void FrameWriter::remember(xcb_window_t window, const Job& job, const Rect& frame) {
+    const Rect written = makeRect(job.position ? roundedPosition(*job.position) : frame.origin(),
+                                  job.size ? *job.size : frame.size());
+    auto& memory = memories_[window];
+    memory.frame = {written, frame};
+    if (!memory.selection) {
+        memory.selection = connection_.selectEvents(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    }
+}
+
+void FrameWriter::finish(xcb_window_t window) {
+    jobs_.erase(window);
+    mainLoop_.post(lifetime_.guard([this, window] { settled_.notify(window); }));
+}
+
+void FrameWriter::handle(const xcb_generic_event_t& event) {
+    if (event.response_type == XCB_DESTROY_NOTIFY) {
+        const auto gone = reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window;
+        memories_.erase(gone);
+        jobs_.erase(gone);
+    } else if (event.response_type == XCB_PROPERTY_NOTIFY && !jobs_.empty()) {
+        advanceAllSoon();
+    }
+}
+
+} // namespace panewright

@@ -1,0 +1,113 @@
+#pragma once
+
+#include "base/geometry.h"
+#include "base/lifetime.h"
+#include "base/observer_list.h"
+#include "desktop/x11/frame_requests.h"
+#include "desktop/x11/manager_fence.h"
+#include "desktop/x11/window_geometry.h"
+#include "desktop/x11/window_manager.h"
+#include "desktop/x11/x_connection.h"
+
+#include <chrono>
+#include <map>
+#include <optional>
+#include <variant>
+#include <vector>
+
+namespace panewright {
+
+/// Writes outer frames (root coordinates) through the window manager, and reads them back.
+///
+/// Writes to a window wait for the end of the turn and leave together. Then, in the background: a
+/// window that is maximised, tiled or shaded is taken out of that state first; when the manager has
+/// done what it was asked, the frame is read, and asked for once more if it is another one. What
+/// then stands is what the manager or the window made of it.
+class FrameWriter {
+public:
+    /// How long anybody waits for a manager.
+    static constexpr std::chrono::milliseconds kPatience{500};
+
+    FrameWriter(XConnection& connection, WindowManager& manager, MainLoop& mainLoop);
+
+    /// False, and nothing is written, for what X cannot express.
+    bool writePosition(xcb_window_t window, Point position);
+    bool writeSize(xcb_window_t window, Size size);
+
+    /// The frame as a reader should see it, once what was written has settled (waits at most
+    /// kPatience): the written one where the window stood still since, else the true one. Nil for a
+    /// window that is gone.
+    std::optional<Rect> settledFrame(xcb_window_t window);
+
+    /// Waits (at most kPatience) until everything that was written has settled; false if that was
+    /// so already.
+    bool settleAll();
+
+    /// Whether something written to the window has not settled yet.
+    bool isBusy(xcb_window_t window) const { return jobs_.contains(window); }
+
+    /// Called on the main loop after what was written to a window has settled.
+    Registration onSettled(std::function<void(xcb_window_t)> callback) {
+        return settled_.add(std::move(callback));
+    }
+
+private:
+    using Write = std::variant<Point, Size>;
+    using Clock = std::chrono::steady_clock;
+    enum class Phase { kQueued, kLeavingStates, kPlacing, kRepairing };
+
+    struct Job {
+        std::vector<Write> writes;
+        /// As written; what was not written is what the window had.
+        std::optional<Point> position;
+        std::optional<Size> size;
+        /// The window's own.
+        std::uint32_t gravity = XCB_GRAVITY_NORTH_WEST;
+        Phase phase = Phase::kQueued;
+        ManagerFence::Id fence = 0;
+        Clock::time_point asked;
+        Registration timer;
+        Registration selection;
+    };
+
+    struct Memory {
+        SettledFrame frame;
+        Registration selection;
+    };
+
+    void write(xcb_window_t window, const Write& value);
+    void settle(xcb_window_t window, Clock::time_point deadline);
+    void giveUp(xcb_window_t window, Job& job);
+    void advanceAllSoon();
+    void advanceAll();
+    /// Takes the job as far as it goes without waiting; false when it is done.
+    bool advance(xcb_window_t window, Job& job);
+    bool start(xcb_window_t window, Job& job);
+    bool placeWhereItStands(xcb_window_t window, Job& job, Phase phase);
+    void place(xcb_window_t window, const Job& job, const WindowGeometry& geometry);
+    void askForPosition(xcb_window_t window, const Rect& client, const WindowGeometry& geometry,
+                        std::uint32_t gravity);
+    void askForSize(xcb_window_t window, const Rect& client, const WindowGeometry& geometry,
+                    std::uint32_t gravity);
+    bool verify(xcb_window_t window, Job& job);
+    bool hasAnswered(xcb_window_t window, const Job& job);
+    void ask(Job& job, Phase phase);
+    Rect expectedFrame(const Job& job, const WindowGeometry& geometry) const;
+    void remember(xcb_window_t window, const Job& job, const Rect& frame);
+    void finish(xcb_window_t window);
+    void handle(const xcb_generic_event_t& event);
+
+    XConnection& connection_;
+    WindowManager& manager_;
+    MainLoop& mainLoop_;
+    ManagerFence fence_;
+    std::map<xcb_window_t, Job> jobs_;
+    std::map<xcb_window_t, Memory> memories_;
+    ObserverList<xcb_window_t> settled_;
+    bool advancePending_ = false;
+    Lifetime lifetime_;
+    Registration events_;
+    Registration managerChanges_;
+};
+
+} // namespace panewright

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "base/lifetime.h"
+#include "desktop/x11/key_release_watch.h"
+#include "desktop/x11/xkb_keymap.h"
+#include "desktop/shared/hot_key_handlers.h"
+#include "platform/hot_keys.h"
+
+#include <compare>
+#include <map>
+#include <optional>
+#include <set>
+
+namespace panewright {
+
+/// Hot keys as passive grabs of physical keys (X protocol, GrabKey) on the root window of the
+/// screen whose windows are placed, under every state of the lock keys. Option is the keyboard's
+/// Alt, Command its Super.
+class X11HotKeys : public HotKeys {
+public:
+    /// `beforePress` is called before each press is looked at.
+    X11HotKeys(XConnection& connection, XkbKeymap& keymap, MainLoop& mainLoop,
+               std::function<void()> beforePress);
+    ~X11HotKeys() override;
+
+    Registered registerHotKey(std::uint32_t virtualKeyCode, std::uint32_t modifiers,
+                              HotKeyId id) override;
+    void unregisterHotKey(HotKeyRef ref) override;
+    EventHandlerRef installHandler(EventTypeSpec type, EventHandlerFunction handler,
+                                   void* userData) override;
+    void removeHandler(EventHandlerRef ref) override;
+    bool isTakenByAnotherProgram(std::uint32_t virtualKeyCode,
+                                 std::uint32_t modifiers) const override;
+
+private:
+    /// A key with the modifiers of an X event's state, locks left out.
+    struct Grab {
+        xcb_keycode_t key = 0;
+        std::uint32_t state = 0;
+        auto operator<=>(const Grab&) const = default; // NOLINT(modernize-use-nullptr): no pointers
+    };
+    struct HotKey {
+        std::uint32_t virtualKeyCode;
+        std::uint32_t modifiers;
+        HotKeyId id;
+    };
+
+    std::vector<Grab> grabsOf(std::uint32_t virtualKeyCode, std::uint32_t modifiers) const;
+    std::vector<std::uint32_t> lockStates() const;
+    void synchronizeSoon();
+    void synchronize();
+    void grab(const std::vector<Grab>& grabs);
+    /// Makes the grabs, all in one round trip, and gives those that another client has.
+    std::set<Grab> refusedOf(const std::vector<Grab>& grabs) const;
+    void ungrab(const Grab& grab) const;
+    void regrabAll();
+    void handle(const xcb_generic_event_t& event);
+    void pressed(const xcb_key_press_event_t& press);
+    void released(xcb_keycode_t key);
+
+    XConnection& connection_;
+    XkbKeymap& keymap_;
+    MainLoop& mainLoop_;
+    std::function<void()> beforePress_;
+    HotKeyHandlers handlers_;
+    std::map<HotKeyRef, HotKey> hotKeys_;
+    HotKeyRef lastRef_ = 0;
+    // What the server last answered of the keys that are registered; asking whether a key is taken
+    // brings it up to date.
+    mutable std::set<Grab> held_;
+    mutable std::set<Grab> takenByOthers_;
+    /// What the grabs in held_ were made with.
+    ModifierMasks grabbedWith_;
+    /// Pressed while a grab was active, and not gone up since.
+    std::set<xcb_keycode_t> down_;
+    /// What the grab that is active now began with, and ends with the release of.
+    std::optional<xcb_keycode_t> grabbingKey_;
+    bool synchronizePending_ = false;
+    Lifetime lifetime_;
+    Registration events_;
+    KeyReleaseWatch unheardReleases_;
+    Registration keymapChanges_;
+};
+
+} // namespace panewright

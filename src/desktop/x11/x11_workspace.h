@@ -1,0 +1,55 @@
+#pragma once
+
+#include "desktop/x11/active_windows.h"
+#include "desktop/x11/server_time.h"
+#include "platform/main_loop.h"
+#include "platform/workspace.h"
+
+#include <set>
+
+namespace panewright {
+
+/// Applications of an X session: X clients, told apart by process and identifier.
+class X11Workspace : public Workspace {
+public:
+    X11Workspace(XConnection& connection, ActiveWindows& activeWindows, MainLoop& mainLoop);
+
+    std::optional<RunningApplication> frontmostApplication() const override {
+        return activeWindows_.frontmost();
+    }
+    Registration onApplicationActivated(std::function<void()> callback) override {
+        return activeWindows_.onActivation(std::move(callback));
+    }
+    void bringThisApplicationToFront() override;
+    void hideThisApplication() override;
+    void openUrl(const std::string& url) override;
+    void launchApplication(const std::string& /*bundlePath*/) override {}
+
+private:
+    void handle(const xcb_generic_event_t& event);
+    std::vector<xcb_window_t> ownWindows();
+    void bringNewWindowToFront();
+    void insistOnWayBack();
+    bool isUnderPointer(xcb_window_t window);
+    void bringToUser(xcb_window_t window);
+    void activate(xcb_window_t window);
+
+    XConnection& connection_;
+    ActiveWindows& activeWindows_;
+    MainLoop& mainLoop_;
+    ServerTime serverTime_;
+    /// Windows of ours that are known to have been shown.
+    std::set<xcb_window_t> known_;
+    /// While a window that is about to be shown is waited for, and until one that was there
+    /// already is taken instead.
+    Registration newWindowWish_;
+    Registration knownWindowWish_;
+    /// While the keyboard's way back may still be crossed.
+    ActiveWindows::WayBack wayBack_;
+    int crossings_ = 0;
+    Registration wayBackWatch_;
+    Registration rootSelection_;
+    Registration events_;
+};
+
+} // namespace panewright

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "base/observer_list.h"
+#include "desktop/x11/x_connection.h"
+#include "desktop/shared/system_tray.h"
+
+namespace panewright {
+
+/// The tray of the screen that $DISPLAY names: whoever owns its manager selection (System Tray
+/// Protocol; ICCCM 2.8).
+class XEmbedTray : public SystemTray {
+public:
+    explicit XEmbedTray(XConnection& connection);
+
+    bool isPresent() const override { return owner_ != kNoWindow; }
+    Registration onChange(std::function<void()> callback) override {
+        return changed_.add(std::move(callback));
+    }
+
+private:
+    void handle(const xcb_generic_event_t& event);
+    void findOwner();
+    xcb_window_t readOwner();
+
+    XConnection& connection_;
+    xcb_atom_t selection_;
+    xcb_window_t owner_ = kNoWindow;
+    ObserverList<> changed_;
+    Registration ownerEvents_;
+    Registration rootSelection_;
+    Registration events_;
+};
+
+} // namespace panewright

@@ -1,0 +1,90 @@
+#include "desktop/x11/xkb_keyboard_layout.h"
+
+#include "desktop/linux/evdev_key_codes.h"
+
+#include <xkbcommon/xkbcommon-keysyms.h>
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+namespace panewright {
+namespace {
+
+struct NamedKey {
+    std::uint16_t virtualKeyCode;
+    const char* text;
+};
+
+/// What stands on keys that no layout has a text for: on the keypad whatever NumLock makes of it,
+/// and names of keys that type nothing.
+constexpr NamedKey kNamedKeys[] = {
+    {65, "."},    {67, "*"},    {69, "+"},     {75, "/"},     {78, "-"},     {81, "="},
+    {82, "0"},    {83, "1"},    {84, "2"},     {85, "3"},     {86, "4"},     {87, "5"},
+    {88, "6"},    {89, "7"},    {91, "8"},     {92, "9"},     {95, ","},     {72, "Vol+"},
+    {73, "Vol-"}, {74, "Mute"}, {102, "Eisu"}, {104, "Kana"}, {110, "Menu"},
+};
+
+struct DeadKey {
+    xkb_keysym_t symbol;
+    const char* accent;
+};
+
+/// A dead key types nothing by itself, but its accent stands on it.
+constexpr DeadKey kDeadKeys[] = {
+    {XKB_KEY_dead_grave, "`"},
+    {XKB_KEY_dead_acute, "\u00B4"},
+    {XKB_KEY_dead_circumflex, "^"},
+    {XKB_KEY_dead_tilde, "~"},
+    {XKB_KEY_dead_macron, "\u00AF"},
+    {XKB_KEY_dead_breve, "\u02D8"},
+    {XKB_KEY_dead_abovedot, "\u02D9"},
+    {XKB_KEY_dead_diaeresis, "\u00A8"},
+    {XKB_KEY_dead_abovering, "\u02DA"},
+    {XKB_KEY_dead_doubleacute, "\u02DD"},
+    {XKB_KEY_dead_caron, "\u02C7"},
+    {XKB_KEY_dead_cedilla, "\u00B8"},
+    {XKB_KEY_dead_ogonek, "\u02DB"},
+    {XKB_KEY_dead_iota, "\u037A"},
+    {XKB_KEY_dead_stroke, "/"},
+    {XKB_KEY_dead_belowdot, "."},
+    {XKB_KEY_dead_hook, "\u02C0"},
+    {XKB_KEY_dead_horn, "\u02BC"},
+    {XKB_KEY_dead_greek, "\u00B5"},
+    {XKB_KEY_dead_currency, "\u00A4"},
+    {XKB_KEY_dead_doublegrave, "\u02F5"},
+};
+
+std::string textOf(xkb_keysym_t symbol) {
+    const auto* const dead = std::find_if(std::begin(kDeadKeys), std::end(kDeadKeys),
+                                          [&](const DeadKey& key) { return key.symbol == symbol; });
+    if (dead != std::end(kDeadKeys)) {
+        return dead->accent;
+    }
+    std::array<char, 8> text{};
+    const int size = xkb_keysym_to_utf8(symbol, text.data(), text.size());
+    // Control characters are keys like Return, which have no text.
+    const bool shown = size > 1 && static_cast<unsigned char>(text[0]) > ' ' && text[0] != '\x7F';
+    return shown ? std::string(text.data()) : std::string();
+}
+
+} // namespace
+
+std::string XkbKeyboardLayout::displayText(std::uint16_t virtualKeyCode) const {
+    const auto* const named =
+        std::find_if(std::begin(kNamedKeys), std::end(kNamedKeys),
+                     [&](const NamedKey& key) { return key.virtualKeyCode == virtualKeyCode; });
+    if (named != std::end(kNamedKeys)) {
+        return named->text;
+    }
+    const auto codes = evdevCodesOf(virtualKeyCode);
+    if (codes.empty() || !keymap_.get()) {
+        return {};
+    }
+    const xkb_keysym_t* symbols = nullptr;
+    const int count = xkb_keymap_key_get_syms_by_level(
+        keymap_.get(), codes.front() + kEvdevToXKeyCode, keymap_.asciiLayout(), 0, &symbols);
+    return count == 1 ? textOf(symbols[0]) : std::string();
+}
+
+} // namespace panewright

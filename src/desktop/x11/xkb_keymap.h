@@ -1,0 +1,68 @@
+#pragma once
+
+#include "desktop/x11/x_connection.h"
+
+#include <xkbcommon/xkbcommon.h>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace panewright {
+
+/// Which bits of an X event's state the keyboard uses for what; 0 for a modifier it does not have.
+struct ModifierMasks {
+    std::uint32_t alt = 0;
+    std::uint32_t super = 0;
+    /// Lock keys whose state must make no difference, each by itself.
+    std::vector<std::uint32_t> locks;
+
+    friend bool operator==(const ModifierMasks&, const ModifierMasks&) = default;
+};
+
+/// The X server's keyboard mapping, followed through the XKB extension.
+class XkbKeymap {
+public:
+    XkbKeymap(XConnection& connection, MainLoop& mainLoop);
+
+    /// Null on a server without a usable XKB extension.
+    xkb_keymap* get() const { return keymap_.get(); }
+
+    /// The first layout that types ASCII (at least 20 Latin letters); the first one if none does.
+    xkb_layout_index_t asciiLayout() const { return asciiLayout_; }
+
+    const ModifierMasks& modifiers() const { return modifiers_; }
+
+    /// Called after the mapping changed; a burst of changes counts as one.
+    Registration onChange(std::function<void()> callback) {
+        return changed_.add(std::move(callback));
+    }
+
+private:
+    void selectXkbEvents();
+    void handle(const xcb_generic_event_t& event);
+    void reloadSoon();
+    void reload();
+    ModifierMasks readModifiers();
+
+    struct KeymapDeleter {
+        void operator()(xkb_keymap* keymap) const { xkb_keymap_unref(keymap); }
+    };
+    struct ContextDeleter {
+        void operator()(xkb_context* context) const { xkb_context_unref(context); }
+    };
+
+    XConnection& connection_;
+    MainLoop& mainLoop_;
+    std::unique_ptr<xkb_context, ContextDeleter> context_;
+    std::unique_ptr<xkb_keymap, KeymapDeleter> keymap_;
+    xkb_layout_index_t asciiLayout_ = 0;
+    ModifierMasks modifiers_;
+    std::uint8_t xkbEvent_ = 0;
+    ObserverList<> changed_;
+    Registration pendingReload_;
+    Registration events_;
+};
+
+} // namespace panewright
