@@ -11,8 +11,11 @@ namespace {
 constexpr std::string_view kMagic = "bplist00";
 constexpr std::size_t kTrailerSize = 32;
 
-/// What the parser takes for one node beside its content, roughly.
-constexpr std::uint64_t kNodeMemory = 128;
+// What the parser (libplist 2.2.0) takes beside the content, in bytes: for every node, and more for
+// a text and a container.
+constexpr std::uint64_t kNodeMemory = 96;
+constexpr std::uint64_t kTextMemory = 32;
+constexpr std::uint64_t kContainerMemory = 64;
 
 /// What is known of an object and all that it contains.
 struct Extent {
@@ -23,7 +26,7 @@ struct Extent {
 
 class Checker {
 public:
-    explicit Checker(const Bytes& bytes) : bytes_(bytes) {}
+    Checker(const Bytes& bytes, MemoryBudget& budget) : bytes_(bytes), budget_(budget) {}
 
     bool check() {
         if (bytes_.size() < kMagic.size() + kTrailerSize || bytes_.size() > kMaxPropertyListSize ||
@@ -41,8 +44,11 @@ public:
             count_ > (trailer - table_) / offsetSize_) {
             return false;
         }
+        if (!budget_.take(count_, sizeof(Extent))) {
+            return false;
+        }
         extents_.resize(count_);
-        return measure(root, 0);
+        return measure(root, 0) && budget_.take(extents_[root].memory);
     }
 
 private:
@@ -131,7 +137,8 @@ private:
         if (!count || !fits(offset, *count, unit)) {
             return false;
         }
-        extent.memory += *count * 3; // a UTF-16 unit takes up to 3 bytes in UTF-8
+        // A UTF-16 unit takes up to 3 bytes in UTF-8.
+        extent.memory += kTextMemory + *count * (unit == 2 ? 3 : 1);
         return true;
     }
 
@@ -142,6 +149,7 @@ private:
         if (!count || !fits(offset, *count, perItem * referenceSize_)) {
             return false;
         }
+        extent.memory += kContainerMemory;
         for (std::uint64_t index = 0; index < *count * perItem; ++index) {
             const std::uint64_t item = bigEndian(offset + index * referenceSize_, referenceSize_);
             if (!measure(item, depth + 1) || (isDictionary && index < *count && !isText(item))) {
@@ -149,7 +157,7 @@ private:
             }
             extent.depth = std::max(extent.depth, extents_[item].depth + 1);
             extent.memory += extents_[item].memory;
-            if (extent.memory > kMaxPropertyListMemory) {
+            if (extent.memory > budget_.left()) {
                 return false;
             }
         }
@@ -163,6 +171,7 @@ private:
     }
 
     const Bytes& bytes_;
+    MemoryBudget& budget_;
     std::uint64_t offsetSize_ = 0;
     std::uint64_t referenceSize_ = 0;
     std::uint64_t count_ = 0;
@@ -172,8 +181,8 @@ private:
 
 } // namespace
 
-bool isSafeBinaryPropertyList(const Bytes& bytes) {
-    return Checker(bytes).check();
+bool isSafeBinaryPropertyList(const Bytes& bytes, MemoryBudget& budget) {
+    return Checker(bytes, budget).check();
 }
 
 } // namespace panewright

@@ -1,11 +1,14 @@
 #include "archive/keyed_archiver.h"
 
+#include "archive/binary_property_list_check.h"
 #include "archive/geometry_text.h"
 #include "archive/plist_node.h"
+#include "archive/reading_costs.h"
 #include "base/unicode.h"
 
 #include <bit>
 #include <initializer_list>
+#include <limits>
 #include <map>
 #include <unordered_map>
 
@@ -18,9 +21,17 @@ constexpr Uid kNilUid = 0;
 /// The table of one archive while it is being written.
 class ObjectTable {
 public:
-    ObjectTable() { add(plist_new_string("$null")); }
+    explicit ObjectTable(MemoryBudget& readersBudget) : readersBudget_(readersBudget) {
+        add(plist_new_string("$null"));
+    }
+
+    /// Whether reading all of this back would hold too much: nothing more is taken in then.
+    bool isTooLarge() const { return isTooLarge_; }
 
     Uid encode(const ArchiveValue& value) {
+        if (isTooLarge_) {
+            return kNilUid;
+        }
         return std::visit([this](const auto& content) { return encode(content); }, value.content());
     }
     Uid encode(std::monostate /*nil*/) { return kNilUid; }
@@ -37,6 +48,7 @@ public:
                       [&] { return plist_new_real(value); });
     }
     Uid encode(const std::string& text) {
+        count(costOfText(wellFormedUtf8Size(text)));
         const auto [entry, isNew] = texts_.try_emplace(text, kNilUid);
         if (isNew) {
             entry->second = add(plist_new_string(wellFormedUtf8(text).c_str()));
@@ -57,6 +69,7 @@ public:
         return entry->second;
     }
     Uid encode(const ArchiveArray& array) {
+        count(array.size() * kCostOfElement);
         plist_t value = plist_new_dict();
         const Uid uid = add(value);
         plist_t objects = plist_new_array();
@@ -68,6 +81,7 @@ public:
         return uid;
     }
     Uid encode(const ArchiveDictionary& dictionary) {
+        count(2 * dictionary.size() * kCostOfElement);
         plist_t value = plist_new_dict();
         const Uid uid = add(value);
         plist_t keys = plist_new_array();
@@ -90,7 +104,10 @@ public:
     plist_t release() { return objects_.release(); }
 
 private:
+    void count(std::uint64_t cost) { isTooLarge_ = !readersBudget_.take(cost) || isTooLarge_; }
+
     Uid add(plist_t node) {
+        count(kCostOfTableEntry);
         plist_array_append_item(objects_.get(), node);
         return count_++;
     }
@@ -122,6 +139,8 @@ private:
         plist_dict_set_item(object, "$class", plist_new_uid(entry->second));
     }
 
+    MemoryBudget& readersBudget_;
+    bool isTooLarge_ = false;
     PlistNode objects_{plist_new_array()};
     Uid count_ = 0;
     std::map<std::pair<plist_type, std::uint64_t>, Uid> numbers_;
@@ -169,6 +188,7 @@ Uid ObjectTable::encode(const std::shared_ptr<const KeyedCoding>& object) {
     const auto [entry, isNew] = seen_.try_emplace(object, count_);
     const Uid uid = entry->second;
     if (isNew) {
+        count(kCostOfObject);
         plist_t fields = plist_new_dict();
         add(fields);
         ObjectEncoder encoder(*this, fields);
@@ -178,21 +198,14 @@ Uid ObjectTable::encode(const std::shared_ptr<const KeyedCoding>& object) {
     return uid;
 }
 
-} // namespace
-
-std::string escapedArchiveKey(std::string_view key) {
-    return key.substr(0, 1) == "$" ? '$' + std::string(key) : std::string(key);
-}
-
-Bytes KeyedArchiver::archivedDataWithRootObject(const ArchiveValue& root) {
-    ObjectTable table;
-    const Uid rootUid = table.encode(root);
+/// The archive of all that the table took in, which is handed over.
+Bytes binaryArchive(ObjectTable& table, Uid root) {
     const PlistNode archive(plist_new_dict());
     plist_dict_set_item(archive.get(), "$version", plist_new_uint(kArchiverVersion));
     plist_dict_set_item(archive.get(), "$archiver", plist_new_string(kArchiverName.data()));
     plist_t top = plist_new_dict();
     plist_dict_set_item(archive.get(), "$top", top);
-    plist_dict_set_item(top, "root", plist_new_uid(rootUid));
+    plist_dict_set_item(top, "root", plist_new_uid(root));
     plist_dict_set_item(archive.get(), "$objects", table.release());
 
     char* bytes = nullptr;
@@ -200,6 +213,31 @@ Bytes KeyedArchiver::archivedDataWithRootObject(const ArchiveValue& root) {
     plist_to_bin(archive.get(), &bytes, &length);
     const CPointer<char> owned(bytes);
     return Bytes(bytes, bytes + length);
+}
+
+} // namespace
+
+std::string escapedArchiveKey(std::string_view key) {
+    return key.substr(0, 1) == "$" ? '$' + std::string(key) : std::string(key);
+}
+
+Bytes KeyedArchiver::archivedDataWithRootObject(const ArchiveValue& root) {
+    MemoryBudget unlimited(std::numeric_limits<std::uint64_t>::max());
+    ObjectTable table(unlimited);
+    const Uid rootUid = table.encode(root);
+    return binaryArchive(table, rootUid);
+}
+
+std::optional<Bytes> KeyedArchiver::archivedDataWithRootObject(const ArchiveValue& root,
+                                                               MemoryBudget& readersBudget) {
+    ObjectTable table(readersBudget);
+    const Uid rootUid = table.encode(root);
+    if (table.isTooLarge()) {
+        return std::nullopt;
+    }
+    Bytes archive = binaryArchive(table, rootUid);
+    return isSafeBinaryPropertyList(archive, readersBudget) ? std::optional(std::move(archive))
+                                                            : std::nullopt;
 }
 
 } // namespace panewright

@@ -2,7 +2,10 @@
 
 #include "archive/archive_value.h"
 #include "base/bytes.h"
+#include "base/memory_budget.h"
 
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace panewright {
@@ -23,6 +26,10 @@ public:
     /// U+FFFD, and ends at its first NUL. Does not call back after it returned; callable from any
     /// thread as long as nobody changes the objects meanwhile.
     static Bytes archivedDataWithRootObject(const ArchiveValue& root);
+
+    /// Nil when reading the archive would hold more than the budget, from which that is taken.
+    static std::optional<Bytes> archivedDataWithRootObject(const ArchiveValue& root,
+                                                           MemoryBudget& readersBudget);
 };
 
 } // namespace panewright

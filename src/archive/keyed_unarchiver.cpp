@@ -4,6 +4,7 @@
 #include "archive/geometry_text.h"
 #include "archive/keyed_archiver.h"
 #include "archive/plist_node.h"
+#include "archive/reading_costs.h"
 #include "base/unicode.h"
 
 #include <cmath>
@@ -12,29 +13,13 @@
 namespace panewright {
 namespace {
 
-PlistNode parsedBinaryPropertyList(const Bytes& data) {
+PlistNode parsedBinaryPropertyList(const Bytes& data, MemoryBudget& budget) {
     plist_t node = nullptr;
-    if (isSafeBinaryPropertyList(data)) {
+    if (isSafeBinaryPropertyList(data, budget)) {
         plist_from_bin(reinterpret_cast<const char*>(data.data()),
                        static_cast<std::uint32_t>(data.size()), &node);
     }
     return PlistNode(node);
-}
-
-/// The items of an array, empty for any other node: the parser's own access by index is linear.
-std::vector<plist_t> itemsOf(plist_t array) {
-    std::vector<plist_t> items;
-    if (isPlist(array, PLIST_ARRAY)) {
-        items.reserve(plist_array_get_size(array));
-        plist_array_iter iterator = nullptr;
-        plist_array_new_iter(array, &iterator);
-        const CPointer<void> owned(iterator);
-        plist_t item = nullptr;
-        while (plist_array_next_item(array, iterator, &item), item) {
-            items.push_back(item);
-        }
-    }
-    return items;
 }
 
 plist_t itemOf(plist_t dictionary, const char* key) {
@@ -78,8 +63,9 @@ Whole wholeOf(plist_t node) {
 /// everything reads as nil, and the archive as nothing.
 class Unarchiving {
 public:
-    Unarchiving(std::vector<plist_t> objects, const ArchiveClasses& classes)
-        : objects_(std::move(objects)), made_(objects_.size()), classes_(classes) {}
+    Unarchiving(std::vector<plist_t> objects, const ArchiveClasses& classes, MemoryBudget& budget)
+        : objects_(std::move(objects)), made_(objects_.size()), classes_(classes), budget_(budget) {
+    }
 
     bool failed() const { return failed_; }
 
@@ -101,15 +87,12 @@ public:
 
     /// "$classname" of an object, empty for any other node. Lives as long as the node.
     std::string_view classNameOf(plist_t node) {
-        plist_t name = itemOf(resolve(itemOf(node, "$class")), "$classname");
-        std::uint64_t length = 0;
-        const char* text =
-            isPlist(name, PLIST_STRING) ? plist_get_string_ptr(name, &length) : nullptr;
-        return text ? std::string_view(text, length) : std::string_view();
+        return textOf(itemOf(resolve(itemOf(node, "$class")), "$classname")).value_or("");
     }
 
     /// Nothing unless it is text, mutable or not, or a size value.
     std::optional<std::string> text(plist_t node);
+    std::optional<std::string_view> rawText(plist_t node);
     std::optional<Size> size(plist_t node);
 
 private:
@@ -134,7 +117,15 @@ private:
 
     ArchiveValue number(plist_t node) const;
     ArchiveValue container(plist_t node, std::string_view className);
+    ArchiveArray array(const std::vector<plist_t>& items);
+    ArchiveDictionary dictionary(const std::vector<plist_t>& keys,
+                                 const std::vector<plist_t>& items);
     std::shared_ptr<KeyedCoding> make(plist_t node);
+    /// Counts what is about to be held; a reading that would hold too much fails.
+    bool take(std::uint64_t bytes) {
+        failed_ = failed_ || !budget_.take(bytes);
+        return !failed_;
+    }
     std::nullptr_t fail() {
         failed_ = true;
         return nullptr;
@@ -143,7 +134,7 @@ private:
     std::vector<plist_t> objects_;
     std::vector<Made> made_; // by the same index
     const ArchiveClasses& classes_;
-    std::size_t elements_ = 0;
+    MemoryBudget& budget_;
     int depth_ = 0;
     bool failed_ = false;
 };
@@ -183,15 +174,21 @@ private:
     plist_t fields_;
 };
 
-std::optional<std::string> Unarchiving::text(plist_t node) {
-    std::optional<std::string> text = textOf(node);
+std::optional<std::string_view> Unarchiving::rawText(plist_t node) {
+    std::optional<std::string_view> text = textOf(node);
     if (!text && isPlist(node, PLIST_DICT)) {
         const std::string_view name = classNameOf(node);
         if (name == "NSMutableString" || name == "NSString") {
             text = textOf(resolve(itemOf(node, "NS.string")));
         }
     }
-    return text ? std::optional(wellFormedUtf8(*std::move(text))) : std::nullopt;
+    return text ? std::optional(text->substr(0, text->find('\0'))) : std::nullopt;
+}
+
+std::optional<std::string> Unarchiving::text(plist_t node) {
+    const auto raw = rawText(node);
+    return raw && take(costOfText(wellFormedUtf8Size(*raw))) ? std::optional(wellFormedUtf8(*raw))
+                                                             : std::nullopt;
 }
 
 std::optional<Size> Unarchiving::size(plist_t node) {
@@ -199,7 +196,7 @@ std::optional<Size> Unarchiving::size(plist_t node) {
         wholeOf<std::uint64_t>(resolve(itemOf(node, "NS.special"))) != kSpecialSize) {
         return std::nullopt;
     }
-    const auto numbers = text(resolve(itemOf(node, "NS.sizeval")));
+    const auto numbers = rawText(resolve(itemOf(node, "NS.sizeval")));
     return numbers ? std::optional(NSSizeFromString(*numbers)) : std::nullopt;
 }
 
@@ -240,32 +237,33 @@ ArchiveValue Unarchiving::value(plist_t reference) {
 }
 
 ArchiveValue Unarchiving::container(plist_t node, std::string_view className) {
-    plist_t list = itemOf(node, "NS.objects");
-    const std::vector<plist_t> items = itemsOf(list);
-    elements_ += items.size();
-    if (!isPlist(list, PLIST_ARRAY) || elements_ > kMaxArchiveElements) {
+    const std::vector<plist_t> items = itemsOf(itemOf(node, "NS.objects"));
+    const bool isArray = className == "NSArray" || className == "NSMutableArray";
+    const std::vector<plist_t> keys =
+        isArray ? std::vector<plist_t>() : itemsOf(itemOf(node, "NS.keys"));
+    if (!isPlist(itemOf(node, "NS.objects"), PLIST_ARRAY) ||
+        (!isArray && keys.size() != items.size()) ||
+        !take((items.size() + keys.size()) * kCostOfElement)) {
         return ArchiveValue(std::shared_ptr<KeyedCoding>(fail()));
     }
-    if (className == "NSArray" || className == "NSMutableArray") {
-        ArchiveArray array;
-        for (plist_t item : items) {
-            array.push_back(value(item));
-            if (failed_) {
-                return {};
-            }
-        }
-        return array;
+    return isArray ? ArchiveValue(array(items)) : ArchiveValue(dictionary(keys, items));
+}
+
+ArchiveArray Unarchiving::array(const std::vector<plist_t>& items) {
+    ArchiveArray array;
+    array.reserve(items.size());
+    for (std::size_t index = 0; index < items.size() && !failed_; ++index) {
+        array.push_back(value(items[index]));
     }
-    const std::vector<plist_t> keys = itemsOf(itemOf(node, "NS.keys"));
-    if (keys.size() != items.size()) {
-        return ArchiveValue(std::shared_ptr<KeyedCoding>(fail()));
-    }
+    return array;
+}
+
+ArchiveDictionary Unarchiving::dictionary(const std::vector<plist_t>& keys,
+                                          const std::vector<plist_t>& items) {
     ArchiveDictionary dictionary;
-    for (std::size_t index = 0; index < keys.size(); ++index) {
+    dictionary.reserve(items.size());
+    for (std::size_t index = 0; index < items.size() && !failed_; ++index) {
         dictionary.push_back({value(keys[index]), value(items[index])});
-        if (failed_) {
-            return {};
-        }
     }
     return dictionary;
 }
@@ -294,7 +292,7 @@ std::shared_ptr<KeyedCoding> Unarchiving::object(plist_t reference) {
 std::shared_ptr<KeyedCoding> Unarchiving::make(plist_t node) {
     const Level level(*this);
     const auto known = classes_.find(classNameOf(node));
-    if (failed_ || known == classes_.end()) {
+    if (failed_ || known == classes_.end() || !take(kCostOfObject)) {
         return fail();
     }
     auto object = known->second(ObjectDecoder(*this, node));
@@ -303,18 +301,21 @@ std::shared_ptr<KeyedCoding> Unarchiving::make(plist_t node) {
 
 } // namespace
 
-std::optional<ArchiveValue>
-KeyedUnarchiver::unarchiveObjectWithData(const Bytes& data, const ArchiveClasses& classes) {
-    const PlistNode archive = parsedBinaryPropertyList(data);
+std::optional<ArchiveValue> KeyedUnarchiver::unarchiveObjectWithData(const Bytes& data,
+                                                                     const ArchiveClasses& classes,
+                                                                     MemoryBudget& budget) {
+    const PlistNode archive = parsedBinaryPropertyList(data, budget);
     const auto archiver = textOf(itemOf(archive.get(), "$archiver"));
     plist_t version = itemOf(archive.get(), "$version");
     plist_t root = itemOf(itemOf(archive.get(), "$top"), "root");
-    std::vector<plist_t> objects = itemsOf(itemOf(archive.get(), "$objects"));
+    plist_t table = itemOf(archive.get(), "$objects");
     if (archiver != kArchiverName || !isPlist(version, PLIST_UINT) ||
-        unsignedOf(version) != kArchiverVersion || !uidOf(root) || objects.empty()) {
+        unsignedOf(version) != kArchiverVersion || !uidOf(root) || !isPlist(table, PLIST_ARRAY) ||
+        plist_array_get_size(table) == 0 ||
+        !budget.take(plist_array_get_size(table), kCostOfTableEntry)) {
         return std::nullopt;
     }
-    Unarchiving unarchiving(std::move(objects), classes);
+    Unarchiving unarchiving(itemsOf(table), classes, budget);
     ArchiveValue value = unarchiving.value(root);
     return unarchiving.failed() ? std::nullopt : std::optional(std::move(value));
 }

@@ -2,6 +2,7 @@
 
 #include "archive/archive_value.h"
 #include "base/bytes.h"
+#include "base/memory_budget.h"
 
 #include <functional>
 #include <map>
@@ -13,10 +14,6 @@ namespace panewright {
 
 /// How deep objects, arrays and dictionaries of an archive may be nested in each other.
 inline constexpr int kMaxArchiveDepth = 32;
-
-/// How many elements the arrays and dictionaries of an archive may have once every reference in it
-/// has been followed.
-inline constexpr std::size_t kMaxArchiveElements = 250'000;
 
 /// Makes an object from its fields. Null means that the archive is not to be trusted.
 using ArchiveFactory = std::function<std::shared_ptr<KeyedCoding>(const KeyedDecoder&)>;
@@ -30,9 +27,11 @@ public:
     /// The root (which may be nil), or nothing when the bytes are not a keyed archive or anything
     /// in it that is reached from the root is not as it should be: a reference that leads nowhere
     /// or back to where it came from, a class that is not known, a limit that is passed. Objects
-    /// that the archive holds once come out once. Any bytes are safe to pass.
-    static std::optional<ArchiveValue> unarchiveObjectWithData(const Bytes& data,
-                                                               const ArchiveClasses& classes);
+    /// that the archive holds once come out once. Text is well-formed UTF-8 without a NUL, where it
+    /// ends. Any bytes are safe to pass. What all this holds beside the data is taken from the
+    /// budget.
+    static std::optional<ArchiveValue>
+    unarchiveObjectWithData(const Bytes& data, const ArchiveClasses& classes, MemoryBudget& budget);
 };
 
 } // namespace panewright

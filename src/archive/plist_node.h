@@ -6,8 +6,9 @@
 #include <cstdlib>
 #include <memory>
 #include <optional>
-#include <string>
+#include <string_view>
 #include <type_traits>
+#include <vector>
 
 namespace panewright {
 
@@ -41,10 +42,27 @@ inline std::optional<std::uint64_t> uidOf(plist_t node) {
     return uid;
 }
 
-inline std::optional<std::string> textOf(plist_t node) {
+/// Lives as long as the node.
+inline std::optional<std::string_view> textOf(plist_t node) {
     std::uint64_t length = 0;
     const char* text = isPlist(node, PLIST_STRING) ? plist_get_string_ptr(node, &length) : nullptr;
-    return text ? std::optional(std::string(text, length)) : std::nullopt;
+    return text ? std::optional(std::string_view(text, length)) : std::nullopt;
+}
+
+/// The items of an array, empty for any other node: the library's own access by index is linear.
+inline std::vector<plist_t> itemsOf(plist_t array) {
+    std::vector<plist_t> items;
+    if (isPlist(array, PLIST_ARRAY)) {
+        items.reserve(plist_array_get_size(array));
+        plist_array_iter iterator = nullptr;
+        plist_array_new_iter(array, &iterator);
+        const CPointer<void> owned(iterator);
+        plist_t item = nullptr;
+        while (plist_array_next_item(array, iterator, &item), item) {
+            items.push_back(item);
+        }
+    }
+    return items;
 }
 
 } // namespace panewright

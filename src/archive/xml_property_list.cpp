@@ -63,8 +63,8 @@ std::optional<ArchiveValue> valueOf(plist_t node, int depth);
 
 std::optional<ArchiveValue> arrayOf(plist_t node, int depth) {
     ArchiveArray array;
-    for (std::uint32_t i = 0; i < plist_array_get_size(node); ++i) {
-        auto item = valueOf(plist_array_get_item(node, i), depth + 1);
+    for (plist_t child : itemsOf(node)) {
+        auto item = valueOf(child, depth + 1);
         if (!item) {
             return std::nullopt;
         }
@@ -100,7 +100,7 @@ std::optional<ArchiveValue> valueOf(plist_t node, int depth) {
     }
     switch (plist_get_node_type(node)) {
     case PLIST_STRING:
-        return ArchiveValue(*textOf(node));
+        return ArchiveValue(std::string(*textOf(node)));
     case PLIST_BOOLEAN: {
         std::uint8_t truth = 0;
         plist_get_bool_val(node, &truth);

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstddef>
-#include <string_view>
 
 namespace panewright {
 namespace {
@@ -43,18 +42,47 @@ std::size_t sequenceLength(std::string_view text) {
     return 0;
 }
 
+/// How much of the start of the text is well-formed.
+std::size_t wellFormedLength(std::string_view text) {
+    const char* const end = text.data() + text.size();
+    const char* at = text.data();
+    for (std::size_t length = 1; length > 0 && at != end;) {
+        while (at != end && static_cast<signed char>(*at) >= 0) {
+            ++at; // ASCII, which most texts are
+        }
+        length = at == end ? 0 : sequenceLength({at, static_cast<std::size_t>(end - at)});
+        at += length;
+    }
+    return static_cast<std::size_t>(at - text.data());
+}
+
+/// Calls back with the parts that the mended text consists of.
+template <class Take>
+void mend(std::string_view text, Take take) {
+    while (!text.empty()) {
+        const std::size_t length = wellFormedLength(text);
+        take(text.substr(0, length));
+        text.remove_prefix(length);
+        if (!text.empty()) {
+            take(kReplacement);
+            text.remove_prefix(1);
+        }
+    }
+}
+
 } // namespace
 
-std::string wellFormedUtf8(std::string text) {
-    std::size_t done = 0;
-    while (done < text.size()) {
-        const std::size_t length = sequenceLength(std::string_view(text).substr(done));
-        if (length == 0) {
-            text.replace(done, 1, kReplacement);
-        }
-        done += length == 0 ? kReplacement.size() : length;
-    }
-    return text;
+std::string wellFormedUtf8(std::string_view text) {
+    std::string mended;
+    mended.reserve(wellFormedUtf8Size(text));
+    mend(text, [&](std::string_view part) { mended += part; });
+    return mended;
+}
+
+std::size_t wellFormedUtf8Size(std::string_view text) {
+    std::size_t size = 0;
+    mend(text, [&](std::string_view part) { size += part.size(); });
+    return size;
 }
 
 } // namespace panewright

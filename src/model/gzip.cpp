@@ -53,7 +53,7 @@ std::optional<Bytes> gzippedData(const Bytes& data, int level) {
     return output;
 }
 
-std::optional<Bytes> gunzippedData(const Bytes& data) {
+std::optional<Bytes> gunzippedData(const Bytes& data, std::size_t limit) {
     if (data.empty() || data.size() > kMaxInput) {
         return std::nullopt;
     }
@@ -61,17 +61,18 @@ std::optional<Bytes> gunzippedData(const Bytes& data) {
     if (inflateInit2(&stream, kAnyWindowBits) != Z_OK) {
         return std::nullopt;
     }
-    Bytes output(std::min(data.size() + data.size() / 2, kMaxGunzippedSize + 1));
+    Bytes output(std::min(data.size() + data.size() / 2, limit + 1));
     int status = Z_OK;
-    while (status == Z_OK && stream.total_out <= kMaxGunzippedSize) {
+    while (status == Z_OK && stream.total_out <= limit) {
         if (stream.total_out >= output.size()) {
             // At least one byte, or a stream of one byte would never get room.
-            output.resize(output.size() + std::max<std::size_t>(data.size() / 2, 1));
+            output.resize(
+                std::min(output.size() + std::max<std::size_t>(data.size() / 2, 1), limit + 1));
         }
         continueOutput(stream, output);
         status = inflate(&stream, Z_SYNC_FLUSH);
     }
-    const bool isWhole = status == Z_STREAM_END && stream.total_out <= kMaxGunzippedSize;
+    const bool isWhole = status == Z_STREAM_END && stream.total_out <= limit;
     if (inflateEnd(&stream) != Z_OK || !isWhole) {
         return std::nullopt;
     }

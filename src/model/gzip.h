@@ -18,7 +18,7 @@ inline constexpr std::size_t kMaxGunzippedSize = std::size_t{64} << 20;
 std::optional<Bytes> gzippedData(const Bytes& data, int level = kDefaultCompressionLevel);
 
 /// The content of a gzip or zlib stream. Nil for data that is empty, not compressed or cut short,
-/// and for what would pass kMaxGunzippedSize.
-std::optional<Bytes> gunzippedData(const Bytes& data);
+/// and for what would pass the limit, in bytes. Holds up to twice that while it works.
+std::optional<Bytes> gunzippedData(const Bytes& data, std::size_t limit = kMaxGunzippedSize);
 
 } // namespace panewright

@@ -6,6 +6,7 @@
 #include "shortcuts/shortcut_text.h"
 
 #include <exception>
+#include <utility>
 
 namespace panewright {
 namespace {
@@ -27,6 +28,49 @@ std::weak_ptr<WindowStateApplier>& applier() {
     return applier;
 }
 
+void encode(KeyedEncoder& encoder, const WindowStateRecord& record,
+            const std::shared_ptr<CarbonKeyEvent>& keyEvent) {
+    encoder.encodeBool(kPrefersDisplayKey, record.prefersDisplay);
+    encoder.encodeBool(kIsGlobalKey, record.isGlobal);
+    encoder.encodeString(kAppBundleIdKey, record.appBundleId);
+    encoder.encodeString(kAppNameKey, record.appName);
+    encoder.encodeString(kOriginalWindowRectKey, NSStringFromRect(record.originalWindowRect));
+    encoder.encodeString(kOriginalDisplayKey, NSStringFromRect(record.originalQuartzDisplayBounds));
+    encoder.encodeString(kWindowStateNameKey, record.windowStateName);
+    encoder.encodeBool(kIsDefaultKey, record.isDefault);
+    encoder.encodeBool(kCenterWindowKey, record.centerWindow);
+    encoder.encodeSize(kWindowScaleKey, record.windowScale);
+    if (keyEvent) {
+        encoder.encodeObject(kKeyEventKey, keyEvent);
+    }
+}
+
+WindowStateRecord decodedRecord(const KeyedDecoder& decoder) {
+    WindowStateRecord record;
+    record.prefersDisplay = decoder.decodeBool(kPrefersDisplayKey);
+    record.isGlobal = decoder.decodeBool(kIsGlobalKey);
+    record.appBundleId = decoder.decodeString(kAppBundleIdKey);
+    record.appName = decoder.decodeString(kAppNameKey);
+    record.originalWindowRect =
+        NSRectFromString(decoder.decodeString(kOriginalWindowRectKey).value_or(""));
+    record.originalQuartzDisplayBounds =
+        NSRectFromString(decoder.decodeString(kOriginalDisplayKey).value_or(""));
+    record.windowStateName = decoder.decodeString(kWindowStateNameKey);
+    record.isDefault = decoder.decodeBool(kIsDefaultKey);
+    record.centerWindow = decoder.decodeBool(kCenterWindowKey);
+    record.windowScale = decoder.decodeSize(kWindowScaleKey).value_or(Size{});
+    return record;
+}
+
+std::shared_ptr<CarbonKeyEvent> copied(const std::shared_ptr<CarbonKeyEvent>& event) {
+    if (!event) {
+        return nullptr;
+    }
+    auto copy = CarbonKeyEvent::carbonEventWithKeyCode(event->keyCode(), event->modifierFlags());
+    copy->setTag(event->tag());
+    return copy;
+}
+
 std::string presentableOrException(const CarbonKeyEvent& event, const ShortcutText& text) {
     try {
         return event.presentableKeyboardShortcut(text);
@@ -43,31 +87,38 @@ bool isSameShortcut(const CarbonKeyEvent* a, const CarbonKeyEvent* b) {
 
 } // namespace
 
+/// A state as it was when it was to be archived. The record does not change any more.
+class ArchivedWindowState : public KeyedCoding {
+public:
+    ArchivedWindowState(std::shared_ptr<const WindowStateRecord> record,
+                        std::shared_ptr<CarbonKeyEvent> keyEvent)
+        : record_(std::move(record)), keyEvent_(std::move(keyEvent)) {}
+
+    const CarbonKeyEvent* keyEvent() const { return keyEvent_.get(); }
+    std::string_view archiveClassName() const override { return WindowState::kArchiveClassName; }
+    void encodeWithCoder(KeyedEncoder& encoder) const override {
+        encode(encoder, *record_, keyEvent_);
+    }
+
+private:
+    std::shared_ptr<const WindowStateRecord> record_;
+    std::shared_ptr<CarbonKeyEvent> keyEvent_;
+};
+
 std::shared_ptr<WindowState> WindowState::init() {
     return std::shared_ptr<WindowState>(new WindowState);
 }
 
 std::shared_ptr<WindowState> WindowState::windowStateIsDefault(bool isDefault, bool isGlobal) {
     auto state = init();
-    state->isDefault_ = isDefault;
-    state->isGlobal_ = isGlobal;
+    state->setIsDefault(isDefault);
+    state->setIsGlobal(isGlobal);
     return state;
 }
 
 std::shared_ptr<WindowState> WindowState::initWithCoder(const KeyedDecoder& decoder) {
     auto state = init();
-    state->prefersDisplay_ = decoder.decodeBool(kPrefersDisplayKey);
-    state->isGlobal_ = decoder.decodeBool(kIsGlobalKey);
-    state->appBundleId_ = decoder.decodeString(kAppBundleIdKey);
-    state->appName_ = decoder.decodeString(kAppNameKey);
-    state->originalWindowRect_ =
-        NSRectFromString(decoder.decodeString(kOriginalWindowRectKey).value_or(""));
-    state->originalQuartzDisplayBounds_ =
-        NSRectFromString(decoder.decodeString(kOriginalDisplayKey).value_or(""));
-    state->windowStateName_ = decoder.decodeString(kWindowStateNameKey);
-    state->isDefault_ = decoder.decodeBool(kIsDefaultKey);
-    state->centerWindow_ = decoder.decodeBool(kCenterWindowKey);
-    state->windowScale_ = decoder.decodeSize(kWindowScaleKey).value_or(Size{});
+    *state->record_ = decodedRecord(decoder);
     if (decoder.containsValueForKey(kKeyEventKey)) {
         state->keyEvent_ =
             std::dynamic_pointer_cast<CarbonKeyEvent>(decoder.decodeObject(kKeyEventKey));
@@ -78,47 +129,22 @@ std::shared_ptr<WindowState> WindowState::initWithCoder(const KeyedDecoder& deco
 }
 
 void WindowState::encodeWithCoder(KeyedEncoder& encoder) const {
-    encoder.encodeBool(kPrefersDisplayKey, prefersDisplay_);
-    encoder.encodeBool(kIsGlobalKey, isGlobal_);
-    encoder.encodeString(kAppBundleIdKey, appBundleId_);
-    encoder.encodeString(kAppNameKey, appName_);
-    encoder.encodeString(kOriginalWindowRectKey, NSStringFromRect(originalWindowRect_));
-    encoder.encodeString(kOriginalDisplayKey, NSStringFromRect(originalQuartzDisplayBounds_));
-    encoder.encodeString(kWindowStateNameKey, windowStateName_);
-    encoder.encodeBool(kIsDefaultKey, isDefault_);
-    encoder.encodeBool(kCenterWindowKey, centerWindow_);
-    encoder.encodeSize(kWindowScaleKey, windowScale_);
-    if (keyEvent_) {
-        encoder.encodeObject(kKeyEventKey, keyEvent_);
-    }
+    encode(encoder, *record_, keyEvent_);
 }
 
 std::shared_ptr<KeyedCoding> WindowState::copyForArchiving() const {
     // The key event may have changed without the state being told.
-    if (!copy_ || !isSameShortcut(keyEvent_.get(), copy_->keyEvent_.get())) {
-        copy_ = newCopyForArchiving();
+    if (!copy_ || !isSameShortcut(keyEvent_.get(), copy_->keyEvent())) {
+        copy_ = std::make_shared<ArchivedWindowState>(record_, copied(keyEvent_));
     }
     return copy_;
 }
 
-std::shared_ptr<WindowState> WindowState::newCopyForArchiving() const {
-    auto copy = init();
-    copy->isDefault_ = isDefault_;
-    copy->isGlobal_ = isGlobal_;
-    copy->centerWindow_ = centerWindow_;
-    copy->prefersDisplay_ = prefersDisplay_;
-    copy->appBundleId_ = appBundleId_;
-    copy->appName_ = appName_;
-    copy->windowStateName_ = windowStateName_;
-    copy->windowScale_ = windowScale_;
-    copy->originalWindowRect_ = originalWindowRect_;
-    copy->originalQuartzDisplayBounds_ = originalQuartzDisplayBounds_;
-    if (keyEvent_) {
-        copy->keyEvent_ = CarbonKeyEvent::carbonEventWithKeyCode(keyEvent_->keyCode(),
-                                                                 keyEvent_->modifierFlags());
-        copy->keyEvent_->setTag(keyEvent_->tag());
+WindowStateRecord& WindowState::change() {
+    if (std::exchange(copy_, nullptr)) {
+        record_ = std::make_shared<WindowStateRecord>(*record_);
     }
-    return copy;
+    return *record_;
 }
 
 void WindowState::installKeyEvent() {
@@ -147,19 +173,19 @@ EventAttributes WindowState::attributesForTracking(const ShortcutText& text) con
             attributes[key] = *value;
         }
     };
-    setUnlessNil("WindowStateName", windowStateName_);
-    if (isDefault_) {
+    setUnlessNil("WindowStateName", record_->windowStateName);
+    if (record_->isDefault) {
         attributes["IsDefault"] = 1;
-        setUnlessNil("DefaultShortcutName", windowStateName_);
+        setUnlessNil("DefaultShortcutName", record_->windowStateName);
     }
-    if (isGlobal_) {
+    if (record_->isGlobal) {
         attributes["IsGlobal"] = 1;
     }
-    if (prefersDisplay_) {
+    if (record_->prefersDisplay) {
         attributes["PrefersDisplay"] = 1;
     }
-    setUnlessNil("AppBundleId", appBundleId_);
-    setUnlessNil("AppName", appName_);
+    setUnlessNil("AppBundleId", record_->appBundleId);
+    setUnlessNil("AppName", record_->appName);
     if (keyEvent_) {
         attributes["KeyboardShortcut"] = presentableOrException(*keyEvent_, text);
     }

@@ -16,12 +16,27 @@
 
 namespace panewright {
 
+class ArchivedWindowState;
 class ShortcutText;
 class WindowStateApplier;
 
+/// What the store keeps of a window state. Rectangles are in global points (origin top-left of the
+/// main display, y downwards).
+struct WindowStateRecord {
+    bool isDefault = false;
+    bool isGlobal = false;
+    bool centerWindow = false;
+    bool prefersDisplay = false;
+    std::optional<std::string> appBundleId;
+    std::optional<std::string> appName;
+    std::optional<std::string> windowStateName;
+    Size windowScale;
+    Rect originalWindowRect;
+    Rect originalQuartzDisplayBounds;
+};
+
 /// One saved window placement: the frame a window had, the display it was on, to which application
-/// it belongs, its name and hot key. Rectangles are in global points (origin top-left of the main
-/// display, y downwards).
+/// it belongs, its name and hot key.
 class WindowState : public KeyedCoding, public std::enable_shared_from_this<WindowState> {
 public:
     static constexpr std::string_view kArchiveClassName = "WindowState";
@@ -35,33 +50,33 @@ public:
     std::string_view archiveClassName() const override { return kArchiveClassName; }
     void encodeWithCoder(KeyedEncoder& encoder) const override;
 
-    /// All that is archived of this state as it is now, for another thread to archive. Shares
-    /// nothing with the state (pictures least of all, which only the main thread may release), and
-    /// stays the same object until the state changes, so that thousands of states cost no copying.
+    /// All that is archived of this state as it is now, for another thread to archive. Nothing that
+    /// it shares with the state changes any more. It stays the same object until the state changes,
+    /// so that thousands of states cost no copying.
     std::shared_ptr<KeyedCoding> copyForArchiving() const;
 
     /// One of the built-in states, placed by windowScale().
-    bool isDefault() const { return isDefault_; }
-    void setIsDefault(bool isDefault) { change(isDefault_) = isDefault; }
+    bool isDefault() const { return record_->isDefault; }
+    void setIsDefault(bool isDefault) { change().isDefault = isDefault; }
     /// Applies to every application, not only to appBundleId().
-    bool isGlobal() const { return isGlobal_; }
-    void setIsGlobal(bool isGlobal) { change(isGlobal_) = isGlobal; }
+    bool isGlobal() const { return record_->isGlobal; }
+    void setIsGlobal(bool isGlobal) { change().isGlobal = isGlobal; }
     /// Set on the built-in states; kept, but placement does not ask for it.
-    bool centerWindow() const { return centerWindow_; }
-    void setCenterWindow(bool centerWindow) { change(centerWindow_) = centerWindow; }
+    bool centerWindow() const { return record_->centerWindow; }
+    void setCenterWindow(bool centerWindow) { change().centerWindow = centerWindow; }
     /// When applied, prefer a display of the size of the saved one.
-    bool prefersDisplay() const { return prefersDisplay_; }
-    void setPrefersDisplay(bool prefersDisplay) { change(prefersDisplay_) = prefersDisplay; }
+    bool prefersDisplay() const { return record_->prefersDisplay; }
+    void setPrefersDisplay(bool prefersDisplay) { change().prefersDisplay = prefersDisplay; }
 
     /// The application that the state was saved from, also on a global state; nil for the built-in
     /// ones.
-    const std::optional<std::string>& appBundleId() const { return appBundleId_; }
-    void setAppBundleId(std::optional<std::string> id) { change(appBundleId_) = std::move(id); }
-    const std::optional<std::string>& appName() const { return appName_; }
-    void setAppName(std::optional<std::string> name) { change(appName_) = std::move(name); }
-    const std::optional<std::string>& windowStateName() const { return windowStateName_; }
+    const std::optional<std::string>& appBundleId() const { return record_->appBundleId; }
+    void setAppBundleId(std::optional<std::string> id) { change().appBundleId = std::move(id); }
+    const std::optional<std::string>& appName() const { return record_->appName; }
+    void setAppName(std::optional<std::string> name) { change().appName = std::move(name); }
+    const std::optional<std::string>& windowStateName() const { return record_->windowStateName; }
     void setWindowStateName(std::optional<std::string> name) {
-        change(windowStateName_) = std::move(name);
+        change().windowStateName = std::move(name);
     }
 
     /// Pictures for the menu; null until drawn. Never archived.
@@ -75,15 +90,15 @@ public:
     }
 
     /// Share of the display that a built-in state covers, as factors of its width and height.
-    Size windowScale() const { return windowScale_; }
-    void setWindowScale(Size scale) { change(windowScale_) = scale; }
+    Size windowScale() const { return record_->windowScale; }
+    void setWindowScale(Size scale) { change().windowScale = scale; }
     /// The window's outer frame when it was saved.
-    const Rect& originalWindowRect() const { return originalWindowRect_; }
-    void setOriginalWindowRect(const Rect& rect) { change(originalWindowRect_) = rect; }
+    const Rect& originalWindowRect() const { return record_->originalWindowRect; }
+    void setOriginalWindowRect(const Rect& rect) { change().originalWindowRect = rect; }
     /// The bounds of the display that held it then.
-    const Rect& originalQuartzDisplayBounds() const { return originalQuartzDisplayBounds_; }
+    const Rect& originalQuartzDisplayBounds() const { return record_->originalQuartzDisplayBounds; }
     void setOriginalQuartzDisplayBounds(const Rect& rect) {
-        change(originalQuartzDisplayBounds_) = rect;
+        change().originalQuartzDisplayBounds = rect;
     }
 
     /// The global hot key; null without one.
@@ -110,31 +125,17 @@ public:
 private:
     WindowState() = default;
 
-    /// The field, about to be changed.
-    template <class Field>
-    Field& change(Field& field) {
-        copy_ = nullptr;
-        return field;
-    }
+    /// The record, about to be changed: a new one if the archiving thread may hold this one.
+    WindowStateRecord& change();
 
-    std::shared_ptr<WindowState> newCopyForArchiving() const;
-
-    bool isDefault_ = false;
-    bool isGlobal_ = false;
-    bool centerWindow_ = false;
-    bool prefersDisplay_ = false;
-    std::optional<std::string> appBundleId_;
-    std::optional<std::string> appName_;
-    std::optional<std::string> windowStateName_;
+    std::shared_ptr<WindowStateRecord> record_ = std::make_shared<WindowStateRecord>();
+    std::shared_ptr<CarbonKeyEvent> keyEvent_;
     ImagePtr windowStateImage_;
     ImagePtr appIconImage_;
     ImagePtr appIconAndWindowStateImage_;
-    Size windowScale_;
-    Rect originalWindowRect_;
-    Rect originalQuartzDisplayBounds_;
-    std::shared_ptr<CarbonKeyEvent> keyEvent_;
 
-    mutable std::shared_ptr<WindowState> copy_; // null when it would be out of date
+    /// What copyForArchiving() gave out; null when the record has changed since.
+    mutable std::shared_ptr<ArchivedWindowState> copy_;
 };
 
 /// States in the order of their saving.

@@ -1,9 +1,12 @@
 #include "model/window_state_archive.h"
 
-#include "archive/binary_property_list_check.h"
 #include "archive/keyed_archiver.h"
 #include "archive/keyed_unarchiver.h"
+#include "archive/reading_costs.h"
 #include "model/gzip.h"
+
+#include <algorithm>
+#include <new>
 
 namespace panewright {
 namespace {
@@ -17,14 +20,25 @@ const ArchiveClasses& knownClasses() {
     return kClasses;
 }
 
-std::size_t elementsIn(const ArchiveValue& snapshot) {
-    std::size_t count = 0;
-    if (const ArchiveDictionary* dictionary = snapshot.dictionary()) {
-        for (const ArchiveEntry& entry : *dictionary) {
-            count += 1 + (entry.value.array() ? entry.value.array()->size() : 0);
-        }
+/// What the bytes of a file cost who reads it, its content inflated beside them.
+std::uint64_t costOfFile(std::size_t size, std::size_t inflatedSize) {
+    return std::uint64_t{size} + 2 * std::uint64_t{inflatedSize};
+}
+
+/// The archive in the file, inflated if it is compressed.
+std::optional<ArchiveValue> unarchivedContent(const Bytes& fileContent) {
+    MemoryBudget budget(kMaxReadingMemory);
+    if (!budget.take(costOfFile(fileContent.size(), 0))) {
+        return std::nullopt;
     }
-    return count;
+    const std::optional<Bytes> gunzipped = gunzippedData(
+        fileContent,
+        static_cast<std::size_t>(std::min<std::uint64_t>(kMaxGunzippedSize, budget.left() / 2)));
+    if (gunzipped && !budget.take(costOfFile(0, gunzipped->size()))) {
+        return std::nullopt;
+    }
+    return KeyedUnarchiver::unarchiveObjectWithData(gunzipped ? *gunzipped : fileContent,
+                                                    knownClasses(), budget);
 }
 
 std::shared_ptr<WindowStateArray> statesIn(const ArchiveValue& value) {
@@ -59,30 +73,37 @@ ArchiveValue snapshotOf(const WindowStates& states) {
     return dictionary;
 }
 
-std::optional<Bytes> archivedSnapshot(const ArchiveValue& snapshot) {
-    if (elementsIn(snapshot) > kMaxArchiveElements) {
-        return std::nullopt;
-    }
-    const Bytes archive = KeyedArchiver::archivedDataWithRootObject(snapshot);
-    return isSafeBinaryPropertyList(archive) ? gzippedData(archive, kSmallest) : std::nullopt;
+std::optional<Bytes> archivedSnapshot(const ArchiveValue& snapshot) try {
+    MemoryBudget readersBudget(kMaxReadingMemory);
+    const auto archive = KeyedArchiver::archivedDataWithRootObject(snapshot, readersBudget);
+    auto content = archive && archive->size() <= kMaxGunzippedSize
+                       ? gzippedData(*archive, kSmallest)
+                       : std::nullopt;
+    return content && readersBudget.take(costOfFile(content->size(), archive->size()))
+               ? std::move(content)
+               : std::nullopt;
+} catch (const std::bad_alloc&) {
+    return std::nullopt;
 }
 
-std::optional<WindowStates> unarchivedWindowStates(const Bytes& fileContent) {
-    const std::optional<Bytes> gunzipped = gunzippedData(fileContent);
-    const auto root = KeyedUnarchiver::unarchiveObjectWithData(gunzipped ? *gunzipped : fileContent,
-                                                               knownClasses());
+std::optional<WindowStates> unarchivedWindowStates(const Bytes& fileContent) try {
+    const auto root = unarchivedContent(fileContent);
     if (!root || !root->dictionary()) {
         return std::nullopt;
     }
     WindowStates states;
     for (const ArchiveEntry& entry : *root->dictionary()) {
-        auto array = statesIn(entry.value);
+        const auto array = statesIn(entry.value);
         if (!entry.key.string() || !array) {
             return std::nullopt;
         }
-        states.insert_or_assign(*entry.key.string(), std::move(array));
+        auto& known = states.try_emplace(*entry.key.string(), std::make_shared<WindowStateArray>())
+                          .first->second;
+        known->insert(known->end(), array->begin(), array->end());
     }
     return states;
+} catch (const std::bad_alloc&) {
+    return std::nullopt;
 }
 
 } // namespace panewright

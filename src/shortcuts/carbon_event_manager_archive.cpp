@@ -2,6 +2,7 @@
 
 #include "archive/keyed_archiver.h"
 #include "archive/keyed_unarchiver.h"
+#include "archive/reading_costs.h"
 #include "shortcuts/carbon_event_manager.h"
 
 namespace panewright {
@@ -32,8 +33,9 @@ Bytes CarbonEventManager::keyEventsData() const {
 void CarbonEventManager::restoreKeyEventsFromData(const std::optional<Bytes>& data) {
     static const ArchiveClasses kClasses{
         {std::string(CarbonKeyEvent::kArchiveClassName), &CarbonKeyEvent::initWithCoder}};
+    MemoryBudget budget(kMaxReadingMemory);
     const auto root =
-        data ? KeyedUnarchiver::unarchiveObjectWithData(*data, kClasses) : std::nullopt;
+        data ? KeyedUnarchiver::unarchiveObjectWithData(*data, kClasses, budget) : std::nullopt;
     const ArchiveDictionary* table = root ? root->dictionary() : nullptr;
     if (!table) {
         return;

@@ -3,6 +3,7 @@
 #include "archive/keyed_archiver.h"
 #include "archive/keyed_unarchiver.h"
 #include "archive/plist_node.h"
+#include "archive/reading_costs.h"
 
 #include <gmock/gmock.h>
 
@@ -29,8 +30,12 @@ struct Card : KeyedCoding {
     }
 };
 
+/// In bytes; far more than anything here should hold.
+constexpr std::uint64_t kEnoughMemory = 1 << 20;
+
 std::optional<ArchiveValue> unarchived(const Bytes& data) {
-    return KeyedUnarchiver::unarchiveObjectWithData(data, {{"Card", &Card::decode}});
+    MemoryBudget budget(kEnoughMemory);
+    return KeyedUnarchiver::unarchiveObjectWithData(data, {{"Card", &Card::decode}}, budget);
 }
 
 std::optional<ArchiveValue> reread(const ArchiveValue& root) {
@@ -125,7 +130,7 @@ TEST(KeyedUnarchiver, ReadsTheOtherShapesThatWritersUseAndNothingFromWhatIsNotAs
     }
 }
 
-TEST(KeyedUnarchiver, BoundsTheChainOfObjectsAndWhatSharedArraysUnfoldTo) {
+TEST(KeyedUnarchiver, BoundsTheChainOfObjectsAndWhatSharedArraysAndTextsUnfoldTo) {
     std::shared_ptr<Card> first;
     for (int length = 1; length <= kMaxArchiveDepth; ++length) {
         auto card = std::make_shared<Card>();
@@ -144,6 +149,23 @@ TEST(KeyedUnarchiver, BoundsTheChainOfObjectsAndWhatSharedArraysUnfoldTo) {
     }
     arrays.insert(arrays.end(), {text("x"), classEntry("NSArray")});
     EXPECT_FALSE(readObjects(arrays));
+
+    const std::string large(kEnoughMemory / 20, 'x');
+    for (const std::size_t references : {5, 30}) {
+        std::vector<plist_t> copies(references);
+        std::ranges::generate(copies, [] { return plist_new_uid(2); });
+        EXPECT_EQ(
+            readObjects({dictionary({{"NS.objects", array(copies)}, {"$class", plist_new_uid(3)}}),
+                         text(large.c_str()), classEntry("NSArray")})
+                .has_value(),
+            references == 5);
+        MemoryBudget readersBudget(kEnoughMemory);
+        EXPECT_EQ(KeyedArchiver::archivedDataWithRootObject(ArchiveArray(references, large),
+                                                            readersBudget)
+                      .has_value(),
+                  references == 5)
+            << "what could not be read is not written";
+    }
 }
 
 /// A binary property list of these objects, the first one being the root, with one byte for each
@@ -178,6 +200,11 @@ TEST(BinaryPropertyListCheck, RefusesWhatTheParserWouldChokeOn) {
         objects.push_back(xs);
         return propertyListOf(objects);
     };
+    const auto claiming = [&](std::size_t count) { // as many as there are offsets
+        Bytes list = propertyListOf({xs}, count);
+        list.insert(list.begin() + 10, count - 1, 8);
+        return list;
+    };
     const struct {
         const char* what;
         Bytes bytes;
@@ -190,6 +217,7 @@ TEST(BinaryPropertyListCheck, RefusesWhatTheParserWouldChokeOn) {
         {"more items than bytes", propertyListOf({"\xAF\x13\x7F" + std::string(7, '\xFF')}), false},
         {"more objects than bytes", propertyListOf({xs}, 0xFFFFFFFFFFFFFFFF), false},
         {"text beyond the file", propertyListOf({"_x"}), false},
+        {"more objects than memory", claiming(1 << 17), false},
         {"a number of 64 bytes", propertyListOf({"\x16" + std::string(64, '\0')}), false},
         {"a set", propertyListOf({"\xC1\x01"s, xs}), false},
         {"arrays of the greatest depth", nested(kMaxPropertyListDepth, 1), true},
@@ -197,7 +225,8 @@ TEST(BinaryPropertyListCheck, RefusesWhatTheParserWouldChokeOn) {
         {"10^10 texts", nested(10, 10), false},
     };
     for (const auto& test : cases) {
-        EXPECT_EQ(isSafeBinaryPropertyList(test.bytes), test.isSafe) << test.what;
+        MemoryBudget budget(kEnoughMemory);
+        EXPECT_EQ(isSafeBinaryPropertyList(test.bytes, budget), test.isSafe) << test.what;
     }
 }
 

@@ -135,6 +135,30 @@ TEST_F(ModelTest, ReadsAPlainArchiveAndCompressesItAtOnce) {
     EXPECT_EQ(statesOnDisk()->size(), 4U) << "3 applications and the built-in states";
 }
 
+TEST_F(ModelTest, JoinsTheArraysOfKeysThatReadTheSame) {
+    using namespace std::string_literals;
+    const auto statesNamed = [&](const char* name) {
+        return ArchiveArray{ArchiveValue(std::shared_ptr<KeyedCoding>(makeState("app", name)))};
+    };
+    const Bytes archive = KeyedArchiver::archivedDataWithRootObject(
+        ArchiveDictionary{{"app\0x"s, statesNamed("first")}, {"app", statesNamed("second")}});
+    setContent(file_, std::string(archive.begin(), archive.end()));
+    const auto model = makeModel();
+    ASSERT_EQ(model->windowStatesForAppBundleId("app")->size(), 2U);
+    EXPECT_EQ(model->windowStatesForAppBundleId("app")->at(0)->windowStateName(), "first");
+    EXPECT_EQ(model->windowStatesForAppBundleId("app")->at(1)->windowStateName(), "second");
+}
+
+TEST_F(ModelTest, KeepsTheFileWhenTheStatesHoldMoreThanCouldBeReadBack) {
+    CapturedLog log;
+    const auto model = makeModel();
+    save(*model);
+    model->setWindowStates(makeStates(20, std::string(20'000'000, 'x')));
+    save(*model);
+    EXPECT_THAT(log.take(), ElementsAre("Error saving window states: too many to be read back"));
+    EXPECT_THAT(keysOf(statesOnDisk()), ElementsAre("defaults"));
+}
+
 TEST_F(ModelTest, LeavesAFileAloneThatItCannotRead) {
     const std::shared_ptr<KeyedCoding> noState = CarbonKeyEvent::carbonEventWithKeyCode(1, 2);
     const auto withStates = [](const ArchiveValue& states) {
@@ -148,8 +172,9 @@ TEST_F(ModelTest, LeavesAFileAloneThatItCannotRead) {
                                   withStates(ArchiveArray{ArchiveValue(noState)}),
                                   ArchiveDictionary{{std::uint64_t{1}, ArchiveArray{}}}};
     std::vector<Bytes> contents{{}, bytes("damaged")};
-    std::ranges::transform(roots, std::back_inserter(contents),
-                           &KeyedArchiver::archivedDataWithRootObject);
+    std::ranges::transform(roots, std::back_inserter(contents), [](const ArchiveValue& root) {
+        return KeyedArchiver::archivedDataWithRootObject(root);
+    });
     for (const Bytes& bytes : contents) {
         const CapturedLog log;
         const std::string content(bytes.begin(), bytes.end());
