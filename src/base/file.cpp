@@ -6,7 +6,9 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <random>
 #include <system_error>
 #include <utility>
 
@@ -15,6 +17,9 @@ namespace {
 
 constexpr mode_t kNewFileMode = 0600;
 constexpr mode_t kNewFolderMode = 0700;
+
+/// Names that are tried for a temporary file: each is one of four thousand million.
+constexpr int kMaxNames = 100;
 
 /// As many links as the kernel follows.
 constexpr int kMaxLinks = 40;
@@ -41,8 +46,8 @@ class Descriptor {
 public:
     explicit Descriptor(int number) : number_(number) {}
     ~Descriptor() { close(); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
+    Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    Descriptor& operator=(Descriptor&&) = delete;
 
     bool isOpen() const { return number_ >= 0; }
     int number() const { return number_; }
@@ -58,6 +63,31 @@ private:
     int number_;
 };
 
+/// The system calls the time of the last change by one name or another.
+template <class Status>
+FileStamp stampFrom(const Status& status) {
+    const auto nanoseconds = [](const auto& time) {
+        return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+    };
+    FileStamp stamp{static_cast<std::uint64_t>(status.st_dev),
+                    static_cast<std::uint64_t>(status.st_ino), status.st_size, 0};
+    if constexpr (requires { status.st_mtim; }) {
+        stamp.modified = nanoseconds(status.st_mtim);
+    } else {
+        stamp.modified = nanoseconds(status.st_mtimespec);
+    }
+    return stamp;
+}
+
+std::filesystem::path folderOf(const std::filesystem::path& file) {
+    return file.has_parent_path() ? file.parent_path() : std::filesystem::path(".");
+}
+
+/// What the names of the temporary files beside a file begin with.
+std::string temporaryPrefix(const std::filesystem::path& file) {
+    return fmt::format(".{}.new-", file.filename().string());
+}
+
 std::optional<FileError> writeAll(const Descriptor& file, const std::filesystem::path& path,
                                   const Bytes& bytes) {
     std::size_t done = 0;
@@ -72,30 +102,52 @@ std::optional<FileError> writeAll(const Descriptor& file, const std::filesystem:
     return std::nullopt;
 }
 
-/// Writes a new file and forces it to disk. What is left of it after a failure is the caller's to
-/// remove.
-std::optional<FileError> writeNewFile(const std::filesystem::path& path, const Bytes& bytes,
-                                      mode_t mode) {
-    Descriptor file(retried([&] {
-        return ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-                      kNewFileMode);
-    }));
-    if (!file.isOpen()) {
-        return failure("creating", path);
+struct NewFile {
+    Descriptor descriptor;
+    std::filesystem::path path;
+};
+
+/// An empty file of its own beside the file.
+Result<NewFile, FileError> newFileBeside(const std::filesystem::path& file) {
+    std::random_device random;
+    std::filesystem::path path;
+    for (int attempt = 0; attempt < kMaxNames; ++attempt) {
+        path = folderOf(file) / fmt::format("{}{:08x}", temporaryPrefix(file), random());
+        Descriptor descriptor(retried([&] {
+            return ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                          kNewFileMode);
+        }));
+        if (descriptor.isOpen()) {
+            return NewFile{std::move(descriptor), std::move(path)};
+        }
+        if (errno != EEXIST) {
+            break;
+        }
     }
-    if (auto error = writeAll(file, path, bytes)) {
-        return error;
+    return failure("writing beside", file);
+}
+
+/// Fills the new file and forces it to disk. An error names the file that it is to replace.
+Result<FileStamp, FileError> fill(NewFile& file, const std::filesystem::path& target,
+                                  const Bytes& bytes, mode_t mode) {
+    if (auto error = writeAll(file.descriptor, target, bytes)) {
+        return *std::move(error);
     }
-    if (mode != kNewFileMode && ::fchmod(file.number(), mode) != 0) {
-        return failure("setting the mode of", path);
+    const int number = file.descriptor.number();
+    if (mode != kNewFileMode && ::fchmod(number, mode) != 0) {
+        return failure("setting the mode of", target);
     }
-    if (retried([&] { return ::fsync(file.number()); }) != 0) {
-        return failure("syncing", path);
+    if (retried([&] { return ::fsync(number); }) != 0) {
+        return failure("syncing", target);
     }
-    if (!file.close()) {
-        return failure("closing", path);
+    struct stat status {};
+    if (::fstat(number, &status) != 0) {
+        return failure("looking at", target);
     }
-    return std::nullopt;
+    if (!file.descriptor.close()) {
+        return failure("closing", target);
+    }
+    return stampFrom(status);
 }
 
 /// Forces the entries of a folder to disk, where its file system knows how to.
@@ -113,7 +165,13 @@ std::optional<FileError> syncFolder(const std::filesystem::path& path) {
 
 } // namespace
 
-Result<Bytes, FileError> readFile(const std::filesystem::path& path) {
+std::optional<FileStamp> stampOf(const std::filesystem::path& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 ? std::optional(stampFrom(status)) : std::nullopt;
+}
+
+Result<FileContent, FileError> readStampedFile(const std::filesystem::path& path,
+                                               std::size_t maxSize) {
     // Without O_NONBLOCK, opening a pipe would wait for its writer.
     const Descriptor file(
         retried([&] { return ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC); }));
@@ -121,17 +179,15 @@ Result<Bytes, FileError> readFile(const std::filesystem::path& path) {
     if (!file.isOpen() || ::fstat(file.number(), &status) != 0) {
         return failure("opening", path);
     }
-    if (!S_ISREG(status.st_mode) || std::cmp_greater(status.st_size, kMaxFileSize)) {
-        return FileError{false, fmt::format("{} is not a regular file of at most {} bytes",
-                                            path.string(), kMaxFileSize)};
+    const FileError unfit{
+        false, fmt::format("{} is not a regular file of at most {} bytes", path.string(), maxSize)};
+    if (!S_ISREG(status.st_mode) || std::cmp_greater(status.st_size, maxSize)) {
+        return unfit;
     }
     // One byte more than it should have, so that its end is seen without growing the buffer.
     Bytes bytes(static_cast<std::size_t>(status.st_size) + 1);
     std::size_t done = 0;
-    while (done < kMaxFileSize) {
-        if (done == bytes.size()) {
-            bytes.resize(bytes.size() * 2);
-        }
+    for (;;) {
         const ssize_t count = retried(
             [&] { return ::read(file.number(), bytes.data() + done, bytes.size() - done); });
         if (count < 0) {
@@ -141,13 +197,27 @@ Result<Bytes, FileError> readFile(const std::filesystem::path& path) {
             break;
         }
         done += static_cast<std::size_t>(count);
+        if (done > maxSize) {
+            return unfit; // it has grown meanwhile
+        }
+        if (done == bytes.size()) {
+            bytes.resize(std::min(2 * done, maxSize + 1));
+        }
     }
     bytes.resize(done);
-    return bytes;
+    return FileContent{std::move(bytes), stampFrom(status)};
 }
 
-std::optional<FileError> writeFileAtomically(const std::filesystem::path& path,
-                                             const Bytes& bytes) {
+Result<Bytes, FileError> readFile(const std::filesystem::path& path, std::size_t maxSize) {
+    auto content = readStampedFile(path, maxSize);
+    if (!content) {
+        return content.error();
+    }
+    return std::move(content).value().bytes;
+}
+
+Result<FileStamp, FileError> writeFileAtomically(const std::filesystem::path& path,
+                                                 const Bytes& bytes) {
     const std::filesystem::path target = linkTarget(path);
     struct stat status {};
     const bool exists = ::stat(target.c_str(), &status) == 0;
@@ -157,21 +227,33 @@ std::optional<FileError> writeFileAtomically(const std::filesystem::path& path,
     if (exists && !S_ISREG(status.st_mode)) {
         return FileError{false, fmt::format("{} is not a regular file", target.string())};
     }
-    // The same name each time, so that what a crash left behind goes with the next save.
-    const std::filesystem::path folder =
-        target.has_parent_path() ? target.parent_path() : std::filesystem::path(".");
-    const std::filesystem::path temporary =
-        folder / fmt::format(".{}.new", target.filename().string());
-    ::unlink(temporary.c_str());
-    auto error = writeNewFile(temporary, bytes, exists ? status.st_mode & 07777 : kNewFileMode);
-    if (!error && ::rename(temporary.c_str(), target.c_str()) != 0) {
-        error = failure("moving into place", target);
+    auto created = newFileBeside(target);
+    if (!created) {
+        return created.error();
     }
-    if (error) {
-        ::unlink(temporary.c_str());
-        return error;
+    NewFile file = std::move(created).value();
+    auto written = fill(file, target, bytes, exists ? status.st_mode & 07777 : kNewFileMode);
+    if (written && ::rename(file.path.c_str(), target.c_str()) != 0) {
+        written = failure("moving into place", target);
     }
-    return syncFolder(folder);
+    if (!written) {
+        ::unlink(file.path.c_str());
+    } else if (auto error = syncFolder(folderOf(target))) {
+        return *std::move(error);
+    }
+    return written;
+}
+
+void removeLeftovers(const std::filesystem::path& path) {
+    const std::filesystem::path target = linkTarget(path);
+    const std::string prefix = temporaryPrefix(target);
+    std::error_code ignored;
+    for (std::filesystem::directory_iterator file(folderOf(target), ignored), end; file != end;
+         file.increment(ignored)) {
+        if (file->path().filename().string().starts_with(prefix)) {
+            std::filesystem::remove(file->path(), ignored);
+        }
+    }
 }
 
 std::filesystem::path linkTarget(const std::filesystem::path& path) {

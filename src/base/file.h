@@ -4,13 +4,14 @@
 #include "base/result.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
 
 namespace panewright {
 
-/// The largest file that readFile() takes, in bytes.
+/// The largest file that readFile() takes unless told otherwise, in bytes.
 inline constexpr std::size_t kMaxFileSize = std::size_t{256} << 20;
 
 /// Why a file could not be read or written, with the step and the system's text for the log.
@@ -20,15 +21,43 @@ struct FileError {
     std::string message;
 };
 
-/// The whole content of a regular file. Callable from any thread.
-Result<Bytes, FileError> readFile(const std::filesystem::path& path);
+/// Tells one version of a file from another, as far as the file system does. Another link to the
+/// file changes nothing.
+struct FileStamp {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    std::int64_t size = 0;
+    /// When the content last changed, in ns since 1970.
+    std::int64_t modified = 0;
+
+    friend bool operator==(const FileStamp&, const FileStamp&) = default;
+};
+
+/// Of what stands under the name, links followed; nil when nothing does.
+std::optional<FileStamp> stampOf(const std::filesystem::path& path);
+
+struct FileContent {
+    Bytes bytes;
+    FileStamp stamp;
+};
+
+/// The whole content of a regular file of at most `maxSize` bytes. Callable from any thread.
+Result<FileContent, FileError> readStampedFile(const std::filesystem::path& path,
+                                               std::size_t maxSize = kMaxFileSize);
+Result<Bytes, FileError> readFile(const std::filesystem::path& path,
+                                  std::size_t maxSize = kMaxFileSize);
 
 /// Replaces the content so that, whatever fails or whenever the machine stops, the file holds
-/// either all of the old content or all of the new: it is written beside the file, forced to disk
-/// and moved into place. A symbolic link is written through to its target. A new file gets mode
-/// 0600, an existing one keeps its own. Nothing when all went well, also on disk. Callable from any
-/// thread, but not for the same file from two.
-std::optional<FileError> writeFileAtomically(const std::filesystem::path& path, const Bytes& bytes);
+/// either all of the old content or all of the new: it is written beside the file, under a name
+/// that nobody else uses, forced to disk and moved into place. A symbolic link is written through
+/// to its target. A new file gets mode 0600, an existing one keeps its own. Gives the stamp of what
+/// was written. Callable from any thread.
+Result<FileStamp, FileError> writeFileAtomically(const std::filesystem::path& path,
+                                                 const Bytes& bytes);
+
+/// Removes what such writes have left beside the file when the machine stopped during them. To be
+/// called only while nobody else writes the file.
+void removeLeftovers(const std::filesystem::path& path);
 
 /// Where the symbolic links that start at `path` end; the path itself when it is none.
 std::filesystem::path linkTarget(const std::filesystem::path& path);

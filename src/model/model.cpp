@@ -39,8 +39,9 @@ void Model::setFactory(std::function<std::unique_ptr<Model>()> factory) {
     shared().make = std::move(factory);
 }
 
-Model::Model(const StandardFolders& folders, UserDefaults& defaults)
-    : defaults_(defaults), file_(folders), writer_(file_) {
+Model::Model(const Services& services)
+    : defaults_(services.defaults), file_(services.folders, services.lock),
+      writer_(file_, services.background) {
     loadWindowStates();
     if (!defaultWindowStates()) {
         restoreDefaultWindowStates();

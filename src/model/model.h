@@ -12,7 +12,9 @@
 
 namespace panewright {
 
+class BackgroundWork;
 class CarbonKeyEvent;
+class StoreLock;
 
 // The keys of the dictionary that are no bundle identifiers.
 inline constexpr std::string_view kDefaultsKey = "defaults";
@@ -21,14 +23,21 @@ inline constexpr std::string_view kGlobalsKey = "globals";
 /// The single store of all window states. Main thread only.
 class Model {
 public:
-    /// The one store, made on the first call by the factory, which must have been set. The store's
-    /// lock must be held by then.
+    /// What the store works with; all of it must outlive the store.
+    struct Services {
+        const StandardFolders& folders;
+        UserDefaults& defaults;
+        StoreLock& lock;
+        const BackgroundWork& background;
+    };
+
+    /// The one store, made on the first call by the factory, which must have been set.
     static Model& instance();
     /// Drops the store that there may be.
     static void setFactory(std::function<std::unique_ptr<Model>()> factory);
 
-    /// Loads the store, or starts one with the built-in states. The ports must outlive it.
-    Model(const StandardFolders& folders, UserDefaults& defaults);
+    /// Loads the store, or starts one with the built-in states. The lock must not be another's.
+    explicit Model(const Services& services);
 
     /// Nil when the file was there but could not be read: then nothing is added or saved, and the
     /// file stays as it is.

@@ -1,6 +1,8 @@
 #include "model/store_file.h"
 
-#include "model/application_folders.h"
+#include "model/store_lock.h"
+
+#include <zlib.h>
 
 #include <fmt/format.h>
 
@@ -9,63 +11,135 @@
 namespace panewright {
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr int kMaxSetAside = 10'000;
 
-/// Keeps the file under the next free name as well; it disappears from its own name only where the
-/// file system has no hard links.
-std::optional<FileError> setAside(const std::filesystem::path& file) {
+std::uint32_t checksumOf(const Bytes& bytes) {
+    return static_cast<std::uint32_t>(crc32_z(0, bytes.data(), bytes.size()));
+}
+
+/// The first of "file.KIND-1", "file.KIND-2" and so on that is free.
+fs::path freeNameBeside(const fs::path& file, std::string_view kind) {
+    std::error_code ignored;
+    for (int number = 1;; ++number) {
+        fs::path aside = fmt::format("{}.{}-{}", file.string(), kind, number);
+        if (number == kMaxSetAside ||
+            fs::symlink_status(aside, ignored).type() == fs::file_type::not_found) {
+            return aside;
+        }
+    }
+}
+
+/// Keeps the file under another name as well; it disappears from its own name only where the file
+/// system has no hard links.
+std::optional<FileError> setAside(const fs::path& file, std::string_view kind) {
+    const auto aside = freeNameBeside(file, kind);
     std::error_code error;
-    for (int number = 1; number <= kMaxSetAside; ++number) {
-        const std::filesystem::path aside = fmt::format("{}.unreadable-{}", file.string(), number);
-        if (std::filesystem::symlink_status(aside, error).type() !=
-            std::filesystem::file_type::not_found) {
-            continue;
-        }
-        std::filesystem::create_hard_link(file, aside, error);
-        if (error) {
-            std::filesystem::rename(file, aside, error);
-        }
-        break;
-    }
+    fs::create_hard_link(file, aside, error);
     if (error) {
-        return FileError{false,
-                         fmt::format("setting {} aside: {}", file.string(), error.message())};
+        fs::rename(file, aside, error);
     }
-    return std::nullopt;
+    if (!error) {
+        return std::nullopt;
+    }
+    return FileError{false, fmt::format("setting {} aside: {}", file.string(), error.message())};
 }
 
 } // namespace
 
 Result<Bytes, FileError> StoreFile::read() {
-    const auto file = path();
+    read_ = known_ = std::nullopt;
+    knownChecksum_ = attemptedChecksum_ = std::nullopt;
+    const auto file = storeFilePath(folders_);
     if (!file) {
         return FileError{true, "no folder for the store"};
     }
-    isKnown_ = false;
-    return readFile(*file);
+    auto content = readStampedFile(*file);
+    isUnaccepted_ = content || !content.error().isNoSuchFile;
+    if (!content) {
+        return content.error();
+    }
+    auto [bytes, stamp] = std::move(content).value();
+    read_ = stamp;
+    readChecksum_ = checksumOf(bytes);
+    return std::move(bytes);
 }
 
-std::optional<FileError> StoreFile::write(const Bytes& content) {
-    const auto file = path();
+void StoreFile::accept() {
+    known_ = read_;
+    knownChecksum_ = readChecksum_;
+    isUnaccepted_ = false;
+}
+
+std::optional<StoreWriteError> StoreFile::checkLock() {
+    if (lock_.take() == StoreLock::Outcome::kHeldByAnother) {
+        return StoreWriteError{true, "another Panewright works on the store"};
+    }
+    return std::nullopt;
+}
+
+std::optional<StoreWriteError> StoreFile::write(const Bytes& content) {
+    const auto file = storeFilePath(folders_);
     if (!file) {
-        return FileError{true, "no folder for the store"};
+        return StoreWriteError{false, "no folder for the store"};
     }
-    std::error_code ignored; // what cannot be looked at cannot be written either
-    const std::filesystem::path target = linkTarget(*file);
-    if (!isKnown_ && std::filesystem::exists(target, ignored)) {
-        if (auto error = setAside(target)) {
-            return error;
-        }
-        isKnown_ = true; // kept in any case, should the writing fail
+    if (auto error = checkLock()) {
+        return error;
     }
-    auto error = writeFileAtomically(*file, content);
-    isKnown_ = isKnown_ || !error;
+    if (lock_.outcome() == StoreLock::Outcome::kHeld) {
+        removeLeftovers(*file);
+    }
+    if (const auto error = setAsideWhatWouldBeLost(linkTarget(*file))) {
+        return StoreWriteError{false, error->message};
+    }
+    attemptedChecksum_ = checksumOf(content);
+    const auto written = writeFileAtomically(*file, content);
+    if (!written) {
+        return StoreWriteError{false, written.error().message};
+    }
+    known_ = written.value();
+    knownChecksum_ = attemptedChecksum_;
+    return std::nullopt;
+}
+
+std::optional<FileError> StoreFile::setAsideWhatWouldBeLost(const fs::path& target) {
+    const auto stamp = stampOf(target);
+    if (!stamp || stamp == known_ || isOwnContent(target)) {
+        return std::nullopt;
+    }
+    const bool isAsRead = isUnaccepted_ && (!read_ || read_ == stamp);
+    auto error = setAside(target, isAsRead ? "unreadable" : "changed");
+    if (!error) {
+        known_ = stamp; // kept in any case, should the writing fail
+        isUnaccepted_ = false;
+    }
     return error;
 }
 
-std::optional<std::filesystem::path> StoreFile::path() const {
-    const auto folder = applicationSupportDirectoryURLWithDirName(folders_, kStoreFolderName);
-    return folder ? std::optional(*folder / kStoreFileName) : std::nullopt;
+/// Whether the file holds what this program read or wrote: somebody has only touched it, or copied
+/// it back.
+bool StoreFile::isOwnContent(const fs::path& target) const {
+    const auto content = knownChecksum_ || attemptedChecksum_
+                             ? readFile(target)
+                             : Result<Bytes, FileError>(FileError{});
+    if (!content) {
+        return false;
+    }
+    const auto checksum = checksumOf(content.value());
+    return knownChecksum_ == checksum || attemptedChecksum_ == checksum;
+}
+
+Result<fs::path, FileError> StoreFile::keepBeside(const Bytes& content) const {
+    const auto file = storeFilePath(folders_);
+    if (!file) {
+        return FileError{true, "no folder for the store"};
+    }
+    auto aside = freeNameBeside(*file, "unsaved");
+    if (const auto written = writeFileAtomically(aside, content); !written) {
+        return written.error();
+    }
+    return aside;
 }
 
 } // namespace panewright

@@ -3,42 +3,67 @@
 #include "base/bytes.h"
 #include "base/file.h"
 #include "base/result.h"
+#include "model/store_location.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
-#include <string_view>
+#include <string>
+#include <vector>
 
 namespace panewright {
 
-class StandardFolders;
+class StoreLock;
 
-/// The program's folder in the application-support folder, and the store's file in it.
-inline constexpr std::string_view kStoreFolderName = "Panewright";
-inline constexpr std::string_view kStoreFileName = "keyEvents.data";
+/// Why the store was not written.
+struct StoreWriteError {
+    /// Another process has the lock. The store may be written once that has gone.
+    bool isHeldByAnother = false;
+    std::string message;
+};
 
 /// The file of the store. One thread at a time.
 class StoreFile {
 public:
-    /// The folders must outlive it.
-    explicit StoreFile(const StandardFolders& folders) : folders_(folders) {}
+    /// Both must outlive it; the lock is its own to use from now on.
+    StoreFile(const StandardFolders& folders, StoreLock& lock) : folders_(folders), lock_(lock) {}
 
     /// The whole content. A folder that is not to be had, which is logged, counts as no such file.
     Result<Bytes, FileError> read();
 
     /// What was read is in the program's hands now, so the next write may replace it.
-    void accept() { isKnown_ = true; }
+    void accept();
 
-    /// Replaces the content atomically. A file that stands there but was neither accepted nor
-    /// written by us is set aside first, as "keyEvents.data.unreadable-1" or the next free number.
-    /// Nothing when all went well.
-    std::optional<FileError> write(const Bytes& content);
+    /// Takes the lock again if it is gone. Nil when write() may go on.
+    std::optional<StoreWriteError> checkLock();
+
+    /// Replaces the content atomically, under the lock if there is one to be had. What stands there
+    /// and would be lost is set aside first, under the next free number: as
+    /// "keyEvents.data.unreadable-1" what read() gave and nobody accepted, as
+    /// "keyEvents.data.changed-1" what somebody else has written since. Nothing when all went well.
+    std::optional<StoreWriteError> write(const Bytes& content);
+
+    /// Keeps the content beside the store, as "keyEvents.data.unsaved-1" or the next free number,
+    /// whoever has the lock. Gives the name.
+    Result<std::filesystem::path, FileError> keepBeside(const Bytes& content) const;
 
 private:
-    /// The folder is looked up, and created, each time: it may come and go.
-    std::optional<std::filesystem::path> path() const;
+    std::optional<FileError> setAsideWhatWouldBeLost(const std::filesystem::path& target);
+    bool isOwnContent(const std::filesystem::path& target) const;
 
     const StandardFolders& folders_;
-    bool isKnown_ = false;
+    StoreLock& lock_;
+    /// What read() found; nil when that was nothing, or no file.
+    std::optional<FileStamp> read_;
+    std::uint32_t readChecksum_ = 0;
+    /// Whether what was found still waits to be accepted.
+    bool isUnaccepted_ = false;
+    /// What may be replaced: read and accepted, written, or set aside already.
+    std::optional<FileStamp> known_;
+    /// Of what was read and accepted, or written, last, and of what a write that failed may have
+    /// left in place all the same.
+    std::optional<std::uint32_t> knownChecksum_;
+    std::optional<std::uint32_t> attemptedChecksum_;
 };
 
 } // namespace panewright

@@ -2,10 +2,20 @@
 
 #include "base/log.h"
 #include "model/window_state_archive.h"
+#include "platform/background_work.h"
 
+#include <chrono>
 #include <utility>
 
 namespace panewright {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// How often a store is looked at that another process works on.
+constexpr auto kRetryInterval = 2s;
+
+} // namespace
 
 StoreWriter::~StoreWriter() {
     {
@@ -23,7 +33,10 @@ void StoreWriter::write(ArchiveValue snapshot) {
         const std::scoped_lock lock(mutex_);
         next_ = std::move(snapshot);
         if (!thread_.joinable()) {
-            thread_ = std::thread([this] { run(); });
+            thread_ = std::thread([this] {
+                background_.lowerPriorityOfThisThread();
+                run();
+            });
         }
     }
     changed_.notify_all();
@@ -37,33 +50,65 @@ void StoreWriter::drain() {
 void StoreWriter::run() {
     std::unique_lock lock(mutex_);
     for (;;) {
-        changed_.wait(lock, [this] { return next_ || isEnding_; });
-        if (!next_) {
-            return;
+        waitForWork(lock);
+        const bool isLast = !next_ && isEnding_;
+        if (next_) {
+            unsaved_ = std::exchange(next_, std::nullopt);
         }
-        {
-            const ArchiveValue snapshot = *std::exchange(next_, std::nullopt);
-            isWriting_ = true;
-            lock.unlock();
-            writeNow(snapshot);
+        isWriting_ = true;
+        lock.unlock();
+        if (unsaved_) {
+            const auto error = writeNow(*unsaved_);
+            isBlockedByAnother_ = error && error->isHeldByAnother;
+            logOnce(error ? error->message : "");
+            if (!error) {
+                unsaved_ = std::nullopt;
+            } else if (isLast) {
+                keepUnsaved();
+            }
         }
         lock.lock();
         isWriting_ = false;
         changed_.notify_all();
+        if (isLast) {
+            return;
+        }
     }
 }
 
-void StoreWriter::writeNow(const ArchiveValue& snapshot) {
-    const auto content = archivedSnapshot(snapshot);
-    std::string failure = "too many to be read back";
-    if (content) {
-        const auto error = file_.write(*content);
-        failure = error ? error->message : "";
+/// Until there is a snapshot, the end, or another try to be made.
+void StoreWriter::waitForWork(std::unique_lock<std::mutex>& lock) {
+    const auto hasWork = [this] { return next_ || isEnding_; };
+    if (unsaved_ && isBlockedByAnother_) {
+        changed_.wait_for(lock, kRetryInterval, hasWork);
+    } else {
+        changed_.wait(lock, hasWork);
     }
+}
+
+std::optional<StoreWriteError> StoreWriter::writeNow(const ArchiveValue& snapshot) {
+    if (auto error = file_.checkLock()) {
+        return error; // before all the work
+    }
+    const auto content = archivedSnapshot(snapshot);
+    return content ? file_.write(*content) : StoreWriteError{false, "too many to be read back"};
+}
+
+void StoreWriter::keepUnsaved() {
+    const auto content = archivedSnapshot(*unsaved_);
+    if (!content) {
+        return; // which has been logged
+    }
+    const auto kept = file_.keepBeside(*content);
+    logLine(kept ? "The window states are in " + kept.value().string()
+                 : "Error keeping window states: " + kept.error().message);
+}
+
+void StoreWriter::logOnce(const std::string& failure) {
     if (!failure.empty() && failure != lastFailure_) {
         logLine("Error saving window states: " + failure);
     }
-    lastFailure_ = std::move(failure);
+    lastFailure_ = failure;
 }
 
 } // namespace panewright

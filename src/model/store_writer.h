@@ -11,13 +11,18 @@
 
 namespace panewright {
 
+class BackgroundWork;
+
 /// Writes snapshots to the store file on a thread of its own, one after the other. A snapshot that
 /// has not been begun when a newer one comes is skipped. A failure is logged once with its cause,
-/// until a write succeeds or fails for another cause; the next snapshot tries again.
+/// until a write succeeds or fails for another cause. The next snapshot tries again; where another
+/// process works on the store, so does this one from time to time; and so it does at the end, when
+/// what still cannot be written is kept beside the store.
 class StoreWriter {
 public:
-    /// The file must outlive the writer and be left to it between write() and drain().
-    explicit StoreWriter(StoreFile& file) : file_(file) {}
+    /// Both must outlive the writer, and the file be left to it between write() and drain().
+    StoreWriter(StoreFile& file, const BackgroundWork& background)
+        : file_(file), background_(background) {}
     ~StoreWriter();
     StoreWriter(const StoreWriter&) = delete;
     StoreWriter& operator=(const StoreWriter&) = delete;
@@ -30,10 +35,19 @@ public:
 
 private:
     void run();
-    void writeNow(const ArchiveValue& snapshot);
+    void waitForWork(std::unique_lock<std::mutex>& lock);
+    /// Nil when all went well.
+    std::optional<StoreWriteError> writeNow(const ArchiveValue& snapshot);
+    void logOnce(const std::string& failure);
+    void keepUnsaved();
 
     StoreFile& file_;
-    std::string lastFailure_; // the thread's own
+    const BackgroundWork& background_;
+
+    // The thread's own.
+    std::string lastFailure_;
+    std::optional<ArchiveValue> unsaved_;
+    bool isBlockedByAnother_ = false;
 
     std::mutex mutex_; // guards what follows
     std::condition_variable changed_;

@@ -60,7 +60,7 @@ TEST_F(StoreFileTest, SetsAsideWhatItHasNotReadBesideTheTargetOfALink) {
     setContent(temporary_.path() / "synced.unreadable-1", "an earlier one");
     std::filesystem::create_directories(folder_);
     std::filesystem::create_symlink("../synced", file_);
-    StoreFile file(folders_);
+    StoreFile file(folders_, lock_);
     ASSERT_TRUE(file.read());
     EXPECT_FALSE(file.write(bytes("new")));
     EXPECT_FALSE(file.write(bytes("newer")));
@@ -72,7 +72,7 @@ TEST_F(StoreFileTest, SetsAsideWhatItHasNotReadBesideTheTargetOfALink) {
 
 TEST_F(StoreFileTest, SetsAsideAFolderInItsPlaceAndAFileThatAppearedAfterTheLook) {
     std::filesystem::create_directories(file_ / "content");
-    StoreFile file(folders_);
+    StoreFile file(folders_, lock_);
     EXPECT_FALSE(file.read().error().isNoSuchFile);
     EXPECT_FALSE(file.write(bytes("new")));
     EXPECT_EQ(contentOf(file_), "new");
@@ -82,21 +82,101 @@ TEST_F(StoreFileTest, SetsAsideAFolderInItsPlaceAndAFileThatAppearedAfterTheLook
     EXPECT_TRUE(file.read().error().isNoSuchFile);
     setContent(file_, "restored from a backup");
     EXPECT_FALSE(file.write(bytes("new")));
-    EXPECT_EQ(contentOf(folder_ / "keyEvents.data.unreadable-2"), "restored from a backup");
+    EXPECT_EQ(contentOf(folder_ / "keyEvents.data.changed-1"), "restored from a backup");
 }
 
-TEST_F(StoreFileTest, HasALockForOneAtATime) {
+TEST_F(StoreFileTest, SetsAsideWhatAnotherHasWrittenButNotWhatIsOnlyTouchedOrLinked) {
+    namespace fs = std::filesystem;
+    StoreFile file(folders_, lock_);
+    EXPECT_TRUE(file.read().error().isNoSuchFile);
+    EXPECT_FALSE(file.write(bytes("first")));
+    fs::create_hard_link(file_, folder_ / "link");
+    fs::last_write_time(file_, fs::file_time_type::clock::now() + std::chrono::hours(1));
+    EXPECT_FALSE(file.write(bytes("second")));
+    EXPECT_EQ(contentOf(folder_ / "link"), "first");
+    EXPECT_FALSE(fs::exists(folder_ / "keyEvents.data.changed-1"));
+
+    setContent(file_, "another's");
+    EXPECT_FALSE(file.write(bytes("third")));
+    EXPECT_EQ(contentOf(folder_ / "keyEvents.data.changed-1"), "another's");
+    EXPECT_EQ(contentOf(file_), "third");
+}
+
+TEST_F(StoreFileTest, HasALockForOneAtATimeThatTellsWhoHasIt) {
     using Outcome = StoreLock::Outcome;
     CapturedLog log;
-    for (int time = 0; time < 2; ++time) {
-        const StoreLock first(folders_);
-        EXPECT_EQ(first.outcome(), Outcome::kHeld);
-        EXPECT_EQ(StoreLock(folders_).outcome(), Outcome::kHeldByAnother);
-    }
+    EXPECT_EQ(lock_.outcome(), Outcome::kHeld);
+    StoreLock second(folders_, "the second");
+    EXPECT_EQ(second.outcome(), Outcome::kHeldByAnother);
+    EXPECT_EQ(second.holder(), "the test");
+
     std::filesystem::remove(folder_ / "keyEvents.data.lock");
     std::filesystem::create_directory(folder_ / "keyEvents.data.lock");
-    EXPECT_EQ(StoreLock(folders_).outcome(), Outcome::kUnavailable);
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        EXPECT_EQ(lock_.take(), Outcome::kUnavailable);
+    }
     EXPECT_EQ(log.take().size(), 1U);
+}
+
+TEST_F(StoreFileTest, LosesNothingToAnotherThatStartedAfterTheLockOrItsFolderWasDeleted) {
+    for (const auto& deleted : {folder_ / "keyEvents.data.lock", folder_}) {
+        StoreFile file(folders_, lock_);
+        static_cast<void>(file.read());
+        file.accept();
+        EXPECT_FALSE(file.write(bytes("first")));
+        setContent(folder_ / ".keyEvents.data.new-00000000", "a write of the other");
+        std::filesystem::remove_all(deleted);
+        {
+            StoreLock otherLock(folders_, "");
+            StoreFile other(folders_, otherLock);
+            static_cast<void>(other.read());
+            other.accept();
+            EXPECT_FALSE(other.write(bytes("the other's")));
+            setContent(folder_ / ".keyEvents.data.new-00000000", "a write of the other");
+            const auto refused = file.write(bytes("second"));
+            ASSERT_TRUE(refused);
+            EXPECT_TRUE(refused->isHeldByAnother);
+            EXPECT_EQ(contentOf(file_), "the other's");
+            EXPECT_TRUE(std::filesystem::exists(folder_ / ".keyEvents.data.new-00000000"));
+        }
+        EXPECT_FALSE(file.write(bytes("second")));
+        EXPECT_EQ(contentOf(file_), "second");
+        EXPECT_EQ(contentOf(folder_ / "keyEvents.data.changed-1"), "the other's");
+        EXPECT_FALSE(std::filesystem::exists(folder_ / ".keyEvents.data.new-00000000"));
+    }
+}
+
+TEST_F(StoreFileTest, SetsAsideWhatEachWritesWhereThereAreNoLocks) {
+    CapturedLog log;
+    std::filesystem::remove(folder_ / "keyEvents.data.lock");
+    std::filesystem::create_directory(folder_ / "keyEvents.data.lock");
+    StoreLock otherLock(folders_, "");
+    StoreFile file(folders_, lock_);
+    StoreFile other(folders_, otherLock);
+    EXPECT_FALSE(file.write(bytes("one")));
+    EXPECT_FALSE(other.write(bytes("two")));
+    EXPECT_FALSE(file.write(bytes("three")));
+    EXPECT_EQ(contentOf(folder_ / "keyEvents.data.changed-1"), "one");
+    EXPECT_EQ(contentOf(folder_ / "keyEvents.data.changed-2"), "two");
+    EXPECT_EQ(contentOf(file_), "three");
+}
+
+TEST_F(StoreFileTest, KeepsTheStatesBesideAStoreThatAnotherWorksOnAtTheEnd) {
+    CapturedLog log;
+    auto model = makeModel();
+    save(*model);
+    std::filesystem::remove(folder_ / "keyEvents.data.lock");
+    StoreLock otherLock(folders_, "");
+    setContent(file_, "the other's");
+    model->addWindowState(makeState("app", "Mine"));
+    save(*model);
+    EXPECT_THAT(log.take(), testing::ElementsAre("Error saving window states: another Panewright "
+                                                 "works on the store"));
+    model = nullptr;
+    EXPECT_EQ(contentOf(file_), "the other's");
+    const auto kept =
+        unarchivedWindowStates(readFile(folder_ / "keyEvents.data.unsaved-1").value());
+    EXPECT_EQ(kept->at("app")->at(0)->windowStateName(), "Mine");
 }
 
 } // namespace

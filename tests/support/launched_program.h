@@ -4,6 +4,7 @@
 #include "desktop/memory/memory_desktop.h"
 #include "desktop/memory/memory_standard_folders.h"
 #include "model/model.h"
+#include "model/store_lock.h"
 #include "model/window_state.h"
 #include "services/launch_agent_format.h"
 #include "shortcuts/carbon_event_manager.h"
@@ -22,8 +23,10 @@ public:
             return std::make_unique<CarbonEventManager>(CarbonEventManager::Services{
                 desktop.hotKeys, desktop.mainLoop, desktop.userDefaults});
         });
-        Model::setFactory(
-            [this] { return std::make_unique<Model>(folders, desktop.userDefaults); });
+        Model::setFactory([this] {
+            return std::make_unique<Model>(
+                Model::Services{folders, desktop.userDefaults, lock, background});
+        });
     }
     ~LaunchedProgram() {
         Model::setFactory(nullptr);
@@ -73,6 +76,8 @@ public:
 
     TemporaryFolder folder;
     MemoryStandardFolders folders{folder.path()};
+    StoreLock lock{folders, ""};
+    MemoryBackgroundWork background;
     LaunchAgentFormat loginItems{folder.path()};
     MemoryDesktop desktop;
     AppDelegate delegate{{{desktop.accessibility, desktop.displays, desktop.workspace,

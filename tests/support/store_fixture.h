@@ -1,8 +1,10 @@
 #pragma once
 
+#include "desktop/memory/memory_services.h"
 #include "desktop/memory/memory_standard_folders.h"
 #include "desktop/memory/memory_user_defaults.h"
 #include "model/model.h"
+#include "model/store_lock.h"
 #include "support/captured_log.h"
 #include "support/temporary_folder.h"
 
@@ -23,10 +25,16 @@ protected:
     TemporaryFolder temporary_;
     MemoryStandardFolders folders_{temporary_.path()};
     MemoryUserDefaults defaults_;
+    MemoryBackgroundWork background_;
+    StoreLock lock_{folders_, "the test"};
     std::filesystem::path folder_ = temporary_.path() / "Panewright";
     std::filesystem::path file_ = folder_ / "keyEvents.data";
 
-    std::unique_ptr<Model> makeModel() { return std::make_unique<Model>(folders_, defaults_); }
+    std::unique_ptr<Model> makeModel() { return makeModel(lock_); }
+
+    std::unique_ptr<Model> makeModel(StoreLock& lock) {
+        return std::make_unique<Model>(Model::Services{folders_, defaults_, lock, background_});
+    }
 
     static void save(Model& model) {
         model.save();

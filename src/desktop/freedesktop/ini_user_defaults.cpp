@@ -86,7 +86,8 @@ void IniUserDefaults::write() {
     const std::string text = document_.text();
     auto error = createFolders(linkTarget(file_).parent_path());
     if (!error) {
-        error = writeFileAtomically(file_, Bytes(text.begin(), text.end()));
+        const auto written = writeFileAtomically(file_, Bytes(text.begin(), text.end()));
+        error = written ? std::nullopt : std::optional(written.error());
     }
     isDirty_ = error.has_value();
     if (error) {

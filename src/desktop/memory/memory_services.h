@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/analytics.h"
+#include "platform/background_work.h"
 #include "platform/beeper.h"
 #include "platform/crash_reporter.h"
 #include "platform/program_information.h"
@@ -22,6 +23,12 @@ public:
     void beep() override { ++beeps; }
 
     int beeps = 0;
+};
+
+/// Has threads of one priority.
+class MemoryBackgroundWork : public BackgroundWork {
+public:
+    void lowerPriorityOfThisThread() const override {}
 };
 
 /// Keeps the events.
