@@ -3,10 +3,12 @@
 // in a process of its own. Times are medians of several runs, in milliseconds.
 
 #include "archive/plist_node.h"
+#include "desktop/memory/memory_services.h"
 #include "desktop/memory/memory_standard_folders.h"
 #include "desktop/memory/memory_user_defaults.h"
 #include "model/gzip.h"
 #include "model/model.h"
+#include "model/store_lock.h"
 
 #include <fmt/format.h>
 #include <sys/resource.h>
@@ -131,12 +133,15 @@ void measureHold(int count) {
     {
         const MemoryStandardFolders folders(folder);
         MemoryUserDefaults defaults;
+        StoreLock lock(folders, "");
+        const MemoryBackgroundWork background;
+        const Model::Services services{folders, defaults, lock, background};
         {
-            Model before(folders, defaults);
+            Model before(services);
             before.setWindowStates(makeStates(count));
             before.save();
         }
-        Model model(folders, defaults);
+        Model model(services);
         double longest = 0;
         const double median = medianOf(21, [&] {
             const auto& states = *model.windowStates();

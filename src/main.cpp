@@ -1,28 +1,40 @@
 #include "app/app_delegate.h"
+#include "base/file.h"
 #include "base/log.h"
-#include "desktop/shared/absent_services.h"
+#include "desktop/dbus/application_service.h"
+#include "desktop/dbus/notifier_hosts.h"
+#include "desktop/dbus/running_instance.h"
+#include "desktop/dbus/session_bus.h"
 #include "desktop/freedesktop/autostart_entry.h"
-#include "desktop/linux/command_line.h"
 #include "desktop/freedesktop/ini_user_defaults.h"
-#include "desktop/linux/linux_program.h"
-#include "desktop/linux/termination_signals.h"
 #include "desktop/freedesktop/theme_sounds.h"
-#include "desktop/x11/x11_desktop.h"
 #include "desktop/freedesktop/xdg_folders.h"
+#include "desktop/linux/broken_pipes.h"
+#include "desktop/linux/command_line.h"
+#include "desktop/linux/linux_background_work.h"
+#include "desktop/linux/linux_program.h"
+#include "desktop/linux/running_place.h"
+#include "desktop/linux/termination_signals.h"
 #include "desktop/qt/qt_application_icons.h"
 #include "desktop/qt/qt_main_loop.h"
 #include "desktop/qt/qt_menu_view.h"
 #include "desktop/qt/qt_status_item.h"
 #include "desktop/qt/qt_text_services.h"
 #include "desktop/qt/qt_views.h"
+#include "desktop/qt/toolkit_exit_status.h"
+#include "desktop/shared/absent_services.h"
+#include "desktop/x11/x11_desktop.h"
 #include "model/model.h"
 #include "model/store_lock.h"
 #include "shortcuts/carbon_event_manager.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QLibraryInfo>
 #include <QPixmapCache>
 #include <QTranslator>
+
+#include <fmt/format.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -59,13 +71,15 @@ void describeMissingServer() {
 /// The shared registry and store, for as long as this object lives.
 class SharedInstances {
 public:
-    SharedInstances(HotKeys& hotKeys, MainLoop& mainLoop, UserDefaults& userDefaults,
-                    const StandardFolders& folders) {
-        CarbonEventManager::setSharedManagerFactory([&] {
+    SharedInstances(const Ports& ports, StoreLock& lock) {
+        CarbonEventManager::setSharedManagerFactory([ports] {
             return std::make_unique<CarbonEventManager>(
-                CarbonEventManager::Services{hotKeys, mainLoop, userDefaults});
+                CarbonEventManager::Services{ports.hotKeys, ports.mainLoop, ports.userDefaults});
         });
-        Model::setFactory([&] { return std::make_unique<Model>(folders, userDefaults); });
+        Model::setFactory([ports, &lock] {
+            return std::make_unique<Model>(Model::Services{
+                ports.standardFolders, ports.userDefaults, lock, ports.backgroundWork});
+        });
     }
     /// Writes what is still to be saved and releases the hot keys.
     ~SharedInstances() {
@@ -76,28 +90,52 @@ public:
     SharedInstances& operator=(const SharedInstances&) = delete;
 };
 
-int runOn(X11Desktop& desktop, MainLoop& mainLoop, const ProgramInformation& program,
-          const StandardFolders& folders) {
+/// What this process has beside its desktop.
+struct Process {
+    const ProgramInformation& program;
+    const StandardFolders& folders;
+    StoreLock& lock;
+};
+
+int runOn(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus, const Process& process) {
     const QtTextServices text;
     const AutostartEntryFormat loginItems;
+    const LinuxBackgroundWork backgroundWork;
     IniUserDefaults userDefaults(IniUserDefaults::defaultFile());
     ThemeSounds sounds(desktop.beeper);
     NoAnalytics analytics;
     NoCrashReporter crashReporter;
     NoSoftwareUpdater softwareUpdater;
+    ApplicationService application(bus, process.program.bundleIdentifier());
+    NotifierHosts notifierHosts(bus);
     QtApplicationIcons icons(desktop.icons);
-    QtStatusItem statusItem(desktop.tray, desktop.brightness, desktop.displays, desktop.workAreas);
+    QtStatusItem statusItem({notifierHosts, desktop.tray}, desktop.brightness, desktop.displays,
+                            desktop.workAreas);
     QtMenuView menuView;
     QtViews views(desktop.nativeKeyCodes, desktop.ownWindows);
-    const SharedInstances shared(desktop.hotKeys, mainLoop, userDefaults, folders);
+    const Ports ports{.accessibility = desktop.accessibility,
+                      .analytics = analytics,
+                      .applicationIcons = icons,
+                      .backgroundWork = backgroundWork,
+                      .beeper = sounds,
+                      .crashReporter = crashReporter,
+                      .displays = desktop.displays,
+                      .hotKeys = desktop.hotKeys,
+                      .keyboardLayout = desktop.keyboardLayout,
+                      .loginItems = loginItems,
+                      .mainLoop = mainLoop,
+                      .program = process.program,
+                      .reopenRequests = application,
+                      .softwareUpdater = softwareUpdater,
+                      .standardFolders = process.folders,
+                      .statusItem = statusItem,
+                      .text = text,
+                      .userDefaults = userDefaults,
+                      .workAreas = desktop.workAreas,
+                      .workspace = desktop.workspace};
+    const SharedInstances shared(ports, process.lock);
 
-    AppDelegate delegate(
-        {{desktop.accessibility, desktop.displays, desktop.workspace, program, sounds,
-          Tracking(analytics), ShortcutText(desktop.keyboardLayout, text), loginItems, mainLoop,
-          desktop.hotKeys, text, desktop.workAreas, icons, statusItem, menuView, views},
-         userDefaults,
-         crashReporter,
-         softwareUpdater});
+    AppDelegate delegate(ports, views, menuView);
     delegate.applicationWillFinishLaunching();
     delegate.applicationDidFinishLaunching();
     mainLoop.post([] { logLine("ready"); });
@@ -145,15 +183,17 @@ private:
     QTranslator ownTexts_;
 };
 
-int runToolkit(int& argc, char** argv, const ProgramInformation& program,
-               const StandardFolders& folders, const TerminationSignals& terminationSignals) {
-    const Toolkit toolkit(argc, argv, program);
+int runToolkit(int& argc, char** argv, const Process& process,
+               const TerminationSignals& terminationSignals) {
+    const Toolkit toolkit(argc, argv, process.program);
     if (const auto refused = refuseUnknownArguments(argc, argv)) {
         return *refused;
     }
+    const ToolkitExitStatus statusWithoutServer(kExitServerLost);
     QtMainLoop mainLoop;
+    SessionBus bus(mainLoop);
     const auto terminated = terminationSignals.onSignal(mainLoop, [&] { mainLoop.quit(0); });
-    const auto desktop = X11Desktop::open(mainLoop, program.bundleIdentifier());
+    const auto desktop = X11Desktop::open(mainLoop, process.program.bundleIdentifier());
     if (!desktop) {
         describeMissingServer();
         return kExitCannotStart;
@@ -165,27 +205,62 @@ int runToolkit(int& argc, char** argv, const ProgramInformation& program,
     if (!desktop->hasWindowManager()) {
         logLine("no window manager that follows EWMH is running");
     }
-    return runOn(*desktop, mainLoop, program, folders);
+    const int status = runOn(*desktop, mainLoop, bus, process);
+    if (!bus.connection()) {
+        endWhileBusHangs(status);
+    }
+    return status;
+}
+
+/// A second start: the program that runs shows itself, unless it runs where nobody here sees it.
+int deferToRunningInstance(int& argc, char** argv, const Process& process) {
+    if (const auto refused = refuseUnknownArguments(argc, argv)) {
+        return *refused;
+    }
+    const auto place = runningPlaceIn(process.lock.holder());
+    const auto describe = [&] {
+        logLine(place ? fmt::format("already running on display {} (process {})", place->display,
+                                    place->processId)
+                      : "already running");
+    };
+    const bool isHere = !place || place->display == placeOfThisProcess().display;
+    if (!isHere || isForBackground(argc, argv)) {
+        describe();
+        return 0;
+    }
+    const QCoreApplication application(argc, argv);
+    const auto isActivated = activateRunningInstance(process.program.bundleIdentifier());
+    if (!isActivated.value_or(false)) {
+        describe();
+    }
+    if (!isActivated) {
+        endWhileBusHangs(0);
+    }
+    return 0;
 }
 
 } // namespace
 
 int main(int argc, char* argv[]) {
     const TerminationSignals terminationSignals;
+    ignoreBrokenPipes();
     const LinuxProgram program;
     if (const auto answered = answerCommandLine(argc, argv, program)) {
         return *answered;
     }
     const XdgFolders folders;
-    const StoreLock lock(folders);
+    StoreLock lock(folders, textOf(placeOfThisProcess()));
+    const Process process{program, folders, lock};
     if (lock.outcome() == StoreLock::Outcome::kHeldByAnother) {
-        logLine("already running");
-        return 0;
+        return deferToRunningInstance(argc, argv, process);
+    }
+    if (lock.outcome() == StoreLock::Outcome::kHeld) {
+        removeLeftovers(IniUserDefaults::defaultFile());
     }
     describeSession();
     if (!X11Desktop::isReachable()) {
         describeMissingServer();
         return kExitCannotStart;
     }
-    return runToolkit(argc, argv, program, folders, terminationSignals);
+    return runToolkit(argc, argv, process, terminationSignals);
 }

@@ -3,6 +3,12 @@
 #include "accessibility/accessibility_helper.h"
 #include "model/model.h"
 #include "model/window_state.h"
+#include "platform/accessibility.h"
+#include "platform/crash_reporter.h"
+#include "platform/main_loop.h"
+#include "platform/reopen_requests.h"
+#include "platform/software_updater.h"
+#include "platform/user_defaults.h"
 #include "services/product_website.h"
 #include "services/workspace_additions.h"
 
@@ -22,10 +28,11 @@ AppDelegate*& theInstance() {
 
 } // namespace
 
-AppDelegate::AppDelegate(const Services& services) : services_(services) {}
+AppDelegate::AppDelegate(const Ports& ports, ViewFactory& views, MenuView& menuView)
+    : ports_(ports), views_(views), menuView_(menuView), tracking_(ports.analytics) {}
 
 AppDelegate::~AppDelegate() {
-    services_.softwareUpdater.setWillShowHandler(nullptr);
+    ports_.softwareUpdater.setWillShowHandler(nullptr);
     if (theInstance() == this) {
         theInstance() = nullptr;
     }
@@ -36,7 +43,7 @@ AppDelegate* AppDelegate::instance() {
 }
 
 void AppDelegate::applicationWillFinishLaunching() {
-    frontMostAppBeforeRunning_ = services_.workspace.frontmostApplication();
+    frontMostAppBeforeRunning_ = ports_.workspace.frontmostApplication();
 }
 
 void AppDelegate::applicationDidFinishLaunching() {
@@ -45,51 +52,58 @@ void AppDelegate::applicationDidFinishLaunching() {
     setupAccessibility();
     setupStatusItem();
     setupSparkle();
+    setupReopening();
 }
 
 void AppDelegate::setupFabric() {
-    services_.userDefaults.setObject(kCrashOnExceptionsKey, true);
-    services_.crashReporter.start();
+    ports_.userDefaults.setObject(kCrashOnExceptionsKey, true);
+    ports_.crashReporter.start();
 }
 
 void AppDelegate::setupAccessibility() {
-    if (!AccessibilityHelper(services_.accessibility).accessibilityEnabledWithPrompt()) {
+    if (!AccessibilityHelper(ports_.accessibility).accessibilityEnabledWithPrompt()) {
         pendingPreferences_ =
-            services_.mainLoop.after(kPreferencesDelay, [this] { bringPrefsForward(); });
+            ports_.mainLoop.after(kPreferencesDelay, [this] { bringPrefsForward(); });
     }
 }
 
 void AppDelegate::setupStatusItem() {
-    statusItemController_ = StatusItemController::create(services_, *this);
+    statusItemController_ = StatusItemController::create(ports_, views_, menuView_, *this);
     WindowState::setApplier(statusItemController_);
     statusItemController_->tracking().setCurrentApplication(frontMostAppBeforeRunning_);
     statusItemController_->startStatusItem();
 }
 
 void AppDelegate::setupSparkle() {
-    services_.softwareUpdater.setWillShowHandler(
-        [this] { bringApplicationToFrontIfInBackground(services_.workspace, services_.program); });
+    ports_.softwareUpdater.setWillShowHandler(
+        [this] { bringApplicationToFrontIfInBackground(ports_.workspace, ports_.program); });
+}
+
+/// Who asks for a program that runs already wants to see it, and there may be no icon to click.
+void AppDelegate::setupReopening() {
+    reopenRequests_ = ports_.reopenRequests.onReopen([this] { settings(); });
 }
 
 void AppDelegate::bringPrefsForward() {
-    services_.workspace.launchApplication(kSystemPreferences);
+    ports_.workspace.launchApplication(kSystemPreferences);
 }
 
 void AppDelegate::settings() {
-    services_.tracking.trackEvent(kShowSettingsEvent);
+    tracking_.trackEvent(kShowSettingsEvent);
     if (!settings_) {
         settings_ = makeSettings();
     }
     settings_->showWindow();
     settings_->makeKeyAndOrderFront();
-    services_.workspace.bringThisApplicationToFront();
+    ports_.workspace.bringThisApplicationToFront();
 }
 
 std::shared_ptr<Settings> AppDelegate::makeSettings() {
-    return Settings::create({services_.beeper, services_.hotKeys, services_.workspace,
-                             services_.program, services_.text, services_.shortcutText,
-                             services_.tracking, statusItemController_->launchAgentStartupItem(),
-                             Model::instance(), *statusItemController_, services_.views});
+    return Settings::create({ports_.beeper, ports_.hotKeys, ports_.workspace, ports_.program,
+                             ports_.text, ShortcutText(ports_.keyboardLayout, ports_.text),
+                             tracking_, ports_.statusItem,
+                             statusItemController_->launchAgentStartupItem(), Model::instance(),
+                             *statusItemController_, *statusItemController_, views_});
 }
 
 void AppDelegate::runAtStartup() {
@@ -108,28 +122,28 @@ void AppDelegate::restoreWindowStates() {
 }
 
 void AppDelegate::quit() {
-    services_.mainLoop.quit(0);
+    ports_.mainLoop.quit(0);
 }
 
 void AppDelegate::checkForUpdates() {
-    services_.softwareUpdater.checkForUpdates();
+    ports_.softwareUpdater.checkForUpdates();
 }
 
 void AppDelegate::checkForUpdatesInBackground() {
-    services_.softwareUpdater.checkForUpdatesInBackground();
+    ports_.softwareUpdater.checkForUpdatesInBackground();
 }
 
 void AppDelegate::sendFeedback() {
-    services_.workspace.openUrl(kFeedbackUrl);
+    ports_.workspace.openUrl(kFeedbackUrl);
 }
 
 void AppDelegate::crash() {
-    services_.crashReporter.crash();
+    ports_.crashReporter.crash();
 }
 
 void AppDelegate::openFAQ() {
-    services_.workspace.openUrl(kFAQUrl);
-    services_.tracking.trackEvent(kOpenFAQEvent);
+    ports_.workspace.openUrl(kFAQUrl);
+    tracking_.trackEvent(kOpenFAQEvent);
 }
 
 } // namespace panewright

@@ -1,9 +1,7 @@
 #pragma once
 
 #include "menubar/status_item_controller.h"
-#include "platform/crash_reporter.h"
-#include "platform/software_updater.h"
-#include "platform/user_defaults.h"
+#include "platform/ports.h"
 #include "ui/settings.h"
 
 #include <memory>
@@ -15,14 +13,8 @@ namespace panewright {
 /// The program's life: start-up in its order, and the actions that belong to the whole program.
 class AppDelegate : public ApplicationActions {
 public:
-    /// All of it must outlive the delegate.
-    struct Services : StatusItemController::Services {
-        UserDefaults& userDefaults;
-        CrashReporter& crashReporter;
-        SoftwareUpdater& softwareUpdater;
-    };
-
-    explicit AppDelegate(const Services& services);
+    /// The views must outlive the delegate too.
+    AppDelegate(const Ports& ports, ViewFactory& views, MenuView& menuView);
     ~AppDelegate() override;
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
@@ -64,13 +56,18 @@ private:
     void setupAccessibility();
     void setupStatusItem();
     void setupSparkle();
+    void setupReopening();
     std::shared_ptr<Settings> makeSettings();
 
-    Services services_;
+    Ports ports_;
+    ViewFactory& views_;
+    MenuView& menuView_;
+    Tracking tracking_;
     std::optional<RunningApplication> frontMostAppBeforeRunning_;
     std::shared_ptr<StatusItemController> statusItemController_;
     std::shared_ptr<Settings> settings_;
     Registration pendingPreferences_;
+    Registration reopenRequests_;
 };
 
 } // namespace panewright

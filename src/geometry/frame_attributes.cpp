@@ -1,12 +1,10 @@
 #include "geometry/frame_attributes.h"
 
-#include <array>
-
 namespace panewright {
 
-bool isFrameSettable(const std::shared_ptr<AccessibilityElement>& window) {
-    constexpr std::array kFrame{NSAccessibilityPositionAttribute, NSAccessibilitySizeAttribute};
-    return window && window->areAttributesSettable(kFrame);
+bool isFrameSettable(const std::shared_ptr<AccessibilityElement>& window,
+                     std::span<const std::string_view> order) {
+    return window && window->areAttributesSettable(order);
 }
 
 void writeFrame(AccessibilityElement& window, const Rect& frame) {

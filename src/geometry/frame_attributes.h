@@ -3,12 +3,22 @@
 #include "accessibility/accessibility_element.h"
 #include "base/geometry.h"
 
+#include <array>
 #include <memory>
+#include <span>
+#include <string_view>
 
 namespace panewright {
 
+// The orders in which a window may be asked for both: the first that is not settable ends it.
+inline constexpr std::array kPositionThenSize{NSAccessibilityPositionAttribute,
+                                              NSAccessibilitySizeAttribute};
+inline constexpr std::array kSizeThenPosition{NSAccessibilitySizeAttribute,
+                                              NSAccessibilityPositionAttribute};
+
 /// Whether the window (null: no) can be both moved and resized.
-bool isFrameSettable(const std::shared_ptr<AccessibilityElement>& window);
+bool isFrameSettable(const std::shared_ptr<AccessibilityElement>& window,
+                     std::span<const std::string_view> order);
 
 /// Writes the outer frame as position, size, position. The second position is for windows that were
 /// constrained at their old place while they were resized.

@@ -71,7 +71,7 @@ bool applyToWindowElement(const WindowState& state,
     if (state.isDefault()) {
         return applyDefaultToWindowElement(state, element, inDisplay, displays);
     }
-    if (!isFrameSettable(element)) {
+    if (!isFrameSettable(element, kPositionThenSize)) {
         return false;
     }
     const auto target = preferredDisplay(state, inDisplay, displays);
@@ -86,7 +86,7 @@ bool applyDefaultToWindowElement(const WindowState& state,
     if (!state.isDefault()) {
         return applyToWindowElement(state, element, inDisplay, displays);
     }
-    if (!isFrameSettable(element)) {
+    if (!isFrameSettable(element, kPositionThenSize)) {
         return false;
     }
     writeFrame(*element,
@@ -100,7 +100,8 @@ Rect getSizePositionForWindowElement(const WindowState& state,
     if (state.isDefault()) {
         return getDefaultSizePositionForWindowElement(state, element, inDisplay);
     }
-    return isFrameSettable(element) ? userFrame(state, boundsOf(inDisplay)) : Rect{};
+    return isFrameSettable(element, kPositionThenSize) ? userFrame(state, boundsOf(inDisplay))
+                                                       : Rect{};
 }
 
 Rect getDefaultSizePositionForWindowElement(const WindowState& state,
@@ -109,7 +110,7 @@ Rect getDefaultSizePositionForWindowElement(const WindowState& state,
     if (!state.isDefault()) {
         return getSizePositionForWindowElement(state, element, inDisplay);
     }
-    return isFrameSettable(element)
+    return isFrameSettable(element, kPositionThenSize)
                ? builtInFrame(state, boundsOf(inDisplay), pixelSizeOf(inDisplay), roundedUp)
                : Rect{};
 }

@@ -46,7 +46,8 @@ ActiveWindowPlacer::displayFor(const std::shared_ptr<WindowState>& state, Model&
 
 void ActiveWindowPlacer::moveToNextDisplay() {
     const auto& window = tracking_.windowElement();
-    if (!isFrameSettable(window) || QuartzDisplay::screens(services_.displays).size() < 2) {
+    if (!isFrameSettable(window, kSizeThenPosition) ||
+        QuartzDisplay::screens(services_.displays).size() < 2) {
         services_.beeper.beep();
         return;
     }

@@ -22,7 +22,7 @@ std::shared_ptr<FocusTracking> FocusTracking::create(const Ports& ports) {
 
 FocusTracking::FocusTracking(const Ports& ports)
     : ports_(ports), helper_(ports.accessibility),
-      displayChanges_(ports.displays.onChange([this] { windowFrameChanged(); })) {}
+      displayChanges_(ports.displays.onChange([this] { updateWindowRectAndDisplay(); })) {}
 
 void FocusTracking::updateApplicationTracking() {
     if (!isFrontmostAppThisApp(ports_.workspace, ports_.program) && updateCurrentApplication()) {
@@ -36,8 +36,7 @@ void FocusTracking::updateApplicationTrackingElements() {
     if (!updateApplicationElement() || !updateWindowElement()) {
         return;
     }
-    updateWindowRect();
-    updateCurrentDisplay();
+    updateWindowRectAndDisplay();
     installObservers();
 }
 
@@ -74,6 +73,11 @@ void FocusTracking::updateWindowRect() {
         makeRect(positionValue ? *positionValue : Point{}, sizeValue ? *sizeValue : Size{});
 }
 
+void FocusTracking::updateWindowRectAndDisplay() {
+    updateWindowRect();
+    updateCurrentDisplay();
+}
+
 void FocusTracking::updateCurrentDisplay() {
     currentDisplay_ = QuartzDisplay::withRect(ports_.displays, windowRect_);
 }
@@ -105,8 +109,7 @@ void FocusTracking::mainWindowChanged() {
 }
 
 void FocusTracking::windowFrameChanged() {
-    updateWindowRect();
-    updateCurrentDisplay();
+    updateWindowRectAndDisplay();
     if (windowChanged_) {
         windowChanged_();
     }

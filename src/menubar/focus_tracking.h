@@ -30,8 +30,8 @@ public:
 
     static std::shared_ptr<FocusTracking> create(const Ports& ports);
 
-    /// Called after the tracked window moved, was resized or gave way to another one, and after
-    /// the displays changed.
+    /// Called after the tracked window moved, was resized or gave way to another one. Displays that
+    /// change are followed without a call.
     void setWindowChangedHandler(std::function<void()> handler) {
         windowChanged_ = std::move(handler);
     }
@@ -62,6 +62,7 @@ private:
     std::optional<RunningApplication> updateCurrentApplication();
     std::shared_ptr<AccessibilityElement> updateApplicationElement();
     std::shared_ptr<AccessibilityElement> updateWindowElement();
+    void updateWindowRectAndDisplay();
     void updateWindowRect();
     void updateCurrentDisplay();
     void installObservers();

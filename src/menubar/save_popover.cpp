@@ -30,6 +30,7 @@ void SavePopover::update() {
     controller_->setApplicationName(application ? application->localizedName.value_or(std::string())
                                                 : std::string());
     controller_->setApplicationImage(application ? services_.icons.iconOf(*application) : nullptr);
+    controller_->setCanBeForAppOnly(application && application->bundleIdentifier);
     controller_->setWindowState(newPendingState());
 }
 

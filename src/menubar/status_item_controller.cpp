@@ -1,10 +1,14 @@
 #include "menubar/status_item_controller.h"
 
+#include "base/log.h"
 #include "geometry/frame_attributes.h"
 #include "menubar/installed_hot_keys.h"
 #include "menubar/status_item_anchor.h"
 #include "model/model.h"
 #include "model/window_state.h"
+#include "platform/displays.h"
+#include "platform/main_loop.h"
+#include "platform/work_areas.h"
 #include "services/product_website.h"
 #include "services/workspace_additions.h"
 #include "shortcuts/carbon_event_manager.h"
@@ -15,28 +19,38 @@
 namespace panewright {
 namespace {
 
+using namespace std::chrono_literals;
+
 constexpr const char* kLaunchAgentLabel = "com.quillfen.Panewright.Agent";
 constexpr const char* kLaunchAgentFileName = "com.quillfen.Panewright.Agent.plist";
 constexpr Size kStatusImageSize{17, 14};
 constexpr double kStatusItemLength = 23;
 
+/// A desktop that starts brings its panel within this time.
+constexpr auto kPatienceForStatusBar = 10s;
+
 } // namespace
 
-std::shared_ptr<StatusItemController> StatusItemController::create(const Services& services,
+std::shared_ptr<StatusItemController> StatusItemController::create(const Ports& ports,
+                                                                   ViewFactory& views,
+                                                                   MenuView& menuView,
                                                                    ApplicationActions& actions) {
-    return std::shared_ptr<StatusItemController>(new StatusItemController(services, actions));
+    return std::shared_ptr<StatusItemController>(
+        new StatusItemController(ports, views, menuView, actions));
 }
 
-StatusItemController::StatusItemController(const Services& services, ApplicationActions& actions)
-    : services_(services), actions_(actions),
+StatusItemController::StatusItemController(const Ports& ports, ViewFactory& views,
+                                           MenuView& menuView, ApplicationActions& actions)
+    : ports_(ports), views_(views), menuView_(menuView), actions_(actions), usage_(ports.analytics),
+      shortcutText_(ports.keyboardLayout, ports.text),
       tracking_(FocusTracking::create(
-          {services.accessibility, services.displays, services.workspace, services.program})),
-      placer_({services.accessibility, services.displays, services.workspace, services.program,
-               services.beeper, services.tracking, services.shortcutText},
+          {ports.accessibility, ports.displays, ports.workspace, ports.program})),
+      placer_({ports.accessibility, ports.displays, ports.workspace, ports.program, ports.beeper,
+               usage_, shortcutText_},
               *tracking_),
-      menu_(services.text, {[this] { saveWindowPosition(); },
-                            [this] { moveToNextDisplay(nullptr); }, [this] { actions_.settings(); },
-                            [this] { actions_.runAtStartup(); }, [this] { actions_.quit(); }}) {}
+      menu_(ports.text, {[this] { saveWindowPosition(); }, [this] { moveToNextDisplay(nullptr); },
+                         [this] { actions_.settings(); }, [this] { actions_.runAtStartup(); },
+                         [this] { actions_.quit(); }}) {}
 
 void StatusItemController::startStatusItem() {
     if (std::exchange(started_, true)) {
@@ -51,12 +65,19 @@ void StatusItemController::startStatusItem() {
 }
 
 void StatusItemController::showStatusItem() {
-    services_.statusItem.show({"StatusIcon", kStatusImageSize, kStatusItemLength, "Panewright"},
-                              [controller = weak_from_this()](const StatusItemClick& click) {
-                                  if (const auto self = controller.lock()) {
-                                      self->clicked(click);
-                                  }
-                              });
+    ports_.statusItem.show({"StatusIcon", kStatusImageSize, kStatusItemLength, "Panewright"},
+                           [controller = weak_from_this()](const StatusItemClick& click) {
+                               if (const auto self = controller.lock()) {
+                                   self->clicked(click);
+                               }
+                           });
+    lookForStatusItem_ = ports_.mainLoop.after(kPatienceForStatusBar, [this] { logIfNotShown(); });
+}
+
+void StatusItemController::logIfNotShown() const {
+    if (!ports_.statusItem.isShown()) {
+        logLine("no panel shows the icon; to reach the settings, start Panewright again");
+    }
 }
 
 void StatusItemController::awakeFromNib() {
@@ -73,8 +94,8 @@ void StatusItemController::setupModel() {
 }
 
 void StatusItemController::setupStartupItem() {
-    startupItem_.emplace(services_.loginItems, services_.program.executablePath(),
-                         kLaunchAgentFileName, kLaunchAgentLabel);
+    startupItem_.emplace(ports_.loginItems, ports_.program.executablePath(), kLaunchAgentFileName,
+                         kLaunchAgentLabel);
     startupItem_->updateExecutablePath();
 }
 
@@ -88,43 +109,41 @@ void StatusItemController::setupCarbonEventManager() {
 
 void StatusItemController::setupNotifications() {
     activations_ =
-        services_.workspace.onApplicationActivated([this] { workspaceDidActiveApplication(); });
+        ports_.workspace.onApplicationActivated([this] { workspaceDidActiveApplication(); });
     tracking_->setWindowChangedHandler([this] { updateSaveShortcutViewControllerIfOpen(); });
 }
 
 void StatusItemController::setupSavePopover() {
-    savePopover_.emplace(SavePopover::Services{services_.icons, services_.workspace,
-                                               services_.program, [this] { return anchor(); }},
-                         SaveShortcutViewController::Services{
-                             services_.beeper, services_.hotKeys, services_.mainLoop,
-                             services_.text, services_.shortcutText, services_.tracking,
-                             services_.views, *this},
+    savePopover_.emplace(SavePopover::Services{ports_.applicationIcons, ports_.workspace,
+                                               ports_.program, [this] { return anchor(); }},
+                         SaveShortcutViewController::Services{ports_.beeper, ports_.hotKeys,
+                                                              ports_.mainLoop, ports_.text,
+                                                              shortcutText_, usage_, views_, *this},
                          *tracking_);
 }
 
 PopoverAnchor StatusItemController::anchor() const {
-    return statusItemAnchor(services_.statusItem, services_.displays, services_.workAreas,
+    return statusItemAnchor(ports_.statusItem, ports_.displays, ports_.workAreas,
                             tracking_->currentDisplay());
 }
 
 void StatusItemController::clicked(const StatusItemClick& /*click*/) {
     menuNeedsUpdate();
-    services_.menuView.popUp(menu_.menu, anchor().rect);
+    menuView_.popUp(menu_.menu, anchor().rect);
 }
 
 void StatusItemController::menuNeedsUpdate() {
     tracking_->updateApplicationTracking();
     addEventHandlers();
     auto& moveItem = *menu_.moveToNextDisplayItem;
-    moveItem.isEnabled = services_.displays.screens().size() != 1;
+    moveItem.isEnabled = ports_.displays.screens().size() != 1;
     moveItem.isKeyEquivalentTaken =
-        moveToNextDisplayKey_ &&
-        isShortcutTaken(services_.hotKeys, moveToNextDisplayKey_->keyCode(),
-                        moveToNextDisplayKey_->modifierFlags());
+        moveToNextDisplayKey_ && isShortcutTaken(ports_.hotKeys, moveToNextDisplayKey_->keyCode(),
+                                                 moveToNextDisplayKey_->modifierFlags());
 }
 
 void StatusItemController::workspaceDidActiveApplication() {
-    if (isFrontmostAppThisApp(services_.workspace, services_.program)) {
+    if (isFrontmostAppThisApp(ports_.workspace, ports_.program)) {
         return;
     }
     tracking_->updateApplicationTracking();
@@ -148,9 +167,9 @@ void StatusItemController::addEventHandlers() {
 void StatusItemController::showMoveToNextDisplayKey() {
     auto& item = *menu_.moveToNextDisplayItem;
     const auto& key = moveToNextDisplayKey_;
-    item.keyEquivalent = key ? services_.shortcutText.keyEquivalentForKeyCode(
-                                   static_cast<std::uint16_t>(key->keyCode()))
-                             : "";
+    item.keyEquivalent =
+        key ? shortcutText_.keyEquivalentForKeyCode(static_cast<std::uint16_t>(key->keyCode()))
+            : "";
     item.keyEquivalentModifierMask = key ? key->modifierFlags() : 0;
 }
 
@@ -196,15 +215,15 @@ void StatusItemController::addWindowState(const std::shared_ptr<WindowState>& st
 }
 
 void StatusItemController::removeWindowState(const std::shared_ptr<WindowState>& state) {
-    services_.tracking.trackEvent(kRemoveWindowStateEvent,
-                                  state->attributesForTracking(services_.shortcutText));
+    usage_.trackEvent(kRemoveWindowStateEvent,
+                      state ? state->attributesForTracking(shortcutText_) : EventAttributes{});
     model_->removeWindowState(state);
     addEventHandlers();
 }
 
 void StatusItemController::saveWindowPosition() {
-    if (!isFrameSettable(tracking_->windowElement())) {
-        services_.beeper.beep();
+    if (!isFrameSettable(tracking_->windowElement(), kSizeThenPosition)) {
+        ports_.beeper.beep();
         return;
     }
     CarbonEventManager::sharedManager().removeAllEvents();
@@ -226,7 +245,7 @@ void StatusItemController::finishSavingWindowState() {
 
 void StatusItemController::abandonSavingWindowState() {
     savePopover_->close();
-    services_.workspace.hideThisApplication();
+    ports_.workspace.hideThisApplication();
 }
 
 void StatusItemController::sendFeedback() {
@@ -234,13 +253,13 @@ void StatusItemController::sendFeedback() {
 }
 
 void StatusItemController::checkForUpdates() {
-    services_.tracking.trackEvent(kCheckForUpdatesEvent);
+    usage_.trackEvent(kCheckForUpdatesEvent);
     actions_.checkForUpdates();
 }
 
 /// Unlike the program's own action sends no event.
 void StatusItemController::openFAQ() {
-    services_.workspace.openUrl(kFAQUrl);
+    ports_.workspace.openUrl(kFAQUrl);
 }
 
 void StatusItemController::crash() {

@@ -7,9 +7,8 @@
 #include "menubar/save_popover.h"
 #include "menubar/status_menu.h"
 #include "model/window_state_applier.h"
-#include "platform/login_item.h"
+#include "platform/ports.h"
 #include "platform/status_item.h"
-#include "platform/work_areas.h"
 #include "services/launch_agent_startup_item.h"
 #include "ui/hot_key_refresh.h"
 #include "ui/window_state_saving.h"
@@ -34,27 +33,8 @@ class StatusItemController : public WindowStateApplier,
                              public std::enable_shared_from_this<StatusItemController> {
 public:
     /// All of it must outlive the controller.
-    struct Services {
-        Accessibility& accessibility;
-        Displays& displays;
-        Workspace& workspace;
-        const ProgramInformation& program;
-        Beeper& beeper;
-        Tracking tracking;
-        ShortcutText shortcutText;
-        const LoginItemFormat& loginItems;
-        MainLoop& mainLoop;
-        const HotKeys& hotKeys;
-        const TextServices& text;
-        const WorkAreas& workAreas;
-        ApplicationIcons& icons;
-        StatusItem& statusItem;
-        MenuView& menuView;
-        ViewFactory& views;
-    };
-
-    static std::shared_ptr<StatusItemController> create(const Services& services,
-                                                        ApplicationActions& actions);
+    static std::shared_ptr<StatusItemController>
+    create(const Ports& ports, ViewFactory& views, MenuView& menuView, ApplicationActions& actions);
 
     FocusTracking& tracking() { return *tracking_; }
     const LaunchAgentStartupItem& launchAgentStartupItem() const { return *startupItem_; }
@@ -82,9 +62,11 @@ public:
     /// Only adds: the caller saves and refreshes the hot keys.
     void addWindowState(const std::shared_ptr<WindowState>& state) override;
 
-    /// Removes and saves, and gives the hot key that the state overrode back to its owner.
+    /// Removes and saves, and gives the hot key that the state overrode back to its owner. Null
+    /// removes nothing.
     void removeWindowState(const std::shared_ptr<WindowState>& state);
 
+    void saveWindowPosition() override;
     void finishSavingWindowState() override;
     void abandonSavingWindowState() override;
 
@@ -97,7 +79,8 @@ public:
     void crash();
 
 private:
-    StatusItemController(const Services& services, ApplicationActions& actions);
+    StatusItemController(const Ports& ports, ViewFactory& views, MenuView& menuView,
+                         ApplicationActions& actions);
 
     void awakeFromNib();
     void setupModel();
@@ -107,21 +90,23 @@ private:
     void setupNotifications();
     void setupSavePopover();
     void showStatusItem();
+    void logIfNotShown() const;
     void clicked(const StatusItemClick& click);
     /// Brings everything that the menu shows up to date.
     void menuNeedsUpdate();
     void workspaceDidActiveApplication();
-    /// Opens the save popover for the tracked window; beeps when that cannot be moved and resized.
-    /// No hot key is installed while the popover is open, so that each can be recorded.
-    void saveWindowPosition();
     /// Takes the tracked window as it is now into an open save popover.
     void updateSaveShortcutViewControllerIfOpen();
     PopoverAnchor anchor() const;
     void showMoveToNextDisplayKey();
     bool applyFirst(std::string_view name, std::optional<std::string_view> applicationName);
 
-    Services services_;
+    Ports ports_;
+    ViewFactory& views_;
+    MenuView& menuView_;
     ApplicationActions& actions_;
+    Tracking usage_;
+    ShortcutText shortcutText_;
     std::shared_ptr<FocusTracking> tracking_;
     ActiveWindowPlacer placer_;
     StatusMenu menu_;
@@ -132,6 +117,7 @@ private:
     std::shared_ptr<CarbonKeyEvent> moveToNextDisplayKey_;
     bool started_ = false;
     Registration activations_;
+    Registration lookForStatusItem_;
 };
 
 } // namespace panewright

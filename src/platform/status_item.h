@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/geometry.h"
+#include "base/registration.h"
 
 #include <cstdint>
 #include <functional>
@@ -34,6 +35,12 @@ public:
     /// Shows the item from now on, also in a bar that comes later.
     virtual void show(const StatusItemLook& look,
                       std::function<void(const StatusItemClick&)> clicked) = 0;
+
+    /// Whether a bar shows it now.
+    virtual bool isShown() const = 0;
+
+    /// Calls back after that changed.
+    virtual Registration onShownChange(std::function<void()> callback) = 0;
 
     /// Where it is, in global points; where the bar does not tell, the point, of no size, of the
     /// last click. Nil before either is known.

@@ -101,6 +101,7 @@ bool QFShortcutRecorder::performKeyEquivalent(const KeyEvent& event) {
 void QFShortcutRecorder::keyWithoutCode() {
     if (isRecording_) {
         beeper_.beep();
+        tellRefusesKey(true);
     }
 }
 
@@ -110,7 +111,7 @@ void QFShortcutRecorder::startRecording() {
 }
 
 void QFShortcutRecorder::cancelRecording() {
-    isRecording_ = false;
+    endRecording();
     popKeyboardShortcut();
     setNeedsDisplay();
 }
@@ -120,7 +121,7 @@ void QFShortcutRecorder::cancelRecording() {
 void QFShortcutRecorder::takeKey(const KeyEvent& event) {
     shortcut_.mutableLabel = text_.stringFromKeyCode(event.keyCode, event.modifierFlags);
     shortcut_.keyCode = event.keyCode;
-    isRecording_ = false;
+    endRecording();
     setNeedsDisplay();
     tellSet();
 }
@@ -141,11 +142,11 @@ void QFShortcutRecorder::mouseDown(Point location, Size viewSize) {
 
 void QFShortcutRecorder::mouseUp(Point location, Size viewSize) {
     if (mouseDownInClear_ && holds(clearButton(viewSize), location)) {
-        isRecording_ = false;
+        endRecording();
         clearKeyboardShortcut();
     }
     if (mouseDownInSnapBack_ && holds(snapBackButton(viewSize), location)) {
-        isRecording_ = false;
+        endRecording();
         popKeyboardShortcut();
     }
     mouseDownInClear_ = false;
@@ -154,7 +155,7 @@ void QFShortcutRecorder::mouseUp(Point location, Size viewSize) {
 }
 
 bool QFShortcutRecorder::resignFirstResponder() {
-    isRecording_ = false;
+    endRecording();
     setNeedsDisplay();
     return true;
 }
@@ -183,6 +184,20 @@ std::optional<Rect> QFShortcutRecorder::snapBackButton(Size viewSize) const {
         return std::nullopt;
     }
     return buttonRect(viewSize, previous_.mutableLabel.empty() ? 0 : kButtonDistance);
+}
+
+void QFShortcutRecorder::endRecording() {
+    isRecording_ = false;
+    tellRefusesKey(false);
+}
+
+void QFShortcutRecorder::tellRefusesKey(bool refuses) {
+    if (std::exchange(refusesKey_, refuses) == refuses) {
+        return;
+    }
+    if (const auto delegate = delegate_.lock()) {
+        delegate->shortcutRecorderRefusesKey(*this, refuses);
+    }
 }
 
 void QFShortcutRecorder::tellSet() {

@@ -30,6 +30,9 @@ public:
     virtual void shortcutRecorderDidClearFlags(QFShortcutRecorder& /*recorder*/,
                                                std::uint64_t /*flags*/,
                                                std::uint16_t /*andKeyCode*/) {}
+
+    /// The user pressed a key that cannot be recorded (true), or has gone on since (false).
+    virtual void shortcutRecorderRefusesKey(QFShortcutRecorder& /*recorder*/, bool /*refuses*/) {}
 };
 
 /// What shows a recorder.
@@ -161,6 +164,8 @@ private:
     void startRecording();
     void cancelRecording();
     void takeKey(const KeyEvent& event);
+    void endRecording();
+    void tellRefusesKey(bool refuses);
     void tellSet();
     void tellDidClear();
     void setNeedsDisplay();
@@ -172,6 +177,7 @@ private:
     Shortcut shortcut_;
     Shortcut previous_;
     bool isRecording_ = false;
+    bool refusesKey_ = false;
     bool mouseDownInClear_ = false;
     bool mouseDownInSnapBack_ = false;
     bool captureTabKey_ = false;

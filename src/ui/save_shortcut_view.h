@@ -28,6 +28,7 @@ public:
     // The two radio buttons, which may both be off for the time of a call.
     virtual bool forAppOnly() const = 0;
     virtual void setForAppOnly(bool on) = 0;
+    virtual void setForAppOnlyEnabled(bool enabled) = 0;
     virtual void setForAppOnlyTitle(const std::string& title) = 0;
     virtual void setForAppOnlyToolTip(const std::string& text) = 0;
     virtual bool forAllApplications() const = 0;

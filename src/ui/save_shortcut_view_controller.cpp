@@ -48,6 +48,17 @@ void SaveShortcutViewController::setApplicationImage(const ImagePtr& image) {
     view_->setApplicationImage(image);
 }
 
+void SaveShortcutViewController::setCanBeForAppOnly(bool can) {
+    if (can == !choiceForAppOnly_) {
+        return;
+    }
+    const bool isForAppOnly = can && *choiceForAppOnly_;
+    choiceForAppOnly_ = can ? std::nullopt : std::optional(view_->forAppOnly());
+    view_->setForAppOnlyEnabled(can);
+    view_->setForAppOnly(isForAppOnly);
+    view_->setForAllApplications(!isForAppOnly);
+}
+
 void SaveShortcutViewController::updateTooltips() {
     view_->setForAppOnlyToolTip(textWith(
         services_.text.localized("The keyboard shortcut will only be active while %@ is active."),
@@ -63,6 +74,8 @@ void SaveShortcutViewController::updateTooltipsSoon() {
 void SaveShortcutViewController::reset() {
     view_->setWindowStateName("");
     view_->setPrefersDisplay(false);
+    choiceForAppOnly_ = std::nullopt;
+    view_->setForAppOnlyEnabled(true);
     view_->setForAppOnly(true);
     view_->setForAllApplications(false);
     recorder_.clear();
@@ -101,14 +114,11 @@ void SaveShortcutViewController::closeRequested() {
 
 void SaveShortcutViewController::save() {
     const auto name = view_->windowStateName();
-    const bool isGlobal = view_->forAllApplications();
-    const bool hasName = !services_.text.trimmedOfWhitespace(name).empty();
-    // A program without an identifier can have no states of its own.
-    if (!hasName || !windowState_ || (!isGlobal && !windowState_->appBundleId())) {
+    if (services_.text.trimmedOfWhitespace(name).empty() || !windowState_) {
         services_.beeper.beep();
         return;
     }
-    windowState_->setIsGlobal(isGlobal);
+    windowState_->setIsGlobal(view_->forAllApplications());
     windowState_->setPrefersDisplay(view_->prefersDisplay());
     windowState_->setWindowStateName(name);
     services_.saving.addWindowState(windowState_);
@@ -145,6 +155,11 @@ void SaveShortcutViewController::shortcutRecorderDidClearFlags(QFShortcutRecorde
         windowState_->setKeyEvent(nullptr);
     }
     view_->setShortcutRemark("");
+}
+
+void SaveShortcutViewController::shortcutRecorderRefusesKey(QFShortcutRecorder& /*recorder*/,
+                                                            bool refuses) {
+    view_->setShortcutRemark(refuses ? refusedKeyRemark(services_.text) : "");
 }
 
 } // namespace panewright

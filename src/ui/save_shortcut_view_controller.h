@@ -11,6 +11,7 @@
 #include "ui/view_factory.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace panewright {
@@ -54,6 +55,9 @@ public:
     const std::string& appName() const { return appName_; }
     void setApplicationName(const std::string& name);
     void setApplicationImage(const ImagePtr& image);
+    /// Whether the application can have states of its own. One that cannot leaves only the choice
+    /// of all applications; the next one that can brings the user's choice back.
+    void setCanBeForAppOnly(bool can);
 
     /// Everything that can be entered as it is at first.
     void reset();
@@ -73,6 +77,7 @@ public:
                                   std::uint16_t andKeyCode) override;
     void shortcutRecorderDidClearFlags(QFShortcutRecorder& recorder, std::uint64_t flags,
                                        std::uint16_t andKeyCode) override;
+    void shortcutRecorderRefusesKey(QFShortcutRecorder& recorder, bool refuses) override;
 
 private:
     explicit SaveShortcutViewController(const Services& services);
@@ -86,6 +91,8 @@ private:
     QFShortcutRecorder recorder_;
     std::shared_ptr<WindowState> windowState_;
     std::string appName_;
+    /// The user's choice while the application leaves none; nil otherwise.
+    std::optional<bool> choiceForAppOnly_;
     Registration tooltipTimer_;
     std::unique_ptr<SaveShortcutView> view_; // last: it knows the rest
 };

@@ -28,6 +28,18 @@ void Settings::awakeFromNib() {
         textWith(textWith(services_.text.localized("Version: %@.%@"), program.shortVersion()),
                  program.buildVersion()));
     view_->setAllowMoveWindow(services_.model.allowWindowStateShortcutsToMoveWindowNextDisplay());
+    showSavingUnlessInStatusBar();
+    statusItemChanges_ =
+        services_.statusItem.onShownChange([this] { showSavingUnlessInStatusBar(); });
+}
+
+/// Without an icon there is no menu to save from.
+void Settings::showSavingUnlessInStatusBar() {
+    view_->setSavingShown(!services_.statusItem.isShown());
+}
+
+void Settings::saveWindowPosition() {
+    services_.saving.saveWindowPosition();
 }
 
 void Settings::showStoredShortcut() {
@@ -54,6 +66,10 @@ void Settings::shortcutRecorderDidClearFlags(QFShortcutRecorder& /*recorder*/,
     view_->setShortcutRemark("");
 }
 
+void Settings::shortcutRecorderRefusesKey(QFShortcutRecorder& /*recorder*/, bool refuses) {
+    view_->setShortcutRemark(refuses ? refusedKeyRemark(services_.text) : "");
+}
+
 void Settings::startupItem() {
     if (view_->startupItem()) {
         services_.tracking.trackEvent(kInstallStartupItemEvent);
@@ -73,7 +89,6 @@ void Settings::allowStateShortuctMoveWindow() {
 
 void Settings::restoreDefaultWindowStates() {
     services_.model.restoreDefaultWindowStates();
-    services_.hotKeyRefresh.addEventHandlers(); // those of the states before lead nowhere now
     services_.tracking.trackEvent(kRestoreDefaultWindowStatesEvent);
 }
 

@@ -3,6 +3,7 @@
 #include "platform/beeper.h"
 #include "platform/hot_keys.h"
 #include "platform/program_information.h"
+#include "platform/status_item.h"
 #include "platform/text_services.h"
 #include "platform/workspace.h"
 #include "services/launch_agent_startup_item.h"
@@ -10,6 +11,7 @@
 #include "shortcuts/qf_shortcut_recorder.h"
 #include "ui/hot_key_refresh.h"
 #include "ui/view_factory.h"
+#include "ui/window_state_saving.h"
 
 #include <memory>
 
@@ -30,9 +32,11 @@ public:
         const TextServices& text;
         ShortcutText shortcutText;
         Tracking tracking;
+        StatusItem& statusItem;
         const LaunchAgentStartupItem& launchAgentStartupItem;
         Model& model;
         HotKeyRefresh& hotKeyRefresh;
+        WindowStateSaving& saving;
         ViewFactory& views;
     };
 
@@ -45,6 +49,7 @@ public:
     void makeKeyAndOrderFront() { view_->makeKeyAndOrderFront(); }
 
     // What the user does in the window.
+    void saveWindowPosition();
     void startupItem();
     void allowStateShortuctMoveWindow();
     void restoreDefaultWindowStates();
@@ -56,16 +61,19 @@ public:
                                   std::uint16_t andKeyCode) override;
     void shortcutRecorderDidClearFlags(QFShortcutRecorder& recorder, std::uint64_t flags,
                                        std::uint16_t andKeyCode) override;
+    void shortcutRecorderRefusesKey(QFShortcutRecorder& recorder, bool refuses) override;
 
 private:
     explicit Settings(const Services& services);
 
     void awakeFromNib();
     void showStoredShortcut();
+    void showSavingUnlessInStatusBar();
 
     Services services_;
     QFShortcutRecorder recorder_;
-    std::unique_ptr<SettingsView> view_; // last: it knows the rest
+    std::unique_ptr<SettingsView> view_; // after the rest, which it knows
+    Registration statusItemChanges_;
 };
 
 } // namespace panewright

@@ -20,6 +20,8 @@ public:
     virtual void setVersion(const std::string& text) = 0;
     /// What is to be said of the shortcut that the recorder shows; empty for nothing.
     virtual void setShortcutRemark(const std::string& text) = 0;
+    /// Whether the window offers to save the current window, which otherwise the menu does.
+    virtual void setSavingShown(bool isShown) = 0;
 };
 
 } // namespace panewright

@@ -17,4 +17,8 @@ std::string shortcutRemark(const HotKeys& hotKeys, const TextServices& text, std
                : "";
 }
 
+std::string refusedKeyRemark(const TextServices& text) {
+    return text.localized("This key cannot be a shortcut.");
+}
+
 } // namespace panewright

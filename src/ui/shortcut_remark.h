@@ -18,4 +18,7 @@ bool isShortcutTaken(const HotKeys& hotKeys, std::uint64_t keyCode, std::uint64_
 std::string shortcutRemark(const HotKeys& hotKeys, const TextServices& text, std::uint64_t keyCode,
                            std::uint64_t modifierFlags);
 
+/// What is to be said while a key was pressed that cannot be recorded.
+std::string refusedKeyRemark(const TextServices& text);
+
 } // namespace panewright

@@ -6,10 +6,14 @@ namespace panewright {
 
 class WindowState;
 
-/// What the save popover needs of the controller that opened it.
+/// What the views need of the controller to save a window's frame as a state.
 class WindowStateSaving {
 public:
     virtual ~WindowStateSaving() = default;
+
+    /// Opens the save popover for the tracked window; beeps when that cannot be moved and resized.
+    /// No hot key is installed while the popover is open, so that each can be recorded.
+    virtual void saveWindowPosition() = 0;
 
     /// Adds it to the store; nothing is saved yet.
     virtual void addWindowState(const std::shared_ptr<WindowState>& state) = 0;

@@ -75,11 +75,7 @@ TEST_F(SavePopoverTest, SavesTheTrackedWindowUnderANameAndAShortcut) {
     EXPECT_TRUE(program_.press(kK));
 }
 
-TEST_F(SavePopoverTest, RefusesANameOfSpacesAndAProgramWithoutIdentifierAndSavesForAll) {
-    view().controller().windowState()->setAppBundleId(std::nullopt);
-    save("Of nobody");
-    EXPECT_TRUE(isShown());
-    view().controller().windowState()->setAppBundleId("org.example.Editor");
+TEST_F(SavePopoverTest, RefusesANameOfSpacesAndSavesForAll) {
     view().allApplications = true;
     view().controller().onActiveForAll();
     EXPECT_FALSE(view().appOnly);
@@ -87,10 +83,25 @@ TEST_F(SavePopoverTest, RefusesANameOfSpacesAndAProgramWithoutIdentifierAndSaves
         save(name);
         EXPECT_TRUE(isShown());
     }
-    EXPECT_EQ(desktop().beeper.beeps, 3);
+    EXPECT_EQ(desktop().beeper.beeps, 2);
     save("Everywhere");
     EXPECT_EQ(lastStateOf("globals").appBundleId(), "org.example.Editor");
     EXPECT_EQ(lastStateOf("globals").keyEvent(), nullptr);
+}
+
+TEST_F(SavePopoverTest, LeavesAProgramWithoutIdentifierOnlyTheChoiceOfAll) {
+    constexpr ProcessId kNobody = 44;
+    desktop().windows.addApplication({kNobody, std::nullopt, "Nobody's"});
+    const auto window = desktop().windows.openWindow({.pid = kNobody, .frame = kFrame});
+    for (const auto opened : {window, editor_, window}) {
+        desktop().windows.activateWindow(opened);
+        desktop().mainLoop.runPending();
+        EXPECT_EQ(view().appOnlyEnabled, opened == editor_);
+        EXPECT_EQ(view().appOnly, opened == editor_);
+        EXPECT_EQ(view().allApplications, opened == window);
+    }
+    save("Of nobody");
+    EXPECT_EQ(lastStateOf("globals").appBundleId(), std::nullopt);
 }
 
 TEST_F(SavePopoverTest, TakesTheWindowAsItIsNowAndForgetsTheShortcut) {
@@ -103,7 +114,9 @@ TEST_F(SavePopoverTest, TakesTheWindowAsItIsNowAndForgetsTheShortcut) {
     EXPECT_EQ(view().controller().shortcutRecorder().keyCode(), kK); // still shown
     desktop().displays.setDisplays({{.id = 1, .bounds = {0, 0, 800, 600}}});
     desktop().mainLoop.runPending();
-    EXPECT_EQ(pending().originalQuartzDisplayBounds(), (Rect{0, 0, 800, 600}));
+    EXPECT_EQ(pending().originalQuartzDisplayBounds(), (Rect{0, 0, 1600, 900}));
+    const auto& tracking = program_.delegate.statusItemController()->tracking();
+    EXPECT_EQ(tracking.currentDisplay()->bounds(), (Rect{0, 0, 800, 600}));
     program_.open(kTerminal, "org.example.Terminal", kFrame);
     EXPECT_EQ(pending().appBundleId(), "org.example.Terminal");
     EXPECT_EQ(view().appOnlyTitle, "Only active for org.example.Terminal");
@@ -148,7 +161,11 @@ TEST_F(SavePopoverTest, SaysWhatItKnowsAndHangsInTheCornerWhileNobodyKnowsWhereT
     desktop().hotKeys.takeByAnotherProgram(kK, 0x800);
     record(kK, 0x80000);
     EXPECT_EQ(view().remark, "Another program uses this shortcut.");
-    record(38, 0x80000);
+    auto& recorder = view().controller().shortcutRecorder();
+    recorder.keyDown({kSpace, 0});
+    recorder.keyWithoutCode();
+    EXPECT_EQ(view().remark, "This key cannot be a shortcut.");
+    recorder.keyDown({38, 0});
     EXPECT_EQ(view().remark, "");
     view().appOnlyToolTip.clear();
     view().controller().onActiveForAppOnly();

@@ -84,6 +84,7 @@ TEST_F(StatusItemControllerTest, LetsTheApplicationWinOverGlobalAndBuiltInStates
                                    {"KeyboardShortcut", "⌥1"}};
     EXPECT_EQ(desktop_.analytics.events.back().attributes, expected);
     takeEvents();
+    controller().removeWindowState(nullptr);
     controller().removeWindowState(editorState);
     EXPECT_EQ(frameAfter(18), global);
     EXPECT_THAT(takeEvents(), ElementsAre("RemoveWindowState", "ApplyWindowState"));

@@ -25,7 +25,7 @@ public:
         });
         Model::setFactory([this] {
             return std::make_unique<Model>(
-                Model::Services{folders, desktop.userDefaults, lock, background});
+                Model::Services{folders, desktop.userDefaults, lock, desktop.backgroundWork});
         });
     }
     ~LaunchedProgram() {
@@ -77,17 +77,9 @@ public:
     TemporaryFolder folder;
     MemoryStandardFolders folders{folder.path()};
     StoreLock lock{folders, ""};
-    MemoryBackgroundWork background;
     LaunchAgentFormat loginItems{folder.path()};
     MemoryDesktop desktop;
-    AppDelegate delegate{{{desktop.accessibility, desktop.displays, desktop.workspace,
-                           desktop.program, desktop.beeper, Tracking(desktop.analytics),
-                           ShortcutText(desktop.keyboardLayout, desktop.text), loginItems,
-                           desktop.mainLoop, desktop.hotKeys, desktop.text, desktop.workAreas,
-                           desktop.icons, desktop.statusItem, desktop.menuView, desktop.views},
-                          desktop.userDefaults,
-                          desktop.crashReporter,
-                          desktop.softwareUpdater}};
+    AppDelegate delegate{desktop.ports(folders, loginItems), desktop.views, desktop.menuView};
 };
 
 } // namespace panewright

@@ -45,7 +45,7 @@ TEST_F(LifeCycle, EndsWithAMessageWithoutAServer) {
     Program program(desktop_);
     const std::size_t before = program->standardError().size();
     desktop_.killServer();
-    EXPECT_THAT(program->waitForEnd(kAtOnce), Optional(Gt(0)));
+    EXPECT_THAT(program->waitForEnd(kAtOnce), Optional(2));
     EXPECT_THAT(program->standardError().substr(before), ContainsRegex("X server|display"));
 
     const PrivateHome home;
@@ -77,6 +77,43 @@ TEST_F(LifeCycle, AnswersItsCommandLineAndRefusesWhatItDoesNotKnow) {
     EXPECT_THAT(unheard.waitForEnd(), Optional(64));
 }
 
+TEST_F(LifeCycle, ShowsItsSettingsWhenItIsStartedAgainWhereItRuns) {
+    ChildProcess bus({"dbus-daemon", "--session", "--nofork", "--nosyslog", "--print-address=1"},
+                     desktop_.environment());
+    Environment environment = desktop_.environment();
+    environment["DBUS_SESSION_BUS_ADDRESS"] = bus.firstLine();
+    Program program(environment);
+    for (const bool isForBackground : {true, false}) {
+        std::vector<std::string> command{PANEWRIGHT_PROGRAM};
+        command.resize(isForBackground ? 2 : 1, "--background");
+        ChildProcess second(command, environment);
+        EXPECT_THAT(second.waitForEnd(), Optional(0));
+        EXPECT_EQ(second.standardError().empty(), !isForBackground);
+    }
+    EXPECT_NO_THROW(runToEnd({"xdotool", "search", "--sync", "--onlyvisible", "--name", "^Settings",
+                              "windowfocus", "--sync"},
+                             environment));
+
+    environment["DISPLAY"] = ":32000";
+    ChildProcess elsewhere({PANEWRIGHT_PROGRAM}, environment);
+    EXPECT_THAT(elsewhere.waitForEnd(), Optional(0));
+    EXPECT_THAT(elsewhere.standardError(), testing::HasSubstr("display " + desktop_.display()));
+}
+
+TEST_F(LifeCycle, GoesOnAfterTheReaderOfItsLogHasEnded) {
+    const ChildProcess shell({"sh", "-c", PANEWRIGHT_PROGRAM " 2>&1 | head -n 1"},
+                             desktop_.environment());
+    ASSERT_TRUE(eventually([&] { return !shell.standardOutput().empty(); }));
+    expectAfter(KEY_2, kLarge, desktop_, window_.window());
+    // Settings that cannot be read are worth a line.
+    const std::filesystem::path settings =
+        desktop_.environment()["XDG_CONFIG_HOME"] + "/Panewright/Panewright.conf";
+    std::filesystem::remove(settings);
+    std::filesystem::create_directory(settings);
+    expectAfter(KEY_4, kSmall, desktop_, window_.window());
+    expectAfter(KEY_2, kLarge, desktop_, window_.window());
+}
+
 TEST_F(LifeCycle, GoesOnInAWaylandSessionAndSaysWhatItCannotReach) {
     Environment environment = desktop_.environment();
     environment["XDG_SESSION_TYPE"] = "wayland";
@@ -94,7 +131,9 @@ TEST_F(LifeCycle, LeavesAStoreAloneThatIsDamagedOrAnothers) {
         std::filesystem::remove(file_);
         ChildProcess second({PANEWRIGHT_PROGRAM}, desktop_.environment());
         EXPECT_THAT(second.waitForEnd(), Optional(0));
-        EXPECT_EQ(second.standardError(), "panewright: already running\n");
+        EXPECT_EQ(second.standardError(), "panewright: already running on display " +
+                                              desktop_.display() + " (process " +
+                                              std::to_string(first->pid()) + ")\n");
         EXPECT_FALSE(std::filesystem::exists(file_));
         setContent(file_, "damaged");
         first->sendSignal(SIGTERM);

@@ -1,3 +1,4 @@
+#include "support/captured_log.h"
 #include "support/launched_program.h"
 
 #include <gmock/gmock.h>
@@ -5,6 +6,8 @@
 
 namespace panewright {
 namespace {
+
+using namespace std::chrono_literals;
 
 constexpr std::uint16_t kN = 45, kDelete = 51, kSpace = 49;
 constexpr const char* kKeyCodeKey = "MoveToNextWindowKeyEventKeyCode";
@@ -52,6 +55,21 @@ TEST_F(SettingsTest, RecordsTheKeyThatMovesToTheNextDisplay) {
     EXPECT_EQ(view().remark, "");
 }
 
+TEST_F(SettingsTest, OpensWhenTheProgramIsStartedAgainAndOffersToSaveWhileNoIconIsShown) {
+    CapturedLog log;
+    EXPECT_FALSE(view().offersSaving);
+    program_.desktop.statusItem.setHasBar(false);
+    EXPECT_TRUE(view().offersSaving);
+    program_.desktop.mainLoop.advance(10s);
+    EXPECT_THAT(log.take(), testing::SizeIs(1));
+    program_.desktop.reopenRequests.reopen();
+    EXPECT_EQ(view().timesShown, 2);
+    view().controller().saveWindowPosition();
+    EXPECT_TRUE(program_.desktop.views.save->popover().isShown());
+    program_.desktop.statusItem.setHasBar(true);
+    EXPECT_FALSE(view().offersSaving);
+}
+
 TEST_F(SettingsTest, KeepsItsOneWindowAndTellsWhatIsDoneInIt) {
     auto* const first = &view();
     open();
@@ -70,6 +88,9 @@ TEST_F(SettingsTest, KeepsItsOneWindowAndTellsWhatIsDoneInIt) {
     Model::instance().defaultWindowStates()->clear();
     settings.restoreDefaultWindowStates();
     EXPECT_EQ(Model::instance().defaultWindowStates()->size(), 4U);
+    program_.desktop.windows.activateApplication(MemoryDesktop::kOwnPid);
+    program_.desktop.windows.activateApplication(42); // which installs the hot keys
+    program_.desktop.mainLoop.runPending();
     EXPECT_TRUE(program_.press(18));
     EXPECT_EQ(program_.frame(window_), (Rect{0, 0, 1600, 900}));
     settings.website();

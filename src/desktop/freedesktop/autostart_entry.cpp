@@ -53,7 +53,8 @@ std::string AutostartEntryFormat::fileName(std::string_view name) const {
 }
 
 std::string AutostartEntryFormat::encode(const LaunchAgent& agent) const {
-    std::string exec = quoted(agent.program);
+    // The session starts it, not the user: nothing is to open if it runs already.
+    std::string exec = quoted(agent.program) + " --background";
     for (const auto& argument : agent.programArguments.value_or(std::vector<std::string>())) {
         exec += ' ' + quoted(argument);
     }

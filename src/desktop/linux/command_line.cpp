@@ -18,9 +18,14 @@ constexpr const char* kHelp =
 Puts the focused window into a saved state when its shortcut is pressed. Stays in
 the status bar until it is quit there.
 
-  -h, --help     print this and end
-  -V, --version  print the version and end
+Started again, it opens the settings of the one that runs.
+
+      --background  open nothing if one runs already
+  -h, --help        print this and end
+  -V, --version     print the version and end
 )";
+
+constexpr std::string_view kBackground = "--background";
 
 } // namespace
 
@@ -43,11 +48,18 @@ std::optional<int> answerCommandLine(int argc, const char* const* argv,
     return std::nullopt;
 }
 
+bool isForBackground(int argc, const char* const* argv) {
+    return std::any_of(argv + 1, argv + argc,
+                       [](std::string_view argument) { return argument == kBackground; });
+}
+
 std::optional<int> refuseUnknownArguments(int argc, const char* const* argv) {
-    if (argc <= 1) {
+    const auto* const unknown = std::find_if(
+        argv + 1, argv + argc, [](std::string_view argument) { return argument != kBackground; });
+    if (unknown == argv + argc) {
         return std::nullopt;
     }
-    logLine(fmt::format("unknown argument '{}'; --help tells what there is", argv[1]));
+    logLine(fmt::format("unknown argument '{}'; --help tells what there is", *unknown));
     return EX_USAGE;
 }
 

@@ -11,8 +11,12 @@ namespace panewright {
 std::optional<int> answerCommandLine(int argc, const char* const* argv,
                                      const ProgramInformation& program);
 
-/// Logs the first argument that is left when the toolkit has taken its own, and tells how to get
-/// help; the exit code to end with then (EX_USAGE, sysexits.h). Nil where none is left.
+/// Whether the program is to open nothing, as it is started by the session and not by the user.
+bool isForBackground(int argc, const char* const* argv);
+
+/// Logs the first argument that the program does not know, once the toolkit has taken its own, and
+/// tells how to get help; the exit code to end with then (EX_USAGE, sysexits.h). Nil where there is
+/// none.
 std::optional<int> refuseUnknownArguments(int argc, const char* const* argv);
 
 } // namespace panewright

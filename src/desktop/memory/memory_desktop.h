@@ -13,6 +13,7 @@
 #include "desktop/memory/memory_windows.h"
 #include "desktop/memory/memory_work_areas.h"
 #include "desktop/memory/memory_workspace.h"
+#include "platform/ports.h"
 
 namespace panewright {
 
@@ -43,6 +44,32 @@ struct MemoryDesktop {
     MemorySounds sounds;
     MemoryCrashReporter crashReporter;
     MemorySoftwareUpdater softwareUpdater;
+    MemoryReopenRequests reopenRequests;
+    MemoryBackgroundWork backgroundWork;
+
+    /// All of it, with what has to do with files on the machine that the test runs on.
+    Ports ports(const StandardFolders& folders, const LoginItemFormat& loginItems) {
+        return {.accessibility = accessibility,
+                .analytics = analytics,
+                .applicationIcons = icons,
+                .backgroundWork = backgroundWork,
+                .beeper = beeper,
+                .crashReporter = crashReporter,
+                .displays = displays,
+                .hotKeys = hotKeys,
+                .keyboardLayout = keyboardLayout,
+                .loginItems = loginItems,
+                .mainLoop = mainLoop,
+                .program = program,
+                .reopenRequests = reopenRequests,
+                .softwareUpdater = softwareUpdater,
+                .standardFolders = folders,
+                .statusItem = statusItem,
+                .text = text,
+                .userDefaults = userDefaults,
+                .workAreas = workAreas,
+                .workspace = workspace};
+    }
 };
 
 } // namespace panewright

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "base/observer_list.h"
 #include "platform/analytics.h"
 #include "platform/background_work.h"
 #include "platform/beeper.h"
 #include "platform/crash_reporter.h"
 #include "platform/program_information.h"
+#include "platform/reopen_requests.h"
 #include "platform/software_updater.h"
 #include "platform/sounds.h"
 #include "platform/text_services.h"
@@ -79,6 +81,19 @@ public:
     std::function<void()> willShow;
     int checks = 0;
     int backgroundChecks = 0;
+};
+
+class MemoryReopenRequests : public ReopenRequests {
+public:
+    Registration onReopen(std::function<void()> callback) override {
+        return requested_.add(std::move(callback));
+    }
+
+    /// As the user who starts the program again.
+    void reopen() const { requested_.notify(); }
+
+private:
+    ObserverList<> requested_;
 };
 
 class MemoryProgram : public ProgramInformation {

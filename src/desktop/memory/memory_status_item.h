@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/observer_list.h"
 #include "menubar/menu_view.h"
 #include "platform/status_item.h"
 
@@ -18,7 +19,17 @@ public:
         shown = look;
         clicked_ = std::move(clicked);
     }
+    bool isShown() const override { return hasBar_; }
+    Registration onShownChange(std::function<void()> callback) override {
+        return shownChanged_.add(std::move(callback));
+    }
     std::optional<Rect> frame() const override { return place; }
+
+    /// Whether the desktop has a status bar; it has at first.
+    void setHasBar(bool hasBar) {
+        hasBar_ = hasBar;
+        shownChanged_.notify();
+    }
 
     void click(const StatusItemClick& click = {}) const { clicked_(click); }
 
@@ -26,6 +37,8 @@ public:
     std::optional<Rect> place;
 
 private:
+    bool hasBar_ = true;
+    ObserverList<> shownChanged_;
     std::function<void(const StatusItemClick&)> clicked_;
 };
 

@@ -70,6 +70,7 @@ public:
     bool prefersDisplay() const override { return preferred; }
     void setPrefersDisplay(bool on) override { preferred = on; }
     void setShortcutRemark(const std::string& text) override { remark = text; }
+    void setForAppOnlyEnabled(bool enabled) override { appOnlyEnabled = enabled; }
 
     bool isFirstResponder() const override { return recorderHasFocus; }
     void makeFirstResponder() override { recorderHasFocus = true; }
@@ -79,6 +80,7 @@ public:
     ImagePtr windowStateImage;
     std::string name;
     bool appOnly = false;
+    bool appOnlyEnabled = true;
     std::string appOnlyTitle;
     std::string appOnlyToolTip;
     bool allApplications = false;
@@ -111,6 +113,7 @@ public:
     void setAllowMoveWindow(bool on) override { allowsMove = on; }
     void setVersion(const std::string& text) override { version = text; }
     void setShortcutRemark(const std::string& text) override { remark = text; }
+    void setSavingShown(bool isShown) override { offersSaving = isShown; }
 
     bool isFirstResponder() const override { return true; }
     void makeFirstResponder() override {}
@@ -119,6 +122,7 @@ public:
     int timesShown = 0;
     bool startsAtLogin = false;
     bool allowsMove = false;
+    bool offersSaving = false;
     std::string version;
     std::string remark;
 

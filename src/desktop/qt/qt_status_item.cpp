@@ -6,25 +6,15 @@
 #include "desktop/qt/status_icon.h"
 
 #include <QCursor>
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-#include <QDBusServiceWatcher>
-#include <QDBusVariant>
 #include <QGuiApplication>
 #include <QTimer>
+
+#include <utility>
 
 namespace panewright {
 namespace {
 
 using namespace std::chrono_literals;
-
-// https://www.freedesktop.org/wiki/Specifications/StatusNotifierItem
-constexpr const char* kWatcher = "org.kde.StatusNotifierWatcher";
-constexpr const char* kWatcherPath = "/StatusNotifierWatcher";
-constexpr const char* kHostRegisteredSignal = "StatusNotifierHostRegistered";
-constexpr const char* kHostRegisteredProperty = "IsStatusNotifierHostRegistered";
 
 /// Panels brighter than this get a dark icon.
 constexpr double kBright = 0.5;
@@ -36,9 +26,9 @@ constexpr std::chrono::milliseconds kLooks[] = {100ms, 500ms, 2000ms};
 
 } // namespace
 
-QtStatusItem::QtStatusItem(SystemTray& tray, const ScreenBrightness& brightness,
+QtStatusItem::QtStatusItem(const Trays& trays, const ScreenBrightness& brightness,
                            const Displays& displays, const WorkAreas& workAreas)
-    : tray_(tray), brightness_(brightness), displays_(displays), workAreas_(workAreas) {}
+    : trays_(trays), brightness_(brightness), displays_(displays), workAreas_(workAreas) {}
 
 QtStatusItem::~QtStatusItem() = default;
 
@@ -48,54 +38,32 @@ void QtStatusItem::show(const StatusItemLook& look,
     clicked_ = std::move(clicked);
     // After what is going on now: the hot keys go first.
     QTimer::singleShot(0, this, [this] {
-        trayChanges_ = tray_.onChange([this] { lookForPanel(); });
-        watchNotifierHosts();
+        busTrayChanges_ = trays_.onBus.onChange([this] { lookForPanel(); });
+        windowTrayChanges_ = trays_.ofWindows.onChange([this] { lookForPanel(); });
         lookForPanel();
     });
 }
 
-void QtStatusItem::watchNotifierHosts() {
-    auto bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) {
-        return;
-    }
-    notifierHosts_ = std::make_unique<QDBusServiceWatcher>(
-        kWatcher, bus, QDBusServiceWatcher::WatchForRegistration);
-    connect(notifierHosts_.get(), &QDBusServiceWatcher::serviceRegistered, this,
-            &QtStatusItem::lookForPanel);
-    bus.connect(kWatcher, kWatcherPath, kWatcher, kHostRegisteredSignal, this,
-                SLOT(lookForPanel()));
-}
-
-/// With both kinds there Qt takes the host on the bus, so that is asked for first.
+/// Waits for what is to be known of the bus: the toolkit decides between the two kinds once.
 void QtStatusItem::lookForPanel() {
+    const auto isOnBus = trays_.onBus.isPresent();
     if (icon_) {
         suitPanel();
-        return;
+    } else if (isOnBus && (*isOnBus || trays_.ofWindows.isPresent().value_or(false))) {
+        isOnBus_ = *isOnBus;
+        showIcon();
     }
-    if (!notifierHosts_) {
-        showIconIn(false);
-        return;
+    if (std::exchange(wasShown_, isShown()) != isShown()) {
+        shownChanged_.notify();
     }
-    auto question = QDBusMessage::createMethodCall(kWatcher, kWatcherPath,
-                                                   "org.freedesktop.DBus.Properties", "Get");
-    question << kWatcher << kHostRegisteredProperty;
-    question.setAutoStartService(false);
-    auto* answer =
-        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
-        answer->deleteLater();
-        const QDBusPendingReply<QDBusVariant> reply = *answer;
-        showIconIn(reply.isValid() && reply.value().variant().toBool());
-    });
 }
 
-void QtStatusItem::showIconIn(bool notifierHost) {
-    if (icon_ || (!notifierHost && !tray_.isPresent())) {
-        return;
-    }
+bool QtStatusItem::isShown() const {
+    return icon_ && (isOnBus_ ? trays_.onBus : trays_.ofWindows).isPresent().value_or(false);
+}
+
+void QtStatusItem::showIcon() {
     icon_ = std::make_unique<QSystemTrayIcon>();
-    isInNotifierHost_ = notifierHost;
     icon_->setToolTip(QString::fromStdString(look_.name));
     connect(icon_.get(), &QSystemTrayIcon::activated, this, &QtStatusItem::activated);
     suitPanel();
@@ -117,7 +85,7 @@ void QtStatusItem::suitPanel() {
 /// At the icon's corner, which the picture leaves free; a host on the bus does not say where that
 /// is.
 std::optional<double> QtStatusItem::brightnessBehindIcon() const {
-    if (isInNotifierHost_) {
+    if (isOnBus_) {
         return panelBrightness(displays_, workAreas_, brightness_);
     }
     const auto geometry = trayGeometry();

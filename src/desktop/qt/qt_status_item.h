@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/observer_list.h"
 #include "base/registration.h"
 #include "desktop/shared/screen_brightness.h"
 #include "desktop/shared/system_tray.h"
@@ -12,8 +13,6 @@
 
 #include <memory>
 
-class QDBusServiceWatcher;
-
 namespace panewright {
 
 /// The status item as a tray icon, of either kind: StatusNotifierItem on the session bus, or a
@@ -23,39 +22,47 @@ class QtStatusItem : public QObject, public StatusItem {
     Q_OBJECT
 
 public:
-    /// All of it must outlive the item.
-    QtStatusItem(SystemTray& tray, const ScreenBrightness& brightness, const Displays& displays,
+    /// The trays of the two kinds; with both there the toolkit takes the one on the bus. All of it
+    /// must outlive the item.
+    struct Trays {
+        SystemTray& onBus;
+        SystemTray& ofWindows;
+    };
+    QtStatusItem(const Trays& trays, const ScreenBrightness& brightness, const Displays& displays,
                  const WorkAreas& workAreas);
     ~QtStatusItem() override;
 
     void show(const StatusItemLook& look,
               std::function<void(const StatusItemClick&)> clicked) override;
+    bool isShown() const override;
+    Registration onShownChange(std::function<void()> callback) override {
+        return shownChanged_.add(std::move(callback));
+    }
     std::optional<Rect> frame() const override;
 
-private slots:
-    void lookForPanel();
-
 private:
-    void watchNotifierHosts();
-    /// In a host on the bus, else in the XEmbed tray; nothing when that is not there either.
-    void showIconIn(bool notifierHost);
+    void lookForPanel();
+    void showIcon();
     void activated(QSystemTrayIcon::ActivationReason reason);
     std::optional<Rect> trayGeometry() const;
     void suitPanel();
 
     std::optional<double> brightnessBehindIcon() const;
 
-    SystemTray& tray_;
+    Trays trays_;
     const ScreenBrightness& brightness_;
     const Displays& displays_;
     const WorkAreas& workAreas_;
     StatusItemLook look_;
     std::function<void(const StatusItemClick&)> clicked_;
-    std::unique_ptr<QDBusServiceWatcher> notifierHosts_;
     std::unique_ptr<QSystemTrayIcon> icon_;
-    bool isInNotifierHost_ = false;
+    /// Whether the toolkit shows the icon through the bus.
+    bool isOnBus_ = false;
+    bool wasShown_ = false;
+    ObserverList<> shownChanged_;
     std::optional<Rect> lastClick_;
-    Registration trayChanges_;
+    Registration busTrayChanges_;
+    Registration windowTrayChanges_;
 };
 
 } // namespace panewright

@@ -144,6 +144,10 @@ void SaveShortcutWidget::setForAppOnly(bool on) {
     (on ? forAppOnly_ : forAllApplications_)->setChecked(true);
 }
 
+void SaveShortcutWidget::setForAppOnlyEnabled(bool enabled) {
+    forAppOnly_->setEnabled(enabled);
+}
+
 void SaveShortcutWidget::setForAppOnlyTitle(const std::string& title) {
     const auto text = QString::fromStdString(title);
     forAppOnly_->setText(titleThatFits(text, *forAppOnly_));

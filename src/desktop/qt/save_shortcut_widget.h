@@ -28,6 +28,7 @@ public:
     void focusWindowStateName() override;
     bool forAppOnly() const override;
     void setForAppOnly(bool on) override;
+    void setForAppOnlyEnabled(bool enabled) override;
     void setForAppOnlyTitle(const std::string& title) override;
     void setForAppOnlyToolTip(const std::string& text) override;
     bool forAllApplications() const override;

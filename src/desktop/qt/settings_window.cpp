@@ -52,11 +52,15 @@ void SettingsWindow::addOptions(QVBoxLayout& layout) {
     restore->setAutoDefault(false); // Return presses nothing
     restore->setToolTip(tr("Puts the four built-in states back as they were at first. "
                            "Your own states stay."));
+    save_ = new QPushButton(tr("&Save Current Window…"));
+    save_->setAutoDefault(false);
+    connect(save_, &QPushButton::clicked, this, [this] { settings_.saveWindowPosition(); });
     connect(allowMoveWindow_, &QCheckBox::clicked, this,
             [this] { settings_.allowStateShortuctMoveWindow(); });
     connect(startupItem_, &QCheckBox::clicked, this, [this] { settings_.startupItem(); });
     connect(restore, &QPushButton::clicked, this,
             [this] { settings_.restoreDefaultWindowStates(); });
+    layout.addWidget(save_, 0, Qt::AlignLeft);
     layout.addWidget(allowMoveWindow_);
     layout.addWidget(startupItem_);
     layout.addWidget(restore, 0, Qt::AlignLeft);
@@ -105,6 +109,10 @@ void SettingsWindow::setAllowMoveWindow(bool on) {
 
 void SettingsWindow::setVersion(const std::string& text) {
     version_->setText(QString::fromStdString(text));
+}
+
+void SettingsWindow::setSavingShown(bool isShown) {
+    save_->setVisible(isShown);
 }
 
 void SettingsWindow::setShortcutRemark(const std::string& text) {

@@ -7,6 +7,7 @@
 
 class QCheckBox;
 class QLabel;
+class QPushButton;
 class QVBoxLayout;
 
 namespace panewright {
@@ -27,6 +28,7 @@ public:
     void setAllowMoveWindow(bool on) override;
     void setVersion(const std::string& text) override;
     void setShortcutRemark(const std::string& text) override;
+    void setSavingShown(bool isShown) override;
 
 private:
     void addShortcut(QVBoxLayout& layout, const NativeKeyCodes& keyCodes);
@@ -38,6 +40,7 @@ private:
     QCheckBox* startupItem_ = nullptr;
     QCheckBox* allowMoveWindow_ = nullptr;
     QLabel* remark_ = nullptr;
+    QPushButton* save_ = nullptr;
     QLabel* version_ = nullptr;
 };
 

@@ -3,18 +3,20 @@
 #include "base/registration.h"
 
 #include <functional>
+#include <optional>
 
 namespace panewright {
 
-/// The desktop's tray for icons that are windows (System Tray Protocol, "XEmbed"), which comes and
-/// goes with the panel that offers it. Main thread only.
+/// A place for icons that a panel offers, and that comes and goes with it. Main thread only.
 class SystemTray {
 public:
     virtual ~SystemTray() = default;
 
-    virtual bool isPresent() const = 0;
+    /// Nil while nobody knows.
+    virtual std::optional<bool> isPresent() const = 0;
 
-    /// Calls back on the main loop after a tray came, went or was replaced.
+    /// Calls back on the main loop after a tray came, went or was replaced, and once it is known
+    /// whether there is one.
     virtual Registration onChange(std::function<void()> callback) = 0;
 };
 

@@ -4,11 +4,6 @@
 #include "desktop/x11/window_geometry.h"
 #include "desktop/x11/x_properties.h"
 
-#include <cerrno>
-#include <signal.h> // NOLINT(modernize-deprecated-headers): <csignal> need not declare sigprocmask
-#include <spawn.h>
-#include <string>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace panewright {
@@ -118,23 +113,6 @@ void X11Workspace::activate(xcb_window_t window) {
     sendToManager(connection_, window, connection_.atoms()._NET_ACTIVE_WINDOW,
                   {kSourcePager, serverTime_.now(), 0, 0, 0});
     connection_.flush();
-}
-
-void X11Workspace::openUrl(const std::string& url) {
-    std::string command = "xdg-open";
-    std::string address = url;
-    char* const arguments[] = {command.data(), address.data(), nullptr};
-    // A child of a child has nobody here to be waited for by.
-    const pid_t child = fork();
-    if (child == 0) {
-        sigset_t none;
-        sigemptyset(&none);
-        sigprocmask(SIG_SETMASK, &none, nullptr); // what we keep for our main loop is not theirs
-        pid_t browser = 0;
-        _exit(posix_spawnp(&browser, arguments[0], nullptr, nullptr, arguments, environ));
-    }
-    while (child > 0 && waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
-    }
 }
 
 } // namespace panewright

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/freedesktop/url_opener.h"
 #include "desktop/x11/active_windows.h"
 #include "desktop/x11/server_time.h"
 #include "platform/main_loop.h"
@@ -22,7 +23,7 @@ public:
     }
     void bringThisApplicationToFront() override;
     void hideThisApplication() override;
-    void openUrl(const std::string& url) override;
+    void openUrl(const std::string& url) override { openUrlWithDesktop(url); }
     void launchApplication(const std::string& /*bundlePath*/) override {}
 
 private:

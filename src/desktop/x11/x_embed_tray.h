@@ -1,18 +1,18 @@
 #pragma once
 
 #include "base/observer_list.h"
-#include "desktop/x11/x_connection.h"
 #include "desktop/shared/system_tray.h"
+#include "desktop/x11/x_connection.h"
 
 namespace panewright {
 
-/// The tray of the screen that $DISPLAY names: whoever owns its manager selection (System Tray
-/// Protocol; ICCCM 2.8).
+/// The tray for icons that are windows, on the screen that $DISPLAY names: whoever owns its manager
+/// selection (System Tray Protocol; ICCCM 2.8).
 class XEmbedTray : public SystemTray {
 public:
     explicit XEmbedTray(XConnection& connection);
 
-    bool isPresent() const override { return owner_ != kNoWindow; }
+    std::optional<bool> isPresent() const override { return owner_ != kNoWindow; }
     Registration onChange(std::function<void()> callback) override {
         return changed_.add(std::move(callback));
     }

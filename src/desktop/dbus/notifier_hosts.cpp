@@ -1,0 +1,63 @@
+#include "desktop/dbus/notifier_hosts.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+
+#include <utility>
+
+namespace panewright {
+namespace {
+
+constexpr const char* kWatcher = "org.kde.StatusNotifierWatcher";
+constexpr const char* kWatcherPath = "/StatusNotifierWatcher";
+constexpr const char* kHostsProperty = "IsStatusNotifierHostRegistered";
+/// The watcher tells of hosts that come and, where it knows of it, of those that go.
+constexpr const char* kHostSignals[] = {"StatusNotifierHostRegistered",
+                                        "StatusNotifierHostUnregistered"};
+
+} // namespace
+
+NotifierHosts::NotifierHosts(SessionBus& bus)
+    : bus_(bus), busKnown_(bus.onKnown([this] { watch(); })) {
+    if (bus.connection()) {
+        watch();
+    }
+}
+
+void NotifierHosts::watch() {
+    auto connection = *bus_.connection();
+    if (!connection.isConnected()) {
+        set(false);
+        return;
+    }
+    watchers_ = std::make_unique<QDBusServiceWatcher>(kWatcher, connection,
+                                                      QDBusServiceWatcher::WatchForOwnerChange);
+    connect(watchers_.get(), &QDBusServiceWatcher::serviceOwnerChanged, this, &NotifierHosts::ask);
+    for (const char* signal : kHostSignals) {
+        connection.connect(kWatcher, kWatcherPath, kWatcher, signal, this, SLOT(ask()));
+    }
+    ask();
+}
+
+void NotifierHosts::ask() {
+    auto question = QDBusMessage::createMethodCall(kWatcher, kWatcherPath,
+                                                   "org.freedesktop.DBus.Properties", "Get");
+    question << kWatcher << kHostsProperty;
+    question.setAutoStartService(false);
+    auto* answer = new QDBusPendingCallWatcher(bus_.connection()->asyncCall(question), this);
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+        answer->deleteLater();
+        const QDBusPendingReply<QDBusVariant> reply = *answer;
+        set(reply.isValid() && reply.value().variant().toBool());
+    });
+}
+
+void NotifierHosts::set(bool isPresent) {
+    if (std::exchange(isPresent_, isPresent) != isPresent) {
+        changed_.notify();
+    }
+}
+
+} // namespace panewright
