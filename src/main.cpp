@@ -150,6 +150,7 @@ public:
         : arguments_(argv, argv + argc), application_(count_, withPlatform(arguments_)) {
         argc = count_;
         std::copy_n(arguments_.begin(), count_, argv);
+        QApplication::setApplicationName("Panewright"); // the title of the status item
         QApplication::setApplicationDisplayName("Panewright");
         QApplication::setDesktopFileName(QString::fromStdString(program.bundleIdentifier()));
         QApplication::setQuitOnLastWindowClosed(false);

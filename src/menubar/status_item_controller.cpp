@@ -129,7 +129,7 @@ PopoverAnchor StatusItemController::anchor() const {
 
 void StatusItemController::clicked(const StatusItemClick& /*click*/) {
     menuNeedsUpdate();
-    menuView_.popUp(menu_.menu, anchor().rect);
+    menuView_.popUp(menu_.menu, anchor());
 }
 
 void StatusItemController::menuNeedsUpdate() {

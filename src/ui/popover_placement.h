@@ -4,13 +4,16 @@
 
 namespace panewright {
 
+/// Where something stands beside what it hangs from.
+enum class AnchorSide { kBelow, kAbove, kRightOf, kLeftOf };
+
 /// Where a popover stands. Global points.
 struct PopoverPlacement {
     Rect frame;
-    /// Whether it hangs below its anchor, with the arrow at its top; else it stands above.
-    bool isBelow = true;
-    /// The arrow's tip from the left edge of the frame.
-    double arrowX = 0;
+    /// The arrow is at the edge of the frame that faces the anchor.
+    AnchorSide side = AnchorSide::kBelow;
+    /// The arrow's tip along that edge, from the left or the top of the frame.
+    double arrow = 0;
 
     friend bool operator==(const PopoverPlacement&, const PopoverPlacement&) = default;
 };
@@ -19,16 +22,23 @@ struct PopoverPlacement {
 struct PopoverShape {
     /// The whole window, the arrow included.
     Size size;
-    /// How near the arrow's tip may come to the left and right edges.
+    /// How near the arrow's tip may come to the ends of its edge.
     double arrowMargin = 0;
-    /// How near the left and right edges may come to those of the work area.
+    /// How near the other two edges may come to those of the work area.
     double sideMargin = 0;
 };
 
-/// Below the anchor and centred under it; above where that has more room and below it does not fit;
-/// pushed inside the work area, with the arrow still at the anchor as far as its margin allows. A
-/// popover larger than the work area keeps its top left inside. Everything comes out on whole
-/// points.
+/// Whether what hangs from the anchor stands to the right or left of it: the anchor is in a panel
+/// at that edge of the work area.
+bool isBesideWorkArea(const PopoverAnchor& anchor);
+
+/// Below the anchor and centred under it, above where that has more room and below it does not fit,
+/// or beside a panel at the left or right; pushed inside the work area, with the arrow still at the
+/// anchor as far as its margin allows. A popover larger than the work area keeps its top left
+/// inside. Everything comes out on whole points.
 PopoverPlacement placePopover(const PopoverShape& shape, const PopoverAnchor& anchor);
+
+/// The frame of a menu: on the same side as a popover, but beginning where the anchor begins.
+Rect placeMenu(Size size, const PopoverAnchor& anchor);
 
 } // namespace panewright

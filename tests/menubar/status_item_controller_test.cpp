@@ -87,7 +87,8 @@ TEST_F(StatusItemControllerTest, LetsTheApplicationWinOverGlobalAndBuiltInStates
     controller().removeWindowState(nullptr);
     controller().removeWindowState(editorState);
     EXPECT_EQ(frameAfter(18), global);
-    EXPECT_THAT(takeEvents(), ElementsAre("RemoveWindowState", "ApplyWindowState"));
+    EXPECT_THAT(takeEvents(),
+                ElementsAre("RemoveWindowState", "RemoveWindowState", "ApplyWindowState"));
     EXPECT_EQ(desktop_.hotKeys.registeredCount(), 5U); // four states and the next display
 }
 

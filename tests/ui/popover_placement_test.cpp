@@ -12,31 +12,79 @@ TEST(PopoverPlacement, HangsFromItsAnchorInsideTheWorkArea) {
     constexpr Rect kAbove{0, 0, 1600, 870};
     constexpr Rect kSecond{1600, 200, 1000, 600};
     constexpr Rect kLow{0, 200, 1000, 210};
+    constexpr Rect kRightOf{30, 0, 1570, 900}; // a panel at the left
+    constexpr Rect kLeftOf{0, 0, 1570, 900};
     constexpr Rect kTiny{0, 20, 200, 100};
     const struct {
         const char* what;
         Rect anchor;
         Rect area;
         Rect frame;
-        bool isBelow;
-        double arrowX;
+        AnchorSide side;
+        double arrow;
     } cases[] = {
-        {"centred", {800, 0, 24, 30}, kBelow, {662, 30, 300, 200}, true, 150},
-        {"at the right edge", {1570, 0, 24, 30}, kBelow, {1292, 30, 300, 200}, true, 280},
-        {"at the left edge", {0, 0, 24, 30}, kBelow, {8, 30, 300, 200}, true, 20},
-        {"above a panel", {800, 870, 24, 30}, kAbove, {662, 670, 300, 200}, false, 150},
-        {"below a corner", {1600, 30, 0, 0}, kBelow, {1292, 30, 300, 200}, true, 280},
-        {"on half a point", {800.5, 0, 24, 30}, kBelow, {663, 30, 300, 200}, true, 150},
-        {"on another display", {2590, 170, 20, 30}, kSecond, {2292, 200, 300, 200}, true, 280},
-        {"too high", {10, 290, 20, 20}, kLow, {8, 210, 300, 200}, true, 20},
-        {"too large", {50, 0, 20, 20}, kTiny, {8, 20, 300, 200}, true, 52},
+        {"centred", {800, 0, 24, 30}, kBelow, {662, 30, 300, 200}, AnchorSide::kBelow, 150},
+        {"at the right edge",
+         {1570, 0, 24, 30},
+         kBelow,
+         {1292, 30, 300, 200},
+         AnchorSide::kBelow,
+         280},
+        {"at the left edge", {0, 0, 24, 30}, kBelow, {8, 30, 300, 200}, AnchorSide::kBelow, 20},
+        {"above a panel",
+         {800, 870, 24, 30},
+         kAbove,
+         {662, 670, 300, 200},
+         AnchorSide::kAbove,
+         150},
+        {"below a corner", {1600, 30, 0, 0}, kBelow, {1292, 30, 300, 200}, AnchorSide::kBelow, 280},
+        {"on half a point",
+         {800.5, 0, 24, 30},
+         kBelow,
+         {663, 30, 300, 200},
+         AnchorSide::kBelow,
+         150},
+        {"on another display",
+         {2590, 170, 20, 30},
+         kSecond,
+         {2292, 200, 300, 200},
+         AnchorSide::kBelow,
+         280},
+        {"too high", {10, 290, 20, 20}, kLow, {8, 210, 300, 200}, AnchorSide::kBelow, 20},
+        {"beside a panel",
+         {0, 500, 30, 24},
+         kRightOf,
+         {30, 412, 300, 200},
+         AnchorSide::kRightOf,
+         100},
+        {"a click in a panel",
+         {1590, 890, 0, 0},
+         kLeftOf,
+         {1270, 692, 300, 200},
+         AnchorSide::kLeftOf,
+         180},
+        {"too large", {50, 0, 20, 20}, kTiny, {8, 20, 300, 200}, AnchorSide::kBelow, 52},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.what);
         const auto placed = placePopover({{300, 200}, 20, 8}, {each.anchor, each.area});
         EXPECT_EQ(placed.frame, each.frame);
-        EXPECT_EQ(placed.isBelow, each.isBelow);
-        EXPECT_EQ(placed.arrowX, each.arrowX);
+        EXPECT_EQ(placed.side, each.side);
+        EXPECT_EQ(placed.arrow, each.arrow);
+    }
+}
+
+TEST(MenuPlacement, BeginsWhereItsAnchorBeginsAndCoversNoPanel) {
+    constexpr Size kMenu{200, 300};
+    const std::pair<PopoverAnchor, Rect> cases[] = {
+        {{{800, 0, 24, 30}, {0, 30, 1600, 870}}, {800, 30, 200, 300}},
+        {{{1590, 12, 0, 0}, {0, 30, 1600, 870}}, {1400, 30, 200, 300}},
+        {{{1590, 885, 0, 0}, {0, 0, 1600, 870}}, {1400, 570, 200, 300}},
+        {{{4, 700, 24, 24}, {30, 0, 1570, 900}}, {30, 600, 200, 300}},
+        {{{1585, 450, 0, 0}, {0, 0, 1570, 900}}, {1370, 450, 200, 300}},
+    };
+    for (const auto& [anchor, frame] : cases) {
+        EXPECT_EQ(placeMenu(kMenu, anchor), frame);
     }
 }
 

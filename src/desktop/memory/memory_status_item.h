@@ -45,7 +45,7 @@ private:
 /// Keeps the menu that was opened last.
 class MemoryMenuView : public MenuView {
 public:
-    void popUp(const Menu& menu, const Rect& anchor) override {
+    void popUp(const Menu& menu, const PopoverAnchor& anchor) override {
         opened = menu;
         openedAt = anchor;
     }
@@ -62,7 +62,7 @@ public:
     }
 
     Menu opened;
-    Rect openedAt;
+    PopoverAnchor openedAt;
 };
 
 } // namespace panewright

@@ -2,10 +2,10 @@
 
 #include "desktop/qt/key_events.h"
 #include "desktop/qt/native_geometry.h"
-#include "ui/popover_placement.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QPainter>
 #include <QWindow>
 
@@ -36,6 +36,13 @@ QPalette lightPalette() {
         palette.setColor(QPalette::Disabled, role, QColor(0x9a, 0x9a, 0x9a));
     }
     return palette;
+}
+
+/// The room that the arrow takes.
+QMarginsF arrowMargins(AnchorSide side) {
+    const auto at = [side](AnchorSide wanted) { return side == wanted ? kArrowHeight : 0; };
+    return {double(at(AnchorSide::kRightOf)), double(at(AnchorSide::kBelow)),
+            double(at(AnchorSide::kLeftOf)), double(at(AnchorSide::kAbove))};
 }
 
 } // namespace
@@ -71,12 +78,19 @@ void PopoverWindow::place() {
     if (!screen) {
         return;
     }
-    setArrow(arrowAtTop_, arrowX_);
+    // The arrow takes its room before the size is known. What was hidden or shown meanwhile counts.
+    const bool wasUpright = side_ == AnchorSide::kBelow || side_ == AnchorSide::kAbove;
+    if (wasUpright == isBesideWorkArea(anchor_)) {
+        side_ = wasUpright ? AnchorSide::kRightOf : AnchorSide::kBelow;
+    }
+    setArrow(side_, arrow_);
+    layout()->invalidate();
+    layout()->activate();
     const auto size = sizeHint();
     const auto ratio = screen->devicePixelRatio();
     const auto placement =
         placePopover({toNative(size, *screen), kArrowMargin * ratio, kSideMargin * ratio}, anchor_);
-    setArrow(placement.isBelow, qRound(placement.arrowX / ratio));
+    setArrow(placement.side, qRound(placement.arrow / ratio));
     windowHandle()->setScreen(screen);
     place_ = fromNative(placement.frame.origin(), *screen);
     setGeometry({place_, size});
@@ -91,11 +105,10 @@ void PopoverWindow::moveEvent(QMoveEvent* event) {
     }
 }
 
-void PopoverWindow::setArrow(bool atTop, int x) {
-    arrowAtTop_ = atTop;
-    arrowX_ = x;
-    setContentsMargins(kMargin, kMargin + (atTop ? kArrowHeight : 0), kMargin,
-                       kMargin + (atTop ? 0 : kArrowHeight));
+void PopoverWindow::setArrow(AnchorSide side, int position) {
+    side_ = side;
+    arrow_ = position;
+    setContentsMargins((arrowMargins(side) + kMargin).toMargins());
     cutOut();
     update();
 }
@@ -123,19 +136,32 @@ bool PopoverWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 QPainterPath PopoverWindow::outline() const {
-    const QRectF body = QRectF(rect()).adjusted(0, arrowAtTop_ ? kArrowHeight : 0, 0,
-                                                arrowAtTop_ ? 0 : -kArrowHeight);
     QPainterPath bubble;
-    bubble.addRoundedRect(body, kCornerRadius, kCornerRadius);
-    // It reaches into the body, so that no line is left between the two.
-    const double base = arrowAtTop_ ? body.top() + 1 : body.bottom() - 1;
-    const double tip = arrowAtTop_ ? rect().top() : rect().bottom() + 1;
+    bubble.addRoundedRect(QRectF(rect()).marginsRemoved(arrowMargins(side_)), kCornerRadius,
+                          kCornerRadius);
+    // As if the arrow were at the top; then turned to where it is. It reaches into the body, so
+    // that no line is left between the two.
     QPainterPath arrow;
-    arrow.moveTo(arrowX_ - kArrowWidth / 2.0, base);
-    arrow.lineTo(arrowX_, tip);
-    arrow.lineTo(arrowX_ + kArrowWidth / 2.0, base);
+    arrow.moveTo(-kArrowWidth / 2.0, kArrowHeight + 1);
+    arrow.lineTo(0, 0);
+    arrow.lineTo(kArrowWidth / 2.0, kArrowHeight + 1);
     arrow.closeSubpath();
-    return bubble.united(arrow);
+    QTransform turn;
+    switch (side_) {
+    case AnchorSide::kBelow:
+        turn.translate(arrow_, 0);
+        break;
+    case AnchorSide::kAbove:
+        turn.translate(arrow_, height()).rotate(180);
+        break;
+    case AnchorSide::kRightOf:
+        turn.translate(0, arrow_).rotate(-90);
+        break;
+    case AnchorSide::kLeftOf:
+        turn.translate(width(), arrow_).rotate(90);
+        break;
+    }
+    return bubble.united(turn.map(arrow));
 }
 
 void PopoverWindow::paintEvent(QPaintEvent* /*event*/) {

@@ -3,7 +3,7 @@
 #include "desktop/shared/native_key_codes.h"
 #include "desktop/shared/own_windows.h"
 #include "platform/key_event.h"
-#include "ui/popover.h"
+#include "ui/popover_placement.h"
 
 #include <QDialog>
 #include <QPainterPath>
@@ -12,7 +12,7 @@
 
 namespace panewright {
 
-/// A popover as a window without a frame, always light, with an arrow at its top or bottom. It
+/// A popover as a window without a frame, always light, with an arrow at one of its edges. It
 /// takes the keyboard, lets hot keys through and stays open on a click outside.
 class PopoverWindow : public QDialog, public Popover {
     Q_OBJECT
@@ -45,7 +45,7 @@ protected:
 
 private:
     void place();
-    void setArrow(bool atTop, int x);
+    void setArrow(AnchorSide side, int position);
     void cutOut();
     QPainterPath outline() const;
 
@@ -56,8 +56,9 @@ private:
     QPoint place_;
     /// The window manager may still have to be told once more.
     bool mayBeMisplaced_ = false;
-    bool arrowAtTop_ = true;
-    int arrowX_ = 0;
+    AnchorSide side_ = AnchorSide::kBelow;
+    /// The tip along its edge.
+    int arrow_ = 0;
 };
 
 } // namespace panewright

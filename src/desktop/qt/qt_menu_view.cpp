@@ -1,7 +1,9 @@
 #include "desktop/qt/qt_menu_view.h"
 
 #include "desktop/qt/native_geometry.h"
+#include "desktop/qt/visible_boxes.h"
 #include "shortcuts/shortcut_text.h"
+#include "ui/popover_placement.h"
 
 #include <QMenu>
 #include <QWindow>
@@ -48,24 +50,20 @@ void addItem(QMenu& menu, const std::shared_ptr<MenuItem>& item) {
 QtMenuView::QtMenuView() = default;
 QtMenuView::~QtMenuView() = default;
 
-void QtMenuView::popUp(const Menu& menu, const Rect& anchor) {
+void QtMenuView::popUp(const Menu& menu, const PopoverAnchor& anchor) {
     menu_ = std::make_unique<QMenu>();
+    menu_->setStyle(new VisibleBoxes(menu_.get()));
     menu_->setWindowTitle("Panewright menu");
     menu_->setAccessibleName(menu_->windowTitle());
     for (const auto& item : menu.items) {
         addItem(*menu_, item);
     }
-    const auto* screen = screenAt(anchor);
+    const auto* screen = screenAt(anchor.rect.size() == Size{} ? anchor.workArea : anchor.rect);
     if (!screen) {
         return;
     }
-    auto place = fromNative({anchor.x, anchor.y + anchor.height}, *screen);
-    const auto size = menu_->sizeHint();
-    const auto bounds = screen->geometry();
-    if (place.y() + size.height() > bounds.bottom()) {
-        place.setY(fromNative(anchor.origin(), *screen).y() - size.height());
-    }
-    menu_->popup(place);
+    const auto frame = placeMenu(toNative(menu_->sizeHint(), *screen), anchor);
+    menu_->popup(fromNative(frame.origin(), *screen));
     // A key that another connection holds down, such as a hot key, keeps the menu from getting
     // keyboard and pointer, and neither Escape nor a click beside it would close it.
     auto* window = menu_->windowHandle();

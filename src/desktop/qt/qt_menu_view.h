@@ -14,7 +14,7 @@ public:
     QtMenuView();
     ~QtMenuView() override;
 
-    void popUp(const Menu& menu, const Rect& anchor) override;
+    void popUp(const Menu& menu, const PopoverAnchor& anchor) override;
 
 private:
     std::unique_ptr<QMenu> menu_;

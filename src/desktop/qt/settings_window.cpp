@@ -3,8 +3,10 @@
 #include "desktop/qt/program_icon.h"
 #include "desktop/qt/shortcut_recorder_widget.h"
 #include "desktop/qt/shortcut_remark_label.h"
+#include "desktop/qt/visible_boxes.h"
 
 #include <QCheckBox>
+#include <QEvent>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -18,6 +20,13 @@ namespace {
 constexpr int kMargin = 18;
 constexpr int kSpacing = 12;
 
+/// Text that stands back and can still be read.
+QPalette mutedText(QPalette palette) {
+    palette.setColor(QPalette::WindowText, between(palette.color(QPalette::Window),
+                                                   palette.color(QPalette::WindowText), 0.7));
+    return palette;
+}
+
 } // namespace
 
 SettingsWindow::SettingsWindow(Settings& settings, const NativeKeyCodes& keyCodes)
@@ -29,9 +38,29 @@ SettingsWindow::SettingsWindow(Settings& settings, const NativeKeyCodes& keyCode
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     layout->setSpacing(kSpacing);
     layout->setSizeConstraint(QLayout::SetFixedSize);
+    addSaving(*layout);
     addShortcut(*layout, keyCodes);
     addOptions(*layout);
     addFooter(*layout);
+    suitTheme();
+}
+
+void SettingsWindow::suitTheme() {
+    version_->setPalette(mutedText(palette()));
+}
+
+void SettingsWindow::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && version_) {
+        suitTheme();
+    }
+}
+
+void SettingsWindow::addSaving(QVBoxLayout& layout) {
+    save_ = new QPushButton(tr("&Save Current Window…"));
+    save_->setAutoDefault(false);
+    connect(save_, &QPushButton::clicked, this, [this] { settings_.saveWindowPosition(); });
+    layout.addWidget(save_, 0, Qt::AlignLeft);
 }
 
 void SettingsWindow::addShortcut(QVBoxLayout& layout, const NativeKeyCodes& keyCodes) {
@@ -48,19 +77,18 @@ void SettingsWindow::addOptions(QVBoxLayout& layout) {
     allowMoveWindow_ =
         new QCheckBox(tr("A shortcut &pressed again moves the window to the next display"));
     startupItem_ = new QCheckBox(tr("Start at &login"));
+    for (auto* box : {allowMoveWindow_, startupItem_}) {
+        box->setStyle(new VisibleBoxes(box));
+    }
     auto* restore = new QPushButton(tr("&Restore Built-in States"));
     restore->setAutoDefault(false); // Return presses nothing
     restore->setToolTip(tr("Puts the four built-in states back as they were at first. "
                            "Your own states stay."));
-    save_ = new QPushButton(tr("&Save Current Window…"));
-    save_->setAutoDefault(false);
-    connect(save_, &QPushButton::clicked, this, [this] { settings_.saveWindowPosition(); });
     connect(allowMoveWindow_, &QCheckBox::clicked, this,
             [this] { settings_.allowStateShortuctMoveWindow(); });
     connect(startupItem_, &QCheckBox::clicked, this, [this] { settings_.startupItem(); });
     connect(restore, &QPushButton::clicked, this,
             [this] { settings_.restoreDefaultWindowStates(); });
-    layout.addWidget(save_, 0, Qt::AlignLeft);
     layout.addWidget(allowMoveWindow_);
     layout.addWidget(startupItem_);
     layout.addWidget(restore, 0, Qt::AlignLeft);
@@ -75,7 +103,6 @@ void SettingsWindow::addFooter(QVBoxLayout& layout) {
         footer->addWidget(link);
     };
     version_ = new QLabel;
-    version_->setEnabled(false);
     footer->setSpacing(kSpacing);
     footer->addWidget(version_);
     footer->addStretch();

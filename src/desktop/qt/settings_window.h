@@ -30,7 +30,13 @@ public:
     void setShortcutRemark(const std::string& text) override;
     void setSavingShown(bool isShown) override;
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    /// Colours that the theme does not give.
+    void suitTheme();
+    void addSaving(QVBoxLayout& layout);
     void addShortcut(QVBoxLayout& layout, const NativeKeyCodes& keyCodes);
     void addOptions(QVBoxLayout& layout);
     void addFooter(QVBoxLayout& layout);
