@@ -5,7 +5,7 @@
 
 namespace panewright {
 
-/// Key names from the X server's keyboard mapping: its first layout that types ASCII.
+/// Key names from the X server's keyboard mapping: the layout of XkbKeymap::asciiLayout().
 class XkbKeyboardLayout : public KeyboardLayout {
 public:
     explicit XkbKeyboardLayout(XkbKeymap& keymap) : keymap_(keymap) {}
