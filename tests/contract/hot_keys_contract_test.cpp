@@ -139,6 +139,45 @@ TEST_P(HotKeysContract, TellWhetherAnotherProgramHoldsAKey) {
 INSTANTIATE_TEST_SUITE_P(Everywhere, HotKeysContract, testing::Values("memory", "X11"),
                          [](const auto& keys) { return std::string(keys.param); });
 
+TEST(X11HotKeys, TakeNoKeyEventThatAnotherProgramMakesUp) {
+    X11Rig rig;
+    int presses = 0;
+    const auto count = [](const HotKeyEvent&, void* counted) {
+        ++*static_cast<int*>(counted);
+        return kNoError;
+    };
+    rig.ports->hotKeys.installHandler(kPressed, count, &presses);
+    rig.ports->hotKeys.registerHotKey(18, kOption, {0, 1});
+    rig.loop.runPending();
+    const auto& x = rig.desktop.x();
+    const test::ReplyPointer<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(x.connection(), xcb_query_tree(x.connection(), x.root()), nullptr));
+    const auto forge = [&](std::uint8_t type) {
+        xcb_key_press_event_t event{};
+        event.response_type = type;
+        event.detail = test::Keyboard::keycode(KEY_1);
+        event.state = XCB_MOD_MASK_1;
+        event.root = x.root();
+        for (int i = 0; i < tree->children_len; ++i) { // without a mask it goes to the owner
+            xcb_send_event(x.connection(), 0, xcb_query_tree_children(tree.get())[i], 0,
+                           reinterpret_cast<const char*>(&event));
+        }
+        x.synchronize();
+        rig.loop.runPending();
+    };
+    forge(XCB_KEY_PRESS);
+    EXPECT_EQ(presses, 0);
+    rig.desktop.keyboard().press(KEY_LEFTALT);
+    rig.desktop.keyboard().press(KEY_1);
+    EXPECT_TRUE(rig.eventually([&] { return presses == 1; }));
+    forge(XCB_KEY_RELEASE);
+    rig.desktop.keyboard().press(KEY_1); // repeats
+    rig.loop.runPending();
+    EXPECT_EQ(presses, 1);
+    rig.desktop.keyboard().release(KEY_1);
+    rig.desktop.keyboard().release(KEY_LEFTALT);
+}
+
 class KeyboardLayoutContract : public DesktopContract {};
 
 TEST_P(KeyboardLayoutContract, NamesKeysByTheLayoutThatIsLaid) {
@@ -157,6 +196,36 @@ TEST_P(KeyboardLayoutContract, NamesKeysByTheLayoutThatIsLaid) {
                 << keyCode;
         }
         EXPECT_EQ(ports_.keyboardLayout.displayText(127), "");
+    }
+}
+
+TEST(XkbKeyboardLayout, NamesKeysByTheLayoutThatIsSwitchedToIfItTypesAscii) {
+    X11Rig rig;
+    // The key of Y types z on a German keyboard, that of A q on a French one.
+    const struct {
+        const char* layouts; // laid anew, of which the one with the same number is active
+        int switches;        // to the next layout
+        std::string keyOfY;
+        std::string keyOfA;
+    } cases[] = {
+        {"us,de", 0, "y", "a"},        {"us,de", 1, "z", "a"},       {"us,de", 0, "z", "a"},
+        {"us,de", 1, "y", "a"},        {"us,fr,ru,de", 0, "y", "a"}, {"us,fr,ru,de", 1, "y", "q"},
+        {"us,fr,ru,de", 1, "y", "q"}, // now Russian, and French before
+        {"de,us,ru,fr", 0, "y", "q"},  {"de,us,ru,fr", 2, "z", "a"}, // French, German
+        {"ru", 0, "\u043D", "\u0444"}, {"ru,de", 0, "z", "a"},
+    };
+    rig.desktop.run({"setxkbmap", "-option", "grp:rctrl_toggle"});
+    for (const auto& test : cases) {
+        SCOPED_TRACE(testing::Message() << test.layouts << " " << test.switches);
+        rig.desktop.run({"setxkbmap", "-layout", test.layouts});
+        for (int i = 0; i < test.switches; ++i) {
+            rig.desktop.keyboard().tap(KEY_RIGHTCTRL);
+        }
+        const auto& names = rig.ports->keyboardLayout;
+        EXPECT_TRUE(rig.eventually([&] {
+            return names.displayText(16) == test.keyOfY && names.displayText(0) == test.keyOfA;
+        })) << names.displayText(16)
+            << names.displayText(0);
     }
 }
 
