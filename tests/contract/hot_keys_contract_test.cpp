@@ -2,6 +2,7 @@
 
 #include "contract/x11_rig.h"
 #include "desktop/linux/evdev_key_codes.h"
+#include "support/captured_log.h"
 
 #include <gmock/gmock.h>
 #include <linux/input-event-codes.h>
@@ -14,6 +15,7 @@ using testing::IsEmpty;
 
 constexpr std::uint32_t kOption = 0x800;
 constexpr std::uint32_t kShift = 0x200;
+constexpr std::uint32_t kControl = 0x1000;
 constexpr EventTypeSpec kPressed{kEventClassKeyboard, kEventHotKeyPressed};
 
 class HotKeysContract : public DesktopContract {
@@ -176,6 +178,45 @@ TEST(X11HotKeys, TakeNoKeyEventThatAnotherProgramMakesUp) {
     EXPECT_EQ(presses, 1);
     rig.desktop.keyboard().release(KEY_1);
     rig.desktop.keyboard().release(KEY_LEFTALT);
+}
+
+TEST(X11HotKeys, SayOnceInTheLogWhichOnesAnotherProgramHolds) {
+    X11Rig rig;
+    auto& port = rig.ports->hotKeys;
+    const auto& x = rig.desktop.x();
+    for (const int key : {KEY_2, KEY_F5}) {
+        x.grabKey(XCB_MOD_MASK_1, test::Keyboard::keycode(static_cast<std::uint16_t>(key)));
+        x.grabKey(XCB_MOD_MASK_1 | XCB_MOD_MASK_CONTROL,
+                  test::Keyboard::keycode(static_cast<std::uint16_t>(key)));
+    }
+    CapturedLog log;
+    std::vector<HotKeyRef> refs;
+    const auto registerAll = [&] {
+        for (const auto ref : std::exchange(refs, {})) {
+            port.unregisterHotKey(ref);
+            rig.loop.runPending();
+        }
+        for (const std::uint32_t keyCode : {18, 19, 0, 96}) { // 1, 2, A, F5
+            refs.push_back(port.registerHotKey(keyCode, kOption, {}).ref);
+        }
+        refs.push_back(port.registerHotKey(96, kOption | kControl, {}).ref);
+        rig.loop.runPending();
+        return log.take();
+    };
+    EXPECT_THAT(registerAll(),
+                ElementsAre("another program holds Alt+2", "another program holds Alt+F5",
+                            "another program holds Ctrl+Alt+F5"));
+    EXPECT_THAT(registerAll(), IsEmpty());
+    const auto two = test::Keyboard::keycode(KEY_2);
+    xcb_ungrab_key(x.connection(), two, x.root(), XCB_MOD_MASK_1);
+    x.synchronize();
+    EXPECT_THAT(registerAll(), IsEmpty());
+    for (const auto ref : refs) {
+        port.unregisterHotKey(ref);
+    }
+    rig.loop.runPending();
+    EXPECT_TRUE(rig.eventually([&] { return x.grabKey(XCB_MOD_MASK_1, two); }));
+    EXPECT_THAT(registerAll(), ElementsAre("another program holds Alt+2"));
 }
 
 class KeyboardLayoutContract : public DesktopContract {};
