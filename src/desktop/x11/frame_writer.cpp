@@ -51,6 +51,9 @@ FrameWriter::FrameWriter(XConnection& connection, WindowManager& manager,
       events_(connection.onEvent([this](const auto& event) { handle(event); })),
       managerChanges_(manager.onChange([this] {
           fence_.giveUp();
+          for (auto& [window, job] : jobs_) {
+              job.phase = Phase::kQueued; // what the manager before was asked for may be lost
+          }
           advanceAllSoon();
       })) {}
 
