@@ -196,10 +196,11 @@ bool FrameWriter::placeWhereItStands(xcb_window_t window, Job& job, Phase phase)
     return true;
 }
 
-void FrameWriter::place(xcb_window_t window, const Job& job, const WindowGeometry& geometry) {
+void FrameWriter::place(xcb_window_t window, Job& job, const WindowGeometry& geometry) {
     const auto gravity = job.gravity;
     Rect frame = geometry.frame();
     const Rect asked = askedFrame(job, frame);
+    job.stoodThere = frame == asked;
     for (const auto part : job.writes) {
         if (part == Part::kPosition) {
             frame = makeRect(asked.origin(), frame.size());
@@ -289,7 +290,7 @@ bool FrameWriter::hasAnswered(xcb_window_t window, const Job& job) {
     }
     const auto geometry = readGeometry(connection_, manager_, window);
     return !geometry || waited >= kUnfencedPatience ||
-           (job.phase != Phase::kLeavingStates &&
+           (job.phase != Phase::kLeavingStates && !job.stoodThere &&
             geometry->frame() == askedFrame(job, geometry->frame()));
 }
 

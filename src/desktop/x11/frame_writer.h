@@ -70,6 +70,9 @@ private:
         Phase phase = Phase::kQueued;
         ManagerFence::Id fence = 0;
         Clock::time_point asked;
+        /// Whether the window was where it was asked to be, as one that leaves the maximised state
+        /// may be for a moment: then that it is there does not tell that the manager has finished.
+        bool stoodThere = false;
         Registration timer;
         Registration selection;
     };
@@ -89,7 +92,7 @@ private:
     bool advance(xcb_window_t window, Job& job);
     bool start(xcb_window_t window, Job& job);
     bool placeWhereItStands(xcb_window_t window, Job& job, Phase phase);
-    void place(xcb_window_t window, const Job& job, const WindowGeometry& geometry);
+    void place(xcb_window_t window, Job& job, const WindowGeometry& geometry);
     void askForPosition(xcb_window_t window, const Rect& client, const WindowGeometry& geometry,
                         std::uint32_t gravity);
     void askForSize(xcb_window_t window, const Rect& client, const WindowGeometry& geometry,
