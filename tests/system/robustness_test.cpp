@@ -131,9 +131,13 @@ TEST_F(Robustness, FollowsAWindowManagerThatDiesAndIsStartedAgain) {
         client_.activate();
         expectMove(0, client_);
     });
-    desktop_.manageWith("i3"); // takes over
-    client_.activate();
-    expectMove(1, client_);
+    int turn = 1;
+    for (const char* successor : {"i3", "marco", "xfwm4", "openbox"}) { // takes over
+        SCOPED_TRACE(successor);
+        desktop_.manageWith(successor);
+        client_.activate();
+        expectMove(turn++, client_);
+    }
 }
 
 TEST_F(Robustness, FollowsDisplaysThatAreRedefined) {

@@ -1,3 +1,4 @@
+#include "support/panel.h"
 #include "system/program.h"
 
 #include <thread>
@@ -58,6 +59,20 @@ TEST_F(SeveralDisplays, AreGoneThroughByAWindowOfWholeCellsToo) {
     cells.activate();
     expectAfter(KEY_4, {175, 140, 642, 505}, desktop_, cells.window());
     expectAfter(KEY_4, {1240, 135, 882, 485}, desktop_, cells.window());
+}
+
+TEST_F(SeveralDisplays, AreFilledAsFarAsAPanelOnOneOfThemLetsThem) {
+    writeSettings("AllowMoveWindow=true\n");
+    const Panel panel(desktop_.display(), {1000, 0, 1366, 100},
+                      {0, 0, 100, 0, 0, 0, 0, 0, 1000, 2365});
+    const Program program(desktop_);
+    for (int round = 0; round < 2; ++round) {
+        expectMove(KEY_1, {0, 0, 1000, 800});
+        expectMove(KEY_1, {1000, 100, 1366, 668});
+        expectMove(KEY_1, {2366, 100, 640, 480}); // it counted as full on the one before
+        expectMove(KEY_4, kSmallOnThird);
+        expectMove(KEY_4, kSmallOnFirst);
+    }
 }
 
 TEST_F(SeveralDisplays, MayBeUnpluggedBetweenTwoPressesAndDuringOne) {

@@ -1,3 +1,4 @@
+#include "support/panel.h"
 #include "system/program.h"
 
 #include <csignal>
@@ -155,6 +156,34 @@ TEST_P(WindowManagers, PlaceWindowsWithLimitsAsFarAsTheyGo) {
     const TestClient ownFrame(desktop_.display(), {.gtkFrameExtents = {{20, 21, 22, 23}}});
     ownFrame.activate();
     expectFrames(ownFrame.window(), GetParam().withShadow);
+}
+
+TEST_P(WindowManagers, FitWhatCoversTheDisplayBesideAPanelAndNothingElse) {
+    const struct {
+        const char* edge;
+        Frame panel;
+        Strut strut;
+        Frame rest;
+    } cases[] = {
+        {"top", {0, 0, 1600, 70}, {0, 0, 70, 0, 0, 0, 0, 0, 0, 1599}, {0, 70, 1600, 830}},
+        {"bottom", {0, 830, 1600, 70}, {0, 0, 0, 70, 0, 0, 0, 0, 0, 0, 0, 1599}, {0, 0, 1600, 830}},
+        {"left", {0, 0, 70, 900}, {70, 0, 0, 0, 0, 899}, {70, 0, 1530, 900}},
+        {"right", {1530, 0, 70, 900}, {0, 70, 0, 0, 0, 0, 0, 899}, {0, 0, 1530, 900}},
+    };
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.edge);
+        const Panel panel(desktop_.display(), test.panel, test.strut);
+        // The program hears of it a moment after it has come.
+        const auto fits = [&] {
+            desktop_.keyboard().tap(KEY_LEFTALT, KEY_4);
+            desktop_.keyboard().tap(KEY_LEFTALT, KEY_1);
+            return frameOnceItIs(test.rest, desktop_.x(), first_.window(),
+                                 std::chrono::milliseconds(200)) == test.rest;
+        };
+        EXPECT_TRUE(eventually(fits))
+            << testing::PrintToString(outerFrame(desktop_.x(), first_.window()));
+        expectAfter(KEY_4, kSmall, desktop_, first_.window());
+    }
 }
 
 TEST_P(WindowManagers, PlaceTheWindowsOfToolkits) {

@@ -12,6 +12,11 @@ namespace panewright {
 
 namespace {
 
+using namespace std::chrono_literals;
+
+/// How long a manager that takes over may name no active window and have the one that is unmapped.
+constexpr auto kLongestTakeover = 1s;
+
 bool isOurs(const std::optional<RunningApplication>& application) {
     return application && application->processIdentifier == getpid();
 }
@@ -26,7 +31,10 @@ ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager,
                                                                     XCB_EVENT_MASK_FOCUS_CHANGE)),
       arrivals_(connection.onArrival([this](const auto& event) { noteArrival(event); })),
       events_(connection.onEvent([this](const auto& event) { handle(event); })),
-      managerChanges_(manager.onChange([this] { update(); })) {
+      managerChanges_(manager.onChange([this] {
+          takeoverEnds_ = Clock::now() + kLongestTakeover;
+          update();
+      })) {
     update();
 }
 
@@ -38,7 +46,7 @@ std::optional<xcb_window_t> ActiveWindows::focusedWindowOf(ProcessId pid) {
         if (window.kind != Kind::kOrdinary) {
             return std::nullopt;
         }
-        if (isShown(window.window)) {
+        if (window.window == named_ || isShown(window.window)) {
             return window.window;
         }
     }
@@ -91,12 +99,16 @@ void ActiveWindows::handle(const xcb_generic_event_t& event) {
         const auto gone = reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window;
         std::erase_if(windows_, [gone](const Window& window) { return window.window == gone; });
         active_ = active_ == gone ? kNoWindow : active_;
+        named_ = named_ == gone ? kNoWindow : named_;
         beforeOurs_ = beforeOurs_ == gone ? kNoWindow : beforeOurs_;
     }
 }
 
 void ActiveWindows::update() {
     const auto active = readActiveWindow();
+    if (active != kNoWindow || Clock::now() >= takeoverEnds_) {
+        named_ = active;
+    }
     if (active == kNoWindow) {
         return;
     }

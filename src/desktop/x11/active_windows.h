@@ -6,6 +6,7 @@
 #include "desktop/x11/x_connection.h"
 #include "platform/workspace.h"
 
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -29,8 +30,8 @@ public:
     /// when the event of a change comes, which may be after a key press that it was made for.
     void update();
 
-    /// The application's last active window that is still shown; nil if there is none, or the
-    /// desktop or a dock of it is active.
+    /// The application's last active window that is still active or shown; nil if there is none, or
+    /// the desktop or a dock of it is active.
     std::optional<xcb_window_t> focusedWindowOf(ProcessId pid);
 
     /// The windows of the process that the manager shows, the newest last (EWMH,
@@ -70,6 +71,7 @@ public:
     }
 
 private:
+    using Clock = std::chrono::steady_clock;
     enum class Kind { kOrdinary, kDesktop, kDock };
     struct Window {
         xcb_window_t window = kNoWindow;
@@ -93,6 +95,10 @@ private:
     std::vector<Window> windows_;
     /// The last active one, unless it is gone.
     xcb_window_t active_ = kNoWindow;
+    /// The one that the server named as active when it was asked last; while a manager takes over,
+    /// the last one named. It counts as shown: it may be unmapped for a moment then.
+    xcb_window_t named_ = kNoWindow;
+    Clock::time_point takeoverEnds_;
     /// The last active one of another program when one of ours became active, unless it is gone.
     xcb_window_t beforeOurs_ = kNoWindow;
     std::optional<RunningApplication> frontmost_;

@@ -79,6 +79,9 @@ void ClientIdentity::identify(RunningApplication& application, const std::string
         application.bundleIdentifier = name;
         application.localizedName = name;
     }
+    if (application.bundleIdentifier == ownBundleIdentifier_) {
+        application.bundleIdentifier.reset(); // it only says so
+    }
 }
 
 std::vector<xcb_window_t> ClientIdentity::windowsOf(ProcessId pid,

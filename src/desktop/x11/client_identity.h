@@ -13,7 +13,7 @@ namespace panewright {
 /// Tells which application a client window belongs to.
 class ClientIdentity {
 public:
-    /// Windows of this process belong to the application `ownBundleIdentifier`.
+    /// Windows of this process, and no others, belong to the application `ownBundleIdentifier`.
     ClientIdentity(XConnection& connection, std::string ownBundleIdentifier);
 
     /// The application is known by its desktop entry; without one, by its window class. A window

@@ -29,6 +29,12 @@ bool isNear(const Rect& a, const Rect& b) {
            near(a.y + a.height, b.y + b.height);
 }
 
+bool covers(const Rect& outer, const Rect& inner) {
+    return outer.x <= inner.x && outer.y <= inner.y &&
+           outer.x + outer.width >= inner.x + inner.width &&
+           outer.y + outer.height >= inner.y + inner.height;
+}
+
 } // namespace
 
 Point roundedPosition(Point position) {
@@ -47,6 +53,19 @@ bool isExpressible(Point position) {
 bool isExpressible(Size size) {
     return isWithin(size.width, -kLargestCoordinate, kLargestCoordinate) &&
            isWithin(size.height, -kLargestCoordinate, kLargestCoordinate);
+}
+
+Rect frameToAsk(const Rect& written, const std::vector<DisplayArea>& displays) {
+    const auto covered = std::ranges::find_if(displays, [&](const DisplayArea& display) {
+        return display.workArea != display.bounds && covers(written, display.bounds);
+    });
+    if (covered == displays.end()) {
+        return written;
+    }
+    const bool reachesOther = std::ranges::any_of(displays, [&](const DisplayArea& display) {
+        return display.bounds != covered->bounds && intersects(written, display.bounds);
+    });
+    return reachesOther ? written : covered->workArea;
 }
 
 PositionRequest positionRequest(const Rect& client, const Extents& decoration,
@@ -76,7 +95,7 @@ PositionRequest positionRequest(const Rect& client, const Extents& decoration,
 
 Rect frameToReport(const Rect& trueFrame, const std::optional<SettledFrame>& memory) {
     const bool stands = memory && memory->settled == trueFrame;
-    return stands && isNear(memory->settled, memory->written) ? memory->written : trueFrame;
+    return stands && isNear(memory->settled, memory->asked) ? memory->written : trueFrame;
 }
 
 } // namespace panewright

@@ -44,11 +44,16 @@ void leaveBlockingStates(XConnection& connection, xcb_window_t window, const Ewm
 
 } // namespace
 
-FrameWriter::FrameWriter(XConnection& connection, WindowManager& manager, MainLoop& mainLoop)
-    : connection_(connection), manager_(manager), mainLoop_(mainLoop), fence_(connection, manager),
+FrameWriter::FrameWriter(XConnection& connection, WindowManager& manager,
+                         const X11WorkAreas& workAreas, MainLoop& mainLoop)
+    : connection_(connection), manager_(manager), workAreas_(workAreas), mainLoop_(mainLoop),
+      fence_(connection, manager),
       events_(connection.onEvent([this](const auto& event) { handle(event); })),
       managerChanges_(manager.onChange([this] {
           fence_.giveUp();
+          for (auto& [window, job] : jobs_) {
+              job.phase = Phase::kQueued; // what the manager before was asked for may be lost
+          }
           advanceAllSoon();
       })) {}
 
@@ -56,7 +61,7 @@ bool FrameWriter::writePosition(xcb_window_t window, Point position) {
     if (!isExpressible(position)) {
         return false;
     }
-    write(window, position);
+    queuedJob(window, Part::kPosition).position = position;
     return true;
 }
 
@@ -64,22 +69,19 @@ bool FrameWriter::writeSize(xcb_window_t window, Size size) {
     if (!isExpressible(size)) {
         return false;
     }
-    write(window, Size{std::max(1.0, size.width), std::max(1.0, size.height)});
+    queuedJob(window, Part::kSize).size =
+        Size{std::max(1.0, size.width), std::max(1.0, size.height)};
     return true;
 }
 
-void FrameWriter::write(xcb_window_t window, const Write& value) {
+FrameWriter::Job& FrameWriter::queuedJob(xcb_window_t window, Part part) {
     auto& job = jobs_[window];
     if (job.phase != Phase::kQueued) {
         job = Job{}; // what was asked for before is overtaken
     }
-    job.writes.push_back(value);
-    if (const auto* position = std::get_if<Point>(&value)) {
-        job.position = *position;
-    } else {
-        job.size = std::get<Size>(value);
-    }
+    job.writes.push_back(part);
     advanceAllSoon();
+    return job;
 }
 
 void FrameWriter::settle(xcb_window_t window, Clock::time_point deadline) {
@@ -194,15 +196,17 @@ bool FrameWriter::placeWhereItStands(xcb_window_t window, Job& job, Phase phase)
     return true;
 }
 
-void FrameWriter::place(xcb_window_t window, const Job& job, const WindowGeometry& geometry) {
+void FrameWriter::place(xcb_window_t window, Job& job, const WindowGeometry& geometry) {
     const auto gravity = job.gravity;
     Rect frame = geometry.frame();
-    for (const auto& write : job.writes) {
-        if (const auto* position = std::get_if<Point>(&write)) {
-            frame = makeRect(roundedPosition(*position), frame.size());
+    const Rect asked = askedFrame(job, frame);
+    job.stoodThere = frame == asked;
+    for (const auto part : job.writes) {
+        if (part == Part::kPosition) {
+            frame = makeRect(asked.origin(), frame.size());
             askForPosition(window, geometry.clientOf(frame), geometry, gravity);
         } else {
-            frame = makeRect(frame.origin(), roundedSize(std::get<Size>(write)));
+            frame = makeRect(frame.origin(), asked.size());
             askForSize(window, geometry.clientOf(frame), geometry, gravity);
         }
     }
@@ -252,10 +256,11 @@ bool FrameWriter::verify(xcb_window_t window, Job& job) {
     if (!geometry) {
         return false;
     }
-    const bool asAsked = geometry->frame() == expectedFrame(job, *geometry);
+    const Rect frame = geometry->frame();
+    const bool asAsked = frame == askedFrame(job, frame);
     const auto states = readEwmhStates(connection_, window);
     if (asAsked || job.phase == Phase::kRepairing || states.blocksPlacing() || states.fullScreen) {
-        remember(window, job, geometry->frame());
+        remember(window, job, frame);
         return false;
     }
     if (manager_.name() == "KWin") {
@@ -285,8 +290,8 @@ bool FrameWriter::hasAnswered(xcb_window_t window, const Job& job) {
     }
     const auto geometry = readGeometry(connection_, manager_, window);
     return !geometry || waited >= kUnfencedPatience ||
-           (job.phase != Phase::kLeavingStates &&
-            geometry->frame() == expectedFrame(job, *geometry));
+           (job.phase != Phase::kLeavingStates && !job.stoodThere &&
+            geometry->frame() == askedFrame(job, geometry->frame()));
 }
 
 void FrameWriter::ask(Job& job, Phase phase) {
@@ -300,17 +305,17 @@ void FrameWriter::ask(Job& job, Phase phase) {
     connection_.flush();
 }
 
-Rect FrameWriter::expectedFrame(const Job& job, const WindowGeometry& geometry) const {
-    const Rect frame = geometry.frame();
-    return makeRect(job.position ? roundedPosition(*job.position) : frame.origin(),
-                    job.size ? roundedSize(*job.size) : frame.size());
+Rect FrameWriter::askedFrame(const Job& job, const Rect& frame) const {
+    const Rect written = makeRect(job.position ? roundedPosition(*job.position) : frame.origin(),
+                                  job.size ? roundedSize(*job.size) : frame.size());
+    return job.position && job.size ? frameToAsk(written, workAreas_.all()) : written;
 }
 
 void FrameWriter::remember(xcb_window_t window, const Job& job, const Rect& frame) {
     const Rect written = makeRect(job.position ? roundedPosition(*job.position) : frame.origin(),
                                   job.size ? *job.size : frame.size());
     auto& memory = memories_[window];
-    memory.frame = {written, frame};
+    memory.frame = {written, askedFrame(job, frame), frame};
     if (!memory.selection) {
         memory.selection = connection_.selectEvents(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     }

@@ -7,12 +7,12 @@
 #include "desktop/x11/manager_fence.h"
 #include "desktop/x11/window_geometry.h"
 #include "desktop/x11/window_manager.h"
+#include "desktop/x11/x11_work_areas.h"
 #include "desktop/x11/x_connection.h"
 
 #include <chrono>
 #include <map>
 #include <optional>
-#include <variant>
 #include <vector>
 
 namespace panewright {
@@ -23,12 +23,15 @@ namespace panewright {
 /// window that is maximised, tiled or shaded is taken out of that state first; when the manager has
 /// done what it was asked, the frame is read, and asked for once more if it is another one. What
 /// then stands is what the manager or the window made of it.
+///
+/// A frame that covers a whole display is asked for as the display's work area.
 class FrameWriter {
 public:
     /// How long anybody waits for a manager.
     static constexpr std::chrono::milliseconds kPatience{500};
 
-    FrameWriter(XConnection& connection, WindowManager& manager, MainLoop& mainLoop);
+    FrameWriter(XConnection& connection, WindowManager& manager, const X11WorkAreas& workAreas,
+                MainLoop& mainLoop);
 
     /// False, and nothing is written, for what X cannot express.
     bool writePosition(xcb_window_t window, Point position);
@@ -52,12 +55,13 @@ public:
     }
 
 private:
-    using Write = std::variant<Point, Size>;
+    enum class Part { kPosition, kSize };
     using Clock = std::chrono::steady_clock;
     enum class Phase { kQueued, kLeavingStates, kPlacing, kRepairing };
 
     struct Job {
-        std::vector<Write> writes;
+        /// In the order of writing.
+        std::vector<Part> writes;
         /// As written; what was not written is what the window had.
         std::optional<Point> position;
         std::optional<Size> size;
@@ -66,6 +70,9 @@ private:
         Phase phase = Phase::kQueued;
         ManagerFence::Id fence = 0;
         Clock::time_point asked;
+        /// Whether the window was where it was asked to be, as one that leaves the maximised state
+        /// may be for a moment: then that it is there does not tell that the manager has finished.
+        bool stoodThere = false;
         Registration timer;
         Registration selection;
     };
@@ -75,7 +82,8 @@ private:
         Registration selection;
     };
 
-    void write(xcb_window_t window, const Write& value);
+    /// Where the next write to the window is put.
+    Job& queuedJob(xcb_window_t window, Part part);
     void settle(xcb_window_t window, Clock::time_point deadline);
     void giveUp(xcb_window_t window, Job& job);
     void advanceAllSoon();
@@ -84,7 +92,7 @@ private:
     bool advance(xcb_window_t window, Job& job);
     bool start(xcb_window_t window, Job& job);
     bool placeWhereItStands(xcb_window_t window, Job& job, Phase phase);
-    void place(xcb_window_t window, const Job& job, const WindowGeometry& geometry);
+    void place(xcb_window_t window, Job& job, const WindowGeometry& geometry);
     void askForPosition(xcb_window_t window, const Rect& client, const WindowGeometry& geometry,
                         std::uint32_t gravity);
     void askForSize(xcb_window_t window, const Rect& client, const WindowGeometry& geometry,
@@ -92,13 +100,15 @@ private:
     bool verify(xcb_window_t window, Job& job);
     bool hasAnswered(xcb_window_t window, const Job& job);
     void ask(Job& job, Phase phase);
-    Rect expectedFrame(const Job& job, const WindowGeometry& geometry) const;
+    /// What to ask for, as the window stands now.
+    Rect askedFrame(const Job& job, const Rect& frame) const;
     void remember(xcb_window_t window, const Job& job, const Rect& frame);
     void finish(xcb_window_t window);
     void handle(const xcb_generic_event_t& event);
 
     XConnection& connection_;
     WindowManager& manager_;
+    const X11WorkAreas& workAreas_;
     MainLoop& mainLoop_;
     ManagerFence fence_;
     std::map<xcb_window_t, Job> jobs_;

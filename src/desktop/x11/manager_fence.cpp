@@ -13,8 +13,10 @@ ManagerFence::ManagerFence(XConnection& connection, WindowManager& manager)
 }
 
 bool ManagerFence::isReliable() {
-    return manager_.supports(connection_.atoms()._NET_REQUEST_FRAME_EXTENTS) &&
-           manager_.name() != "KWin";
+    // i3 answers without saying that it does.
+    return manager_.name() == "i3" ||
+           (manager_.supports(connection_.atoms()._NET_REQUEST_FRAME_EXTENTS) &&
+            manager_.name() != "KWin");
 }
 
 ManagerFence::Id ManagerFence::send() {

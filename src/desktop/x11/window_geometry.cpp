@@ -25,24 +25,35 @@ Extents extentsBetween(const Rect& inner, const Rect& outer) {
             static_cast<std::int32_t>(outer.y + outer.height - inner.y - inner.height)};
 }
 
-/// The window with its border, in root coordinates.
-std::optional<Rect> borderedRect(XConnection& connection, xcb_window_t window,
-                                 std::int32_t* border = nullptr) {
-    const auto geometry = xcb_get_geometry(connection, window);
-    const auto origin = xcb_translate_coordinates(connection, window, connection.root(), 0, 0);
-    const auto size = connection.reply(xcb_get_geometry_reply, geometry);
-    const auto at = connection.reply(xcb_translate_coordinates_reply, origin);
-    if (!size || !at) {
-        return std::nullopt;
+/// The window with its border, in root coordinates; asked for when this is made. What is asked of
+/// two windows in one go is hardly ever answered with a move between.
+class BorderedRectRequest {
+public:
+    BorderedRectRequest(XConnection& connection, xcb_window_t window)
+        : connection_(connection), geometry_(xcb_get_geometry(connection, window)),
+          origin_(xcb_translate_coordinates(connection, window, connection.root(), 0, 0)) {}
+
+    /// Once. Nil for a window that is gone.
+    std::optional<Rect> take(std::int32_t* border = nullptr) {
+        const auto size = connection_.reply(xcb_get_geometry_reply, geometry_);
+        const auto at = connection_.reply(xcb_translate_coordinates_reply, origin_);
+        if (!size || !at) {
+            return std::nullopt;
+        }
+        const std::int32_t around = size->border_width;
+        if (border) {
+            *border = around;
+        }
+        return grownBy({static_cast<double>(at->dst_x), static_cast<double>(at->dst_y),
+                        static_cast<double>(size->width), static_cast<double>(size->height)},
+                       {around, around, around, around});
     }
-    const std::int32_t around = size->border_width;
-    if (border) {
-        *border = around;
-    }
-    return grownBy({static_cast<double>(at->dst_x), static_cast<double>(at->dst_y),
-                    static_cast<double>(size->width), static_cast<double>(size->height)},
-                   {around, around, around, around});
-}
+
+private:
+    XConnection& connection_;
+    xcb_get_geometry_cookie_t geometry_;
+    xcb_translate_coordinates_cookie_t origin_;
+};
 
 } // namespace
 
@@ -59,10 +70,14 @@ std::optional<WindowGeometry> readGeometry(XConnection& connection, WindowManage
                                            xcb_window_t window) {
     const auto& atoms = connection.atoms();
     const bool managerTells = manager.supports(atoms._NET_FRAME_EXTENTS);
+    const auto ancestor = managerTells ? std::nullopt : outermostAncestor(connection, window);
     XPropertyRequest decoration(connection, window, atoms._NET_FRAME_EXTENTS);
     XPropertyRequest shadow(connection, window, atoms._GTK_FRAME_EXTENTS);
     WindowGeometry geometry;
-    const auto client = borderedRect(connection, window, &geometry.border);
+    BorderedRectRequest clientRequest(connection, window);
+    BorderedRectRequest outerRequest(connection, ancestor.value_or(window));
+    const auto client = clientRequest.take(&geometry.border);
+    const auto outer = outerRequest.take();
     if (!client) {
         return std::nullopt;
     }
@@ -70,10 +85,8 @@ std::optional<WindowGeometry> readGeometry(XConnection& connection, WindowManage
     geometry.shadow = extentsFrom(shadow.numbers());
     if (managerTells) {
         geometry.decoration = extentsFrom(decoration.numbers());
-    } else if (const auto ancestor = outermostAncestor(connection, window);
-               ancestor && *ancestor != window) {
-        geometry.decoration =
-            extentsBetween(*client, borderedRect(connection, *ancestor).value_or(*client));
+    } else {
+        geometry.decoration = extentsBetween(*client, outer.value_or(*client));
     }
     return geometry;
 }

@@ -26,9 +26,10 @@ struct X11Accessibility::Element : AXUIElement {
 };
 
 X11Accessibility::X11Accessibility(XConnection& connection, WindowManager& manager,
-                                   ActiveWindows& activeWindows, MainLoop& mainLoop)
+                                   ActiveWindows& activeWindows, const X11WorkAreas& workAreas,
+                                   MainLoop& mainLoop)
     : connection_(connection), activeWindows_(activeWindows),
-      writer_(connection, manager, mainLoop), frames_(connection, writer_, mainLoop),
+      writer_(connection, manager, workAreas, mainLoop), frames_(connection, writer_, mainLoop),
       framesOfTurn_(mainLoop), traitsOfTurn_(mainLoop) {}
 
 void X11Accessibility::settle() {

@@ -14,7 +14,7 @@ namespace panewright {
 class X11Accessibility : public Accessibility {
 public:
     X11Accessibility(XConnection& connection, WindowManager& manager, ActiveWindows& activeWindows,
-                     MainLoop& mainLoop);
+                     const X11WorkAreas& workAreas, MainLoop& mainLoop);
 
     /// Holds while the connection to the X server lives.
     bool isProcessTrusted() const override { return !connection_.isLost(); }

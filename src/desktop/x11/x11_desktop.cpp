@@ -22,8 +22,8 @@ X11Desktop::X11Desktop(std::unique_ptr<XConnection> connection, MainLoop& mainLo
                        std::string ownBundleIdentifier)
     : connection_(std::move(connection)), manager_(*connection_), keymap_(*connection_, mainLoop),
       activeWindows_(*connection_, manager_, std::move(ownBundleIdentifier)),
-      displays(*connection_, mainLoop), workAreas(*connection_, displays),
-      accessibility(*connection_, manager_, activeWindows_, mainLoop),
+      displays(*connection_, mainLoop), workAreas(*connection_, manager_, displays, mainLoop),
+      accessibility(*connection_, manager_, activeWindows_, workAreas, mainLoop),
       hotKeys(*connection_, keymap_, mainLoop,
               // A press means the window that is active now, and windows as the presses before it
               // have left them.

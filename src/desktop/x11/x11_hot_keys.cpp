@@ -1,5 +1,6 @@
 #include "desktop/x11/x11_hot_keys.h"
 
+#include "base/log.h"
 #include "desktop/linux/evdev_key_codes.h"
 
 #include <algorithm>
@@ -28,11 +29,18 @@ std::optional<std::uint32_t> stateOf(std::uint32_t modifiers, const ModifierMask
     return state;
 }
 
+/// Without the bits that make no difference.
+std::pair<std::uint32_t, std::uint32_t> shortcutOf(std::uint32_t virtualKeyCode,
+                                                   std::uint32_t modifiers) {
+    return {virtualKeyCode,
+            modifiers & (kHotKeyShift | kHotKeyControl | kHotKeyOption | kHotKeyCommand)};
+}
+
 } // namespace
 
 X11HotKeys::X11HotKeys(XConnection& connection, XkbKeymap& keymap, MainLoop& mainLoop,
                        std::function<void()> beforePress)
-    : connection_(connection), keymap_(keymap), mainLoop_(mainLoop),
+    : connection_(connection), keymap_(keymap), names_(keymap), mainLoop_(mainLoop),
       beforePress_(std::move(beforePress)), grabbedWith_(keymap.modifiers()),
       events_(connection.onEvent([this](const auto& event) { handle(event); })),
       unheardReleases_(connection, [this](xcb_keycode_t key) { down_.erase(key); }),
@@ -86,6 +94,9 @@ bool X11HotKeys::isTakenByAnotherProgram(std::uint32_t virtualKeyCode,
         }
     }
     connection_.flush();
+    if (refused.empty()) {
+        toldOf_.erase(shortcutOf(virtualKeyCode, modifiers));
+    }
     return !refused.empty();
 }
 
@@ -146,6 +157,21 @@ void X11HotKeys::synchronize() {
     });
     grab(missing);
     connection_.flush();
+    tellOfTaken();
+}
+
+void X11HotKeys::tellOfTaken() {
+    for (const auto& [ref, hotKey] : hotKeys_) {
+        const auto [key, modifiers] = shortcutOf(hotKey.virtualKeyCode, hotKey.modifiers);
+        const auto grabs = grabsOf(key, modifiers);
+        const bool isTaken = std::ranges::any_of(
+            grabs, [this](const Grab& grab) { return takenByOthers_.contains(grab); });
+        if (!isTaken) {
+            toldOf_.erase({key, modifiers});
+        } else if (toldOf_.emplace(key, modifiers).second) {
+            logLine("another program holds " + names_.inWords(key, modifiers));
+        }
+    }
 }
 
 void X11HotKeys::grab(const std::vector<Grab>& grabs) {

@@ -1,15 +1,17 @@
 #pragma once
 
 #include "base/lifetime.h"
-#include "desktop/x11/key_release_watch.h"
-#include "desktop/x11/xkb_keymap.h"
 #include "desktop/shared/hot_key_handlers.h"
+#include "desktop/x11/key_release_watch.h"
+#include "desktop/x11/xkb_keyboard_layout.h"
+#include "desktop/x11/xkb_keymap.h"
 #include "platform/hot_keys.h"
 
 #include <compare>
 #include <map>
 #include <optional>
 #include <set>
+#include <utility>
 
 namespace panewright {
 
@@ -54,12 +56,15 @@ private:
     std::set<Grab> refusedOf(const std::vector<Grab>& grabs) const;
     void ungrab(const Grab& grab) const;
     void regrabAll();
+    /// Logs which hot keys another program has come to hold.
+    void tellOfTaken();
     void handle(const xcb_generic_event_t& event);
     void pressed(const xcb_key_press_event_t& press);
     void released(xcb_keycode_t key);
 
     XConnection& connection_;
     XkbKeymap& keymap_;
+    XkbKeyboardLayout names_;
     MainLoop& mainLoop_;
     std::function<void()> beforePress_;
     HotKeyHandlers handlers_;
@@ -69,6 +74,8 @@ private:
     // brings it up to date.
     mutable std::set<Grab> held_;
     mutable std::set<Grab> takenByOthers_;
+    /// Of which the log says so, as virtual key code and modifiers; until they are free again.
+    mutable std::set<std::pair<std::uint32_t, std::uint32_t>> toldOf_;
     /// What the grabs in held_ were made with.
     ModifierMasks grabbedWith_;
     /// Pressed while a grab was active, and not gone up since.

@@ -9,6 +9,11 @@
 namespace panewright {
 namespace {
 
+using namespace std::chrono_literals;
+
+/// A panel that starts or goes changes several things at once.
+constexpr auto kSettlingTime = 50ms;
+
 /// A strip along one edge of the screen.
 struct Strip {
     double width = 0;
@@ -34,6 +39,12 @@ StrutPartial alongWholeEdges(const std::vector<std::uint32_t>& widths) {
     return {widths[0], widths[1], widths[2], widths[3], 0, kEnd, 0, kEnd, 0, kEnd, 0, kEnd};
 }
 
+std::vector<std::uint32_t> takeFirst(std::deque<XPropertyRequest>& requests) {
+    auto numbers = requests.front().numbers();
+    requests.pop_front();
+    return numbers;
+}
+
 } // namespace
 
 Rect areaWithoutStruts(const Rect& display, Size screen, const std::vector<StrutPartial>& struts) {
@@ -55,48 +66,145 @@ Rect areaWithoutStruts(const Rect& display, Size screen, const std::vector<Strut
     return area.width > 0 && area.height > 0 ? area : display;
 }
 
-Rect X11WorkAreas::workArea(DisplayId display) const {
-    const auto root = xcb_get_geometry(connection_, connection_.root());
-    const auto struts = readStruts();
-    const auto screen = connection_.reply(xcb_get_geometry_reply, root);
-    const Rect bounds = displays_.bounds(display);
-    return screen ? areaWithoutStruts(
-                        bounds,
-                        {static_cast<double>(screen->width), static_cast<double>(screen->height)},
-                        struts)
-                  : bounds;
+X11WorkAreas::X11WorkAreas(XConnection& connection, WindowManager& manager,
+                           const Displays& displays, MainLoop& mainLoop)
+    : connection_(connection), displays_(displays), mainLoop_(mainLoop),
+      rootSelection_(connection.selectEvents(
+          connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY)),
+      arrivals_(connection.onArrival([this](const auto& event) { noteArrival(event); })),
+      events_(connection.onEvent([this](const auto& event) { handle(event); })),
+      managerChanges_(manager.onChange([this] { readSoon(); })) {
+    if (const auto root = connection.reply(xcb_get_geometry_reply,
+                                           xcb_get_geometry(connection, connection.root()))) {
+        screen_ = {static_cast<double>(root->width), static_cast<double>(root->height)};
+    }
+    read();
 }
 
-std::vector<StrutPartial> X11WorkAreas::readStruts() const {
+Rect X11WorkAreas::workArea(DisplayId display) const {
+    return areaWithoutStruts(displays_.bounds(display), screen_, struts_);
+}
+
+std::vector<DisplayArea> X11WorkAreas::all() const {
+    std::vector<DisplayArea> areas;
+    for (const auto display : displays_.activeDisplays(std::numeric_limits<std::size_t>::max())) {
+        areas.push_back({displays_.bounds(display), workArea(display)});
+    }
+    return areas;
+}
+
+void X11WorkAreas::noteArrival(const xcb_generic_event_t& event) {
+    if (event.response_type == XCB_CONFIGURE_NOTIFY) {
+        const auto& change = reinterpret_cast<const xcb_configure_notify_event_t&>(event);
+        if (change.window == connection_.root()) {
+            screen_ = {static_cast<double>(change.width), static_cast<double>(change.height)};
+        }
+    }
+}
+
+void X11WorkAreas::handle(const xcb_generic_event_t& event) {
+    const auto& atoms = connection_.atoms();
+    if (isRootProperty(connection_, event, atoms._NET_CLIENT_LIST) ||
+        isRootProperty(connection_, event, atoms._NET_WORKAREA) || isOfPanel(event)) {
+        readSoon();
+    }
+}
+
+bool X11WorkAreas::isOfPanel(const xcb_generic_event_t& event) const {
+    switch (event.response_type) {
+    case XCB_PROPERTY_NOTIFY: {
+        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+        const auto& atoms = connection_.atoms();
+        return (change.atom == atoms._NET_WM_STRUT_PARTIAL || change.atom == atoms._NET_WM_STRUT) &&
+               followed_.contains(change.window);
+    }
+    case XCB_MAP_NOTIFY:
+        return followed_.contains(reinterpret_cast<const xcb_map_notify_event_t&>(event).window);
+    case XCB_UNMAP_NOTIFY:
+        return followed_.contains(reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window);
+    case XCB_DESTROY_NOTIFY:
+        return followed_.contains(
+            reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window);
+    default:
+        return false;
+    }
+}
+
+void X11WorkAreas::readSoon() {
+    if (!pendingRead_) {
+        pendingRead_ = mainLoop_.after(kSettlingTime, [this] {
+            pendingRead_.release();
+            read();
+        });
+    }
+}
+
+void X11WorkAreas::read() {
     XPropertyRequest clients(connection_, connection_.root(), connection_.atoms()._NET_CLIENT_LIST,
                              kMaxClients);
-    const auto struts = strutsOf(clients.numbers());
-    // Some managers leave panels out of their list, such as i3.
-    return struts.empty() ? strutsOf(outerWindows()) : struts;
+    Followed followed;
+    struts_ = strutsOf(clients.numbers(), followed, true);
+    if (struts_.empty()) {
+        // Some managers leave panels out of their list, such as i3.
+        struts_ = strutsOf(outerWindows(), followed, false);
+    }
+    followed_ = std::move(followed);
 }
 
-std::vector<StrutPartial> X11WorkAreas::strutsOf(const std::vector<xcb_window_t>& windows) const {
-    std::deque<XPropertyRequest> partial;
-    std::deque<XPropertyRequest> whole;
+std::vector<StrutPartial> X11WorkAreas::strutsOf(const std::vector<xcb_window_t>& windows,
+                                                 Followed& followed, bool areListed) {
+    const auto& atoms = connection_.atoms();
+    std::deque<XPropertyRequest> requests;
     for (const auto window : windows) {
-        partial.emplace_back(connection_, window, connection_.atoms()._NET_WM_STRUT_PARTIAL);
-        whole.emplace_back(connection_, window, connection_.atoms()._NET_WM_STRUT);
+        for (const auto property :
+             {atoms._NET_WM_STRUT_PARTIAL, atoms._NET_WM_STRUT, atoms._NET_WM_WINDOW_TYPE}) {
+            requests.emplace_back(connection_, window, property);
+        }
     }
     std::vector<StrutPartial> struts;
-    for (std::size_t i = 0; i < windows.size(); ++i) {
-        const auto exact = partial[i].numbers();
-        const auto rough = whole[i].numbers();
-        if (StrutPartial strut{}; exact.size() >= strut.size()) {
+    for (const auto window : windows) {
+        const auto exact = takeFirst(requests);
+        const auto rough = takeFirst(requests);
+        const auto types = takeFirst(requests);
+        const bool isDock = std::ranges::find(types, atoms._NET_WM_WINDOW_TYPE_DOCK) != types.end();
+        if (isDock || !exact.empty() || !rough.empty()) {
+            follow(window, followed);
+        }
+        StrutPartial strut{};
+        if (exact.size() >= strut.size()) {
             std::copy_n(exact.begin(), strut.size(), strut.begin());
-            struts.push_back(strut);
         } else if (rough.size() >= 4) {
-            struts.push_back(alongWholeEdges(rough));
+            strut = alongWholeEdges(rough);
+        } else {
+            continue;
+        }
+        if (areListed || mayBeManaged(window)) {
+            struts.push_back(strut);
         }
     }
     return struts;
 }
 
-std::vector<xcb_window_t> X11WorkAreas::outerWindows() const {
+void X11WorkAreas::follow(xcb_window_t window, Followed& followed) {
+    if (const auto known = followed_.find(window); known != followed_.end()) {
+        followed.insert(followed_.extract(known));
+        return;
+    }
+    if (auto& selection = followed[window]; !selection) {
+        selection = connection_.selectEvents(window, XCB_EVENT_MASK_PROPERTY_CHANGE |
+                                                         XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+        readSoon(); // it may have changed since it was read
+    }
+}
+
+bool X11WorkAreas::mayBeManaged(xcb_window_t window) {
+    const auto attributes = connection_.reply(xcb_get_window_attributes_reply,
+                                              xcb_get_window_attributes(connection_, window));
+    return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE &&
+           attributes->override_redirect == 0;
+}
+
+std::vector<xcb_window_t> X11WorkAreas::outerWindows() {
     std::vector<xcb_window_t> parents{connection_.root()};
     std::vector<xcb_window_t> found;
     for (int depth = 0; depth < 2; ++depth) {

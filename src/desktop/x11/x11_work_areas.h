@@ -1,10 +1,14 @@
 #pragma once
 
+#include "base/lifetime.h"
+#include "desktop/x11/frame_requests.h"
+#include "desktop/x11/window_manager.h"
 #include "desktop/x11/x_connection.h"
 #include "platform/work_areas.h"
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <vector>
 
 namespace panewright {
@@ -19,23 +23,50 @@ using StrutPartial = std::array<std::uint32_t, 12>;
 /// behind that.
 Rect areaWithoutStruts(const Rect& display, Size screen, const std::vector<StrutPartial>& struts);
 
-/// The displays less the struts of the windows that the window manager lists, of any if those have
-/// none.
+/// The displays less the struts of the windows that the window manager lists, of any that a manager
+/// may keep room for if those have none.
+///
+/// The struts are remembered, so that asking waits for nobody. They are read again a moment after
+/// the manager has changed its list or the common work area, or a panel something about its own.
 class X11WorkAreas : public WorkAreas {
 public:
-    X11WorkAreas(XConnection& connection, const Displays& displays)
-        : connection_(connection), displays_(displays) {}
+    X11WorkAreas(XConnection& connection, WindowManager& manager, const Displays& displays,
+                 MainLoop& mainLoop);
 
     Rect workArea(DisplayId display) const override;
+    /// That of each display.
+    std::vector<DisplayArea> all() const;
 
 private:
-    std::vector<StrutPartial> readStruts() const;
-    std::vector<StrutPartial> strutsOf(const std::vector<xcb_window_t>& windows) const;
+    using Followed = std::map<xcb_window_t, Registration>;
+
+    void read();
+    void readSoon();
+    /// Follows those that have a strut or may get one.
+    std::vector<StrutPartial> strutsOf(const std::vector<xcb_window_t>& windows, Followed& followed,
+                                       bool areListed);
+    void follow(xcb_window_t window, Followed& followed);
+    /// Whether a manager that does not list the window may keep room for it.
+    bool mayBeManaged(xcb_window_t window);
     /// The children of the root, which may be frames, and their children.
-    std::vector<xcb_window_t> outerWindows() const;
+    std::vector<xcb_window_t> outerWindows();
+    void noteArrival(const xcb_generic_event_t& event);
+    void handle(const xcb_generic_event_t& event);
+    bool isOfPanel(const xcb_generic_event_t& event) const;
 
     XConnection& connection_;
     const Displays& displays_;
+    MainLoop& mainLoop_;
+    /// Of all displays together.
+    Size screen_;
+    std::vector<StrutPartial> struts_;
+    /// Panels, and other windows that have had a strut.
+    Followed followed_;
+    Registration pendingRead_;
+    Registration rootSelection_;
+    Registration arrivals_;
+    Registration events_;
+    Registration managerChanges_;
 };
 
 } // namespace panewright

@@ -39,7 +39,8 @@ namespace panewright {
     X(_NET_WM_WINDOW_TYPE)                                                                         \
     X(_NET_WM_WINDOW_TYPE_DESKTOP)                                                                 \
     X(_NET_WM_WINDOW_TYPE_DOCK)                                                                    \
-    X(_NET_WM_WINDOW_TYPE_NORMAL)
+    X(_NET_WM_WINDOW_TYPE_NORMAL)                                                                  \
+    X(_NET_WORKAREA)
 
 struct XAtoms {
 #define PANEWRIGHT_X_ATOM_MEMBER(name) xcb_atom_t name = XCB_ATOM_NONE; // NOLINT(bugprone-*)

@@ -124,9 +124,14 @@ bool XConnection::waitForEvent(std::chrono::steady_clock::time_point deadline,
 }
 
 void XConnection::arrived(XEvent event) {
+    const bool isForged = (event->response_type & kSyntheticBit) != 0;
     event->response_type &= static_cast<std::uint8_t>(~kSyntheticBit);
     if (event->response_type == 0) {
         return; // the error of a request without an answer: the window it named is gone
+    }
+    if (isForged &&
+        (event->response_type == XCB_KEY_PRESS || event->response_type == XCB_KEY_RELEASE)) {
+        return; // no key moved; managers do send other events, such as ConfigureNotify
     }
     ++arrivedCount_;
     arrivalObservers_.notify(*event);

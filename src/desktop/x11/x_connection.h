@@ -75,8 +75,8 @@ public:
     void flushSoon();
     void flush();
 
-    /// Called with each event, on the main loop; errors of requests without an answer are not
-    /// events.
+    /// Called with each event, on the main loop. Neither errors of requests without an answer nor
+    /// key events that a client made up are events.
     Registration onEvent(std::function<void(const xcb_generic_event_t&)> callback);
 
     /// Called with each event as soon as it is read, before any is dispatched, also from inside

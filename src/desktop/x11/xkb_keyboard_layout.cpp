@@ -1,12 +1,15 @@
 #include "desktop/x11/xkb_keyboard_layout.h"
 
 #include "desktop/linux/evdev_key_codes.h"
+#include "platform/hot_keys.h"
 
+#include <fmt/format.h>
 #include <xkbcommon/xkbcommon-keysyms.h>
 
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <utility>
 
 namespace panewright {
 namespace {
@@ -77,14 +80,40 @@ std::string XkbKeyboardLayout::displayText(std::uint16_t virtualKeyCode) const {
     if (named != std::end(kNamedKeys)) {
         return named->text;
     }
+    const auto symbol = symbolOf(virtualKeyCode);
+    return symbol ? textOf(*symbol) : std::string();
+}
+
+std::optional<xkb_keysym_t> XkbKeyboardLayout::symbolOf(std::uint32_t virtualKeyCode) const {
     const auto codes = evdevCodesOf(virtualKeyCode);
     if (codes.empty() || !keymap_.get()) {
-        return {};
+        return std::nullopt;
     }
     const xkb_keysym_t* symbols = nullptr;
     const int count = xkb_keymap_key_get_syms_by_level(
         keymap_.get(), codes.front() + kEvdevToXKeyCode, keymap_.asciiLayout(), 0, &symbols);
-    return count == 1 ? textOf(symbols[0]) : std::string();
+    return count == 1 ? std::optional(symbols[0]) : std::nullopt;
+}
+
+std::string XkbKeyboardLayout::inWords(std::uint32_t virtualKeyCode,
+                                       std::uint32_t modifiers) const {
+    constexpr std::pair<std::uint32_t, const char*> kWords[] = {{kHotKeyControl, "Ctrl+"},
+                                                                {kHotKeyOption, "Alt+"},
+                                                                {kHotKeyShift, "Shift+"},
+                                                                {kHotKeyCommand, "Super+"}};
+    std::string text;
+    for (const auto& [modifier, word] : kWords) {
+        text += modifiers & modifier ? word : "";
+    }
+    auto key = displayText(static_cast<std::uint16_t>(virtualKeyCode));
+    if (const auto symbol = symbolOf(virtualKeyCode); key.empty() && symbol) {
+        std::array<char, 64> name{}; // F5, Left and so on
+        xkb_keysym_get_name(*symbol, name.data(), name.size());
+        key = name.data();
+    } else if (key.size() == 1 && key[0] >= 'a' && key[0] <= 'z') {
+        key[0] = static_cast<char>(key[0] - 'a' + 'A'); // as it stands on the key
+    }
+    return text + (key.empty() ? fmt::format("key {}", virtualKeyCode) : key);
 }
 
 } // namespace panewright

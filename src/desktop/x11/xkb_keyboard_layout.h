@@ -3,16 +3,26 @@
 #include "desktop/x11/xkb_keymap.h"
 #include "platform/keyboard_layout.h"
 
+#include <optional>
+#include <string>
+
 namespace panewright {
 
-/// Key names from the X server's keyboard mapping: its first layout that types ASCII.
+/// Key names from the X server's keyboard mapping: the layout of XkbKeymap::asciiLayout().
 class XkbKeyboardLayout : public KeyboardLayout {
 public:
     explicit XkbKeyboardLayout(XkbKeymap& keymap) : keymap_(keymap) {}
 
     std::string displayText(std::uint16_t virtualKeyCode) const override;
 
+    /// A hot key as a line of text has it, such as "Ctrl+Alt+F5". `modifiers` are in the hot-key
+    /// form (platform/hot_keys.h).
+    std::string inWords(std::uint32_t virtualKeyCode, std::uint32_t modifiers) const;
+
 private:
+    /// The symbol that the key gives by itself; nil for none, or several.
+    std::optional<xkb_keysym_t> symbolOf(std::uint32_t virtualKeyCode) const;
+
     XkbKeymap& keymap_;
 };
 

@@ -18,9 +18,8 @@ using namespace std::chrono_literals;
 /// Injected keys and plugged keyboards change the mapping in bursts.
 constexpr auto kSettlingTime = 50ms;
 
-constexpr std::size_t kLettersOfAscii = 20;
-
-std::size_t latinLettersOf(xkb_keymap* keymap, xkb_layout_index_t layout) {
+bool typesAscii(xkb_keymap* keymap, xkb_layout_index_t layout) {
+    constexpr std::size_t kEnoughLetters = 20;
     std::set<xkb_keysym_t> letters;
     const auto last = xkb_keymap_max_keycode(keymap);
     for (auto key = xkb_keymap_min_keycode(keymap); key <= last; ++key) {
@@ -30,17 +29,7 @@ std::size_t latinLettersOf(xkb_keymap* keymap, xkb_layout_index_t layout) {
             letters.insert(symbols[0]);
         }
     }
-    return letters.size();
-}
-
-xkb_layout_index_t firstAsciiLayout(xkb_keymap* keymap) {
-    const auto count = xkb_keymap_num_layouts(keymap);
-    for (xkb_layout_index_t layout = 0; layout < count; ++layout) {
-        if (latinLettersOf(keymap, layout) >= kLettersOfAscii) {
-            return layout;
-        }
-    }
-    return 0;
+    return letters.size() >= kEnoughLetters;
 }
 
 std::set<xkb_keysym_t> symbolsOf(xkb_keymap* keymap, xkb_keycode_t key) {
@@ -90,11 +79,14 @@ XkbKeymap::XkbKeymap(XConnection& connection, MainLoop& mainLoop)
 void XkbKeymap::selectXkbEvents() {
     constexpr std::uint16_t kEvents =
         XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY;
+    constexpr std::uint16_t kAllEvents = kEvents | XCB_XKB_EVENT_TYPE_STATE_NOTIFY;
     constexpr std::uint16_t kMapParts =
         XCB_XKB_MAP_PART_KEY_TYPES | XCB_XKB_MAP_PART_KEY_SYMS | XCB_XKB_MAP_PART_MODIFIER_MAP;
-    const xcb_xkb_select_events_details_t details{};
-    xcb_xkb_select_events_aux(connection_, XCB_XKB_ID_USE_CORE_KBD, kEvents, 0, kEvents, kMapParts,
-                              kMapParts, &details);
+    // Of the state the locked layout alone: the rest changes with each modifier that is pressed.
+    xcb_xkb_select_events_details_t details{};
+    details.affectState = details.stateDetails = XCB_XKB_STATE_PART_GROUP_LOCK;
+    xcb_xkb_select_events_aux(connection_, XCB_XKB_ID_USE_CORE_KBD, kAllEvents, 0, kEvents,
+                              kMapParts, kMapParts, &details);
     // A key that is held then sends presses only, without releases between them.
     const auto repeat = xcb_xkb_per_client_flags(
         connection_, XCB_XKB_ID_USE_CORE_KBD, XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT,
@@ -103,11 +95,44 @@ void XkbKeymap::selectXkbEvents() {
 }
 
 void XkbKeymap::handle(const xcb_generic_event_t& event) {
-    if (event.response_type == XCB_MAPPING_NOTIFY ||
-        (xkbEvent_ != 0 && event.response_type == xkbEvent_ &&
-         (event.pad0 == XCB_XKB_NEW_KEYBOARD_NOTIFY || event.pad0 == XCB_XKB_MAP_NOTIFY))) {
+    const bool isXkb = xkbEvent_ != 0 && event.response_type == xkbEvent_;
+    if (isXkb && event.pad0 == XCB_XKB_STATE_NOTIFY) {
+        activate(reinterpret_cast<const xcb_xkb_state_notify_event_t&>(event).lockedGroup);
+    } else if (event.response_type == XCB_MAPPING_NOTIFY ||
+               (isXkb &&
+                (event.pad0 == XCB_XKB_NEW_KEYBOARD_NOTIFY || event.pad0 == XCB_XKB_MAP_NOTIFY))) {
         reloadSoon();
     }
+}
+
+void XkbKeymap::activate(xkb_layout_index_t layout) {
+    if (keymap_ && layout < xkb_keymap_num_layouts(keymap_.get()) &&
+        typesAscii(keymap_.get(), layout)) {
+        asciiLayout_ = layout;
+    }
+}
+
+xkb_layout_index_t XkbKeymap::readActiveLayout() {
+    const auto state = connection_.reply(xcb_xkb_get_state_reply,
+                                         xcb_xkb_get_state(connection_, XCB_XKB_ID_USE_CORE_KBD));
+    return state ? state->lockedGroup : 0;
+}
+
+/// The new mapping may have the layouts in another order, so the one that is not active any more is
+/// known by its name.
+xkb_layout_index_t XkbKeymap::asciiLayoutIn(xkb_keymap* keymap) const {
+    const auto* name = keymap_ ? xkb_keymap_layout_get_name(keymap_.get(), asciiLayout_) : nullptr;
+    const auto known = name ? xkb_keymap_layout_get_index(keymap, name) : XKB_LAYOUT_INVALID;
+    if (known != XKB_LAYOUT_INVALID && typesAscii(keymap, known)) {
+        return known;
+    }
+    const auto count = xkb_keymap_num_layouts(keymap);
+    for (xkb_layout_index_t layout = 0; layout < count; ++layout) {
+        if (typesAscii(keymap, layout)) {
+            return layout;
+        }
+    }
+    return 0;
 }
 
 void XkbKeymap::reloadSoon() {
@@ -124,8 +149,9 @@ void XkbKeymap::reload() {
     }
     if (auto* keymap = xkb_x11_keymap_new_from_device(context_.get(), connection_, device,
                                                       XKB_KEYMAP_COMPILE_NO_FLAGS)) {
+        asciiLayout_ = asciiLayoutIn(keymap);
         keymap_.reset(keymap);
-        asciiLayout_ = firstAsciiLayout(keymap);
+        activate(readActiveLayout());
         modifiers_ = readModifiers();
     }
     connection_.keepQueuedEvents();

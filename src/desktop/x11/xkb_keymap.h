@@ -21,7 +21,8 @@ struct ModifierMasks {
     friend bool operator==(const ModifierMasks&, const ModifierMasks&) = default;
 };
 
-/// The X server's keyboard mapping, followed through the XKB extension.
+/// The X server's keyboard mapping and which of its layouts is active, followed through the XKB
+/// extension.
 class XkbKeymap {
 public:
     XkbKeymap(XConnection& connection, MainLoop& mainLoop);
@@ -29,7 +30,8 @@ public:
     /// Null on a server without a usable XKB extension.
     xkb_keymap* get() const { return keymap_.get(); }
 
-    /// The first layout that types ASCII (at least 20 Latin letters); the first one if none does.
+    /// The active layout if it types ASCII (at least 20 Latin letters), else the one that did when
+    /// it was active last, else the first that does; the first one if none does.
     xkb_layout_index_t asciiLayout() const { return asciiLayout_; }
 
     const ModifierMasks& modifiers() const { return modifiers_; }
@@ -44,6 +46,11 @@ private:
     void handle(const xcb_generic_event_t& event);
     void reloadSoon();
     void reload();
+    xkb_layout_index_t readActiveLayout();
+    /// Makes it the one for asciiLayout() if it types ASCII.
+    void activate(xkb_layout_index_t layout);
+    /// Where the layout for asciiLayout() is in a new mapping.
+    xkb_layout_index_t asciiLayoutIn(xkb_keymap* keymap) const;
     ModifierMasks readModifiers();
 
     struct KeymapDeleter {

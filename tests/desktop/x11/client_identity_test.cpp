@@ -107,6 +107,12 @@ TEST_F(ClientIdentity, IsOurOwnForTheWindowsOfThisProcessWhateverTheySay) {
     rig_.emplace(); // with the extension
     expectFrontmost(open("Other", 1), "com.quillfen.Panewright", "com.quillfen.Panewright");
     EXPECT_EQ(frontmost().processIdentifier, getpid());
+    // Another program that says so is not us.
+    const test::ChildProcess other({"xterm", "-class", "com.quillfen.Panewright", "-e", "cat"},
+                                   rig_->desktop.environment());
+    EXPECT_TRUE(rig_->eventually([&] { return frontmost().processIdentifier == other.pid(); }));
+    EXPECT_EQ(frontmost().bundleIdentifier, std::nullopt);
+    EXPECT_EQ(frontmost().localizedName, "com.quillfen.Panewright");
 }
 
 } // namespace
