@@ -97,6 +97,19 @@ TEST_P(WorkspaceContract, GivesTheKeyboardBackToTheWindowThatHadIt) {
     }
 }
 
+TEST_P(WorkspaceContract, BringsForwardTheWindowThatAsksAndNotTheNewest) {
+    activate(0);
+    showOurs();
+    const auto newest = client(static_cast<std::uint32_t>(getpid()), {900, 500, 300, 200});
+    for (const auto* asking : {ours_.get(), newest.get(), ours_.get()}) {
+        port().bringThisApplicationToFront();
+        rig_.ports->ownWindows.makeKey(asking->window());
+        EXPECT_TRUE(rig_.eventually([&] { return asking->isActive(); }));
+        rig_.eventually([tries = 150]() mutable { return --tries == 0; });
+        EXPECT_TRUE(asking->isActive());
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Everywhere, WorkspaceContract,
                          testing::Values("openbox", "xfwm4", "marco", "i3"),
                          [](const auto& desktop) { return std::string(desktop.param); });

@@ -62,7 +62,7 @@ void PopoverWindow::show(const PopoverAnchor& anchor) {
     mayBeMisplaced_ = true;
     place();
     if (!isVisible()) {
-        ownWindows_.keepOutOfTaskBars(static_cast<std::uint32_t>(winId()));
+        ownWindows_.keepOutOfTaskBars(winId());
     }
     QDialog::show();
 }
@@ -115,7 +115,7 @@ void PopoverWindow::setArrow(AnchorSide side, int position) {
 
 void PopoverWindow::makeKeyAndOrderFront() {
     raise();
-    activateWindow();
+    ownWindows_.makeKey(winId());
 }
 
 void PopoverWindow::closeEvent(QCloseEvent* event) {

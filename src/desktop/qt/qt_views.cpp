@@ -11,7 +11,7 @@ QtViews::makeSaveShortcutView(SaveShortcutViewController& controller) {
 }
 
 std::unique_ptr<SettingsView> QtViews::makeSettingsView(Settings& controller) {
-    return std::make_unique<SettingsWindow>(controller, keyCodes_);
+    return std::make_unique<SettingsWindow>(controller, keyCodes_, ownWindows_);
 }
 
 } // namespace panewright

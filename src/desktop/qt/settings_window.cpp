@@ -29,8 +29,9 @@ QPalette mutedText(QPalette palette) {
 
 } // namespace
 
-SettingsWindow::SettingsWindow(Settings& settings, const NativeKeyCodes& keyCodes)
-    : settings_(settings) {
+SettingsWindow::SettingsWindow(Settings& settings, const NativeKeyCodes& keyCodes,
+                               OwnWindows& ownWindows)
+    : settings_(settings), ownWindows_(ownWindows) {
     setWindowTitle(tr("Settings"));
     setWindowIcon(programIcon());
     setAccessibleName(windowTitle());
@@ -115,7 +116,7 @@ void SettingsWindow::addFooter(QVBoxLayout& layout) {
 
 void SettingsWindow::makeKeyAndOrderFront() {
     raise();
-    activateWindow();
+    ownWindows_.makeKey(winId());
 }
 
 bool SettingsWindow::startupItem() const {

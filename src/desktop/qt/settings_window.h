@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/shared/native_key_codes.h"
+#include "desktop/shared/own_windows.h"
 #include "ui/settings.h"
 
 #include <QDialog>
@@ -17,8 +18,8 @@ class SettingsWindow : public QDialog, public SettingsView {
     Q_OBJECT
 
 public:
-    /// Both must outlive the window.
-    SettingsWindow(Settings& settings, const NativeKeyCodes& keyCodes);
+    /// All of it must outlive the window.
+    SettingsWindow(Settings& settings, const NativeKeyCodes& keyCodes, OwnWindows& ownWindows);
 
     void showWindow() override { show(); }
     void makeKeyAndOrderFront() override;
@@ -42,6 +43,7 @@ private:
     void addFooter(QVBoxLayout& layout);
 
     Settings& settings_;
+    OwnWindows& ownWindows_;
     // Owned by the window.
     QCheckBox* startupItem_ = nullptr;
     QCheckBox* allowMoveWindow_ = nullptr;

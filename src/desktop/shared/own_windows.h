@@ -4,6 +4,9 @@
 
 namespace panewright {
 
+/// A window of ours as the window system names it: a number, or an object's address.
+using NativeWindow = std::uintptr_t;
+
 /// What the window system does with the windows of this program. Main thread only.
 class OwnWindows {
 public:
@@ -13,9 +16,12 @@ public:
     /// start and end at any time.
     virtual bool areComposited() const = 0;
 
-    /// Keeps a window that is not shown now out of task bars and pagers when it is shown next. The
-    /// number is the window system's.
-    virtual void keepOutOfTaskBars(std::uint32_t window) = 0;
+    /// Keeps a window that is not shown now out of task bars and pagers when it is shown next.
+    virtual void keepOutOfTaskBars(NativeWindow window) = 0;
+
+    /// Brings this window of the program to the front and gives it the keyboard, also one that is
+    /// only about to be shown. It is what comes forward with the program until it is closed.
+    virtual void makeKey(NativeWindow window) = 0;
 };
 
 } // namespace panewright

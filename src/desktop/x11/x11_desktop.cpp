@@ -33,6 +33,6 @@ X11Desktop::X11Desktop(std::unique_ptr<XConnection> connection, MainLoop& mainLo
               }),
       keyboardLayout(keymap_), workspace(*connection_, activeWindows_, mainLoop),
       icons(*connection_, activeWindows_), tray(*connection_), brightness(*connection_),
-      ownWindows(*connection_), beeper(*connection_) {}
+      ownWindows(*connection_, workspace), beeper(*connection_) {}
 
 } // namespace panewright

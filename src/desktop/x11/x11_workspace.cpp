@@ -4,6 +4,7 @@
 #include "desktop/x11/window_geometry.h"
 #include "desktop/x11/x_properties.h"
 
+#include <algorithm>
 #include <unistd.h>
 
 namespace panewright {
@@ -34,40 +35,63 @@ X11Workspace::X11Workspace(XConnection& connection, ActiveWindows& activeWindows
 
 void X11Workspace::handle(const xcb_generic_event_t& event) {
     if (event.response_type == XCB_UNMAP_NOTIFY) {
-        known_.erase(reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window);
+        const auto closed = reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window;
+        known_.erase(closed);
+        key_ = key_ == closed ? kNoWindow : key_;
     } else if (newWindowWish_ &&
                isRootProperty(connection_, event, connection_.atoms()._NET_CLIENT_LIST)) {
-        bringNewWindowToFront();
+        bringWantedToFront();
     } else if (wayBackWatch_ &&
                isRootProperty(connection_, event, connection_.atoms()._NET_ACTIVE_WINDOW)) {
         insistOnWayBack();
     }
 }
 
+void X11Workspace::makeKey(xcb_window_t window) {
+    key_ = window;
+    bringThisApplicationToFront();
+}
+
 void X11Workspace::bringThisApplicationToFront() {
     wayBackWatch_.release();
     newWindowWish_ = mainLoop_.after(kSlowestWindow, [this] { newWindowWish_.release(); });
     knownWindowWish_ = mainLoop_.after(kUsualWindow, [this] {
-        if (const auto shown = ownWindows(); !shown.empty()) {
+        if (const auto shown = ownWindows(); key_ == kNoWindow && !shown.empty()) {
             bringToUser(shown.back());
         }
     });
-    bringNewWindowToFront();
+    // When this turn is over: which window is to come may be said after that the program is to.
+    mainLoop_.post(lifetime_.guard([this] {
+        if (newWindowWish_) {
+            bringWantedToFront();
+        }
+    }));
 }
 
-void X11Workspace::bringNewWindowToFront() {
+void X11Workspace::bringWantedToFront() {
     const auto shown = ownWindows();
+    if (key_ == kNoWindow) {
+        bringNewWindowToFront(shown);
+    } else if (std::find(shown.begin(), shown.end(), key_) != shown.end()) {
+        newWindowWish_.release();
+        knownWindowWish_.release();
+        bringToUser(key_);
+    }
+    known_.insert(shown.begin(), shown.end());
+}
+
+void X11Workspace::bringNewWindowToFront(const std::vector<xcb_window_t>& shown) {
     if (!shown.empty() && known_.insert(shown.back()).second) {
         newWindowWish_.release();
         knownWindowWish_.release();
         bringToUser(shown.back());
     }
-    known_.insert(shown.begin(), shown.end());
 }
 
 void X11Workspace::hideThisApplication() {
     newWindowWish_.release();
     knownWindowWish_.release();
+    key_ = kNoWindow;
     if (const auto way = activeWindows_.wayBack()) {
         wayBack_ = *way;
         crossings_ = 0;

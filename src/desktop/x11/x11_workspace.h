@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/lifetime.h"
 #include "desktop/freedesktop/url_opener.h"
 #include "desktop/x11/active_windows.h"
 #include "desktop/x11/server_time.h"
@@ -23,13 +24,16 @@ public:
     }
     void bringThisApplicationToFront() override;
     void hideThisApplication() override;
+    /// Brings that window of ours to the front, from now on instead of the newest.
+    void makeKey(xcb_window_t window);
     void openUrl(const std::string& url) override { openUrlWithDesktop(url); }
     void launchApplication(const std::string& /*bundlePath*/) override {}
 
 private:
     void handle(const xcb_generic_event_t& event);
     std::vector<xcb_window_t> ownWindows();
-    void bringNewWindowToFront();
+    void bringWantedToFront();
+    void bringNewWindowToFront(const std::vector<xcb_window_t>& shown);
     void insistOnWayBack();
     bool isUnderPointer(xcb_window_t window);
     void bringToUser(xcb_window_t window);
@@ -41,6 +45,8 @@ private:
     ServerTime serverTime_;
     /// Windows of ours that are known to have been shown.
     std::set<xcb_window_t> known_;
+    /// The one that asked to come forward; kNoWindow when that is closed, or none did.
+    xcb_window_t key_ = kNoWindow;
     /// While a window that is about to be shown is waited for, and until one that was there
     /// already is taken instead.
     Registration newWindowWish_;
@@ -49,6 +55,7 @@ private:
     ActiveWindows::WayBack wayBack_;
     int crossings_ = 0;
     Registration wayBackWatch_;
+    Lifetime lifetime_;
     Registration rootSelection_;
     Registration events_;
 };
