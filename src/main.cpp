@@ -2,6 +2,7 @@
 #include "base/file.h"
 #include "base/log.h"
 #include "desktop/dbus/application_service.h"
+#include "desktop/dbus/exported_menu.h"
 #include "desktop/dbus/notifier_hosts.h"
 #include "desktop/dbus/running_instance.h"
 #include "desktop/dbus/session_bus.h"
@@ -111,6 +112,8 @@ int runOn(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus, const Proces
     QtApplicationIcons icons(desktop.icons);
     QtStatusItem statusItem({notifierHosts, desktop.tray}, desktop.brightness, desktop.displays,
                             desktop.workAreas);
+    ExportedMenu exportedMenu;
+    const auto iconShown = statusItem.onShownChange([&] { exportedMenu.publishForToolkitItem(); });
     QtMenuView menuView;
     QtViews views(desktop.nativeKeyCodes, desktop.ownWindows);
     const Ports ports{.accessibility = desktop.accessibility,
@@ -135,7 +138,7 @@ int runOn(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus, const Proces
                       .workspace = desktop.workspace};
     const SharedInstances shared(ports, process.lock);
 
-    AppDelegate delegate(ports, views, menuView);
+    AppDelegate delegate(ports, {views, menuView, exportedMenu});
     delegate.applicationWillFinishLaunching();
     delegate.applicationDidFinishLaunching();
     mainLoop.post([] { logLine("ready"); });

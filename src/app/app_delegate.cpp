@@ -28,8 +28,8 @@ AppDelegate*& theInstance() {
 
 } // namespace
 
-AppDelegate::AppDelegate(const Ports& ports, ViewFactory& views, MenuView& menuView)
-    : ports_(ports), views_(views), menuView_(menuView), tracking_(ports.analytics) {}
+AppDelegate::AppDelegate(const Ports& ports, const Views& views)
+    : ports_(ports), views_(views), tracking_(ports.analytics) {}
 
 AppDelegate::~AppDelegate() {
     ports_.softwareUpdater.setWillShowHandler(nullptr);
@@ -68,7 +68,7 @@ void AppDelegate::setupAccessibility() {
 }
 
 void AppDelegate::setupStatusItem() {
-    statusItemController_ = StatusItemController::create(ports_, views_, menuView_, *this);
+    statusItemController_ = StatusItemController::create(ports_, views_, *this);
     WindowState::setApplier(statusItemController_);
     statusItemController_->tracking().setCurrentApplication(frontMostAppBeforeRunning_);
     statusItemController_->startStatusItem();
@@ -103,7 +103,7 @@ std::shared_ptr<Settings> AppDelegate::makeSettings() {
                              ports_.text, ShortcutText(ports_.keyboardLayout, ports_.text),
                              tracking_, ports_.statusItem,
                              statusItemController_->launchAgentStartupItem(), Model::instance(),
-                             *statusItemController_, *statusItemController_, views_});
+                             *statusItemController_, *statusItemController_, views_.factory});
 }
 
 void AppDelegate::runAtStartup() {

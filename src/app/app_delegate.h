@@ -1,6 +1,7 @@
 #pragma once
 
 #include "menubar/status_item_controller.h"
+#include "menubar/views.h"
 #include "platform/ports.h"
 #include "ui/settings.h"
 
@@ -13,8 +14,7 @@ namespace panewright {
 /// The program's life: start-up in its order, and the actions that belong to the whole program.
 class AppDelegate : public ApplicationActions {
 public:
-    /// The views must outlive the delegate too.
-    AppDelegate(const Ports& ports, ViewFactory& views, MenuView& menuView);
+    AppDelegate(const Ports& ports, const Views& views);
     ~AppDelegate() override;
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
@@ -60,8 +60,7 @@ private:
     std::shared_ptr<Settings> makeSettings();
 
     Ports ports_;
-    ViewFactory& views_;
-    MenuView& menuView_;
+    Views views_;
     Tracking tracking_;
     std::optional<RunningApplication> frontMostAppBeforeRunning_;
     std::shared_ptr<StatusItemController> statusItemController_;

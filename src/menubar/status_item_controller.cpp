@@ -3,6 +3,7 @@
 #include "base/log.h"
 #include "geometry/frame_attributes.h"
 #include "menubar/installed_hot_keys.h"
+#include "menubar/menu_exporter.h"
 #include "menubar/status_item_anchor.h"
 #include "model/model.h"
 #include "model/window_state.h"
@@ -31,17 +32,14 @@ constexpr auto kPatienceForStatusBar = 10s;
 
 } // namespace
 
-std::shared_ptr<StatusItemController> StatusItemController::create(const Ports& ports,
-                                                                   ViewFactory& views,
-                                                                   MenuView& menuView,
-                                                                   ApplicationActions& actions) {
-    return std::shared_ptr<StatusItemController>(
-        new StatusItemController(ports, views, menuView, actions));
+std::shared_ptr<StatusItemController>
+StatusItemController::create(const Ports& ports, const Views& views, ApplicationActions& actions) {
+    return std::shared_ptr<StatusItemController>(new StatusItemController(ports, views, actions));
 }
 
-StatusItemController::StatusItemController(const Ports& ports, ViewFactory& views,
-                                           MenuView& menuView, ApplicationActions& actions)
-    : ports_(ports), views_(views), menuView_(menuView), actions_(actions), usage_(ports.analytics),
+StatusItemController::StatusItemController(const Ports& ports, const Views& views,
+                                           ApplicationActions& actions)
+    : ports_(ports), views_(views), actions_(actions), usage_(ports.analytics),
       shortcutText_(ports.keyboardLayout, ports.text),
       tracking_(FocusTracking::create(
           {ports.accessibility, ports.displays, ports.workspace, ports.program})),
@@ -71,6 +69,10 @@ void StatusItemController::showStatusItem() {
                                    self->clicked(click);
                                }
                            });
+    views_.exportedMenu.exportMenu([this]() -> const Menu& {
+        menuNeedsUpdate();
+        return menu_.menu;
+    });
     lookForStatusItem_ = ports_.mainLoop.after(kPatienceForStatusBar, [this] { logIfNotShown(); });
 }
 
@@ -116,9 +118,9 @@ void StatusItemController::setupNotifications() {
 void StatusItemController::setupSavePopover() {
     savePopover_.emplace(SavePopover::Services{ports_.applicationIcons, ports_.workspace,
                                                ports_.program, [this] { return anchor(); }},
-                         SaveShortcutViewController::Services{ports_.beeper, ports_.hotKeys,
-                                                              ports_.mainLoop, ports_.text,
-                                                              shortcutText_, usage_, views_, *this},
+                         SaveShortcutViewController::Services{
+                             ports_.beeper, ports_.hotKeys, ports_.mainLoop, ports_.text,
+                             shortcutText_, usage_, views_.factory, *this},
                          *tracking_);
 }
 
@@ -129,7 +131,7 @@ PopoverAnchor StatusItemController::anchor() const {
 
 void StatusItemController::clicked(const StatusItemClick& /*click*/) {
     menuNeedsUpdate();
-    menuView_.popUp(menu_.menu, anchor());
+    views_.menu.popUp(menu_.menu, anchor());
 }
 
 void StatusItemController::menuNeedsUpdate() {

@@ -6,6 +6,7 @@
 #include "menubar/menu_view.h"
 #include "menubar/save_popover.h"
 #include "menubar/status_menu.h"
+#include "menubar/views.h"
 #include "model/window_state_applier.h"
 #include "platform/ports.h"
 #include "platform/status_item.h"
@@ -33,8 +34,8 @@ class StatusItemController : public WindowStateApplier,
                              public std::enable_shared_from_this<StatusItemController> {
 public:
     /// All of it must outlive the controller.
-    static std::shared_ptr<StatusItemController>
-    create(const Ports& ports, ViewFactory& views, MenuView& menuView, ApplicationActions& actions);
+    static std::shared_ptr<StatusItemController> create(const Ports& ports, const Views& views,
+                                                        ApplicationActions& actions);
 
     FocusTracking& tracking() { return *tracking_; }
     const LaunchAgentStartupItem& launchAgentStartupItem() const { return *startupItem_; }
@@ -79,8 +80,7 @@ public:
     void crash();
 
 private:
-    StatusItemController(const Ports& ports, ViewFactory& views, MenuView& menuView,
-                         ApplicationActions& actions);
+    StatusItemController(const Ports& ports, const Views& views, ApplicationActions& actions);
 
     void awakeFromNib();
     void setupModel();
@@ -102,8 +102,7 @@ private:
     bool applyFirst(std::string_view name, std::optional<std::string_view> applicationName);
 
     Ports ports_;
-    ViewFactory& views_;
-    MenuView& menuView_;
+    Views views_;
     ApplicationActions& actions_;
     Tracking usage_;
     ShortcutText shortcutText_;

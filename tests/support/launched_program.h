@@ -79,7 +79,8 @@ public:
     StoreLock lock{folders, ""};
     LaunchAgentFormat loginItems{folder.path()};
     MemoryDesktop desktop;
-    AppDelegate delegate{desktop.ports(folders, loginItems), desktop.views, desktop.menuView};
+    AppDelegate delegate{desktop.ports(folders, loginItems),
+                         {desktop.views, desktop.menuView, desktop.exportedMenu}};
 };
 
 } // namespace panewright

@@ -36,6 +36,7 @@ struct MemoryDesktop {
     MemoryKeyboardLayout keyboardLayout;
     MemoryStatusItem statusItem;
     MemoryMenuView menuView;
+    MemoryMenuExporter exportedMenu;
     MemoryViews views{windows, kOwnPid};
     MemoryTextServices text;
     MemoryUserDefaults userDefaults;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/observer_list.h"
+#include "menubar/menu_exporter.h"
 #include "menubar/menu_view.h"
 #include "platform/status_item.h"
 
@@ -40,6 +41,16 @@ private:
     bool hasBar_ = true;
     ObserverList<> shownChanged_;
     std::function<void(const StatusItemClick&)> clicked_;
+};
+
+/// Gives the menu as a status bar would draw it.
+class MemoryMenuExporter : public MenuExporter {
+public:
+    void exportMenu(std::function<const Menu&()> source) override {
+        bringUpToDate = std::move(source);
+    }
+
+    std::function<const Menu&()> bringUpToDate;
 };
 
 /// Keeps the menu that was opened last.
