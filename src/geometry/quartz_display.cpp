@@ -3,70 +3,79 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace panewright {
 namespace {
 
-std::optional<QuartzDisplay> onlyOrPrimaryOfFirst(const Displays& port,
-                                                  const std::vector<DisplayId>& found) {
-    if (found.empty()) {
+/// The first display that it holds for; if more follow, the one that the first mirrors.
+template <class Predicate>
+std::optional<QuartzDisplay> onlyOrPrimaryOfFirst(const Displays& port, Predicate predicate) {
+    const auto& all = port.snapshot();
+    const auto first = std::find_if(all.begin(), all.end(), predicate);
+    if (first == all.end()) {
         return std::nullopt;
     }
-    return QuartzDisplay(port,
-                         found.size() == 1 ? found.front() : port.primaryDisplay(found.front()));
+    const bool isOnly = std::none_of(std::next(first), all.end(), predicate);
+    return QuartzDisplay(port, isOnly ? first->id : first->mirrored);
+}
+
+bool isScreen(const Display& display) {
+    return display.mirrored == display.id;
 }
 
 } // namespace
 
 std::optional<QuartzDisplay> QuartzDisplay::withPoint(const Displays& port, Point point) {
-    return onlyOrPrimaryOfFirst(port, port.displaysWithPoint(point, kMaxDisplays));
+    return onlyOrPrimaryOfFirst(
+        port, [&](const Display& display) { return contains(display.bounds, point); });
 }
 
 std::optional<QuartzDisplay> QuartzDisplay::withRect(const Displays& port, const Rect& rect) {
-    return onlyOrPrimaryOfFirst(port, port.displaysWithRect(rect, kMaxDisplays));
+    return onlyOrPrimaryOfFirst(
+        port, [&](const Display& display) { return intersects(display.bounds, rect); });
 }
 
 std::size_t QuartzDisplay::numberOfDisplays(const Displays& port) {
-    return port.activeDisplays(kMaxDisplays).size();
+    return std::min(port.snapshot().size(), kMaxDisplays);
 }
 
 std::vector<QuartzDisplay> QuartzDisplay::displays(const Displays& port) {
-    auto ids = port.activeDisplays(kMaxDisplays);
-    ids.resize(kMaxDisplays, kNoDisplay);
-    std::vector<QuartzDisplay> displays;
-    displays.reserve(ids.size());
-    for (const auto id : ids) {
-        displays.emplace_back(port, id);
+    std::vector<QuartzDisplay> displays(kMaxDisplays, QuartzDisplay(port, kNoDisplay));
+    const auto& all = port.snapshot();
+    for (std::size_t i = 0; i < numberOfDisplays(port); ++i) {
+        displays[i].setDisplayId(all[i].id);
     }
     return displays;
 }
 
 std::vector<QuartzDisplay> QuartzDisplay::screens(const Displays& port) {
     std::vector<QuartzDisplay> displays;
-    for (const auto& screen : port.screens()) {
-        displays.emplace_back(port, static_cast<DisplayId>(screen.screenNumber));
+    for (const auto& display : port.snapshot()) {
+        if (isScreen(display)) {
+            displays.emplace_back(port, display.id);
+        }
     }
     return displays;
 }
 
 std::optional<Screen> QuartzDisplay::screen() const {
-    const auto screens = port_->screens();
-    const auto found = std::find_if(screens.begin(), screens.end(), [this](const Screen& screen) {
-        return static_cast<DisplayId>(screen.screenNumber) == displayId_;
-    });
-    return found == screens.end() ? std::nullopt : std::optional(*found);
+    const auto display = displayNow();
+    return display.id != kNoDisplay && isScreen(display)
+               ? std::optional(Screen{display.id, display.name})
+               : std::nullopt;
 }
 
 std::string QuartzDisplay::serialNumber() const {
-    return fmt::format("{}", port_->serialNumber(displayId_));
+    return fmt::format("{}", displayNow().serialNumber);
 }
 
 std::string QuartzDisplay::vendorNumber() const {
-    return fmt::format("{}", port_->vendorNumber(displayId_));
+    return fmt::format("{}", displayNow().vendorNumber);
 }
 
 std::string QuartzDisplay::unitNumber() const {
-    return fmt::format("{}", port_->unitNumber(displayId_));
+    return fmt::format("{}", displayNow().unitNumber);
 }
 
 std::string QuartzDisplay::serialAndVendorAndUnit() const {

@@ -3,11 +3,19 @@
 #include "base/geometry.h"
 #include "platform/displays.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace panewright {
+
+/// One screen of the windowing toolkit, with the device-description value "NSScreenNumber" that
+/// says which display it is.
+struct Screen {
+    std::int64_t screenNumber = 0;
+    std::string name;
+};
 
 /// One display, by its identifier. Caches nothing: each query asks the display server again, so a
 /// display that is gone answers with zeros. Global points: origin top-left of the main display, y
@@ -32,14 +40,15 @@ public:
     /// kMaxDisplays entries: the active displays in the server's order, then kNoDisplay.
     static std::vector<QuartzDisplay> displays(const Displays& port);
 
-    /// One for each screen of the toolkit, the screen with the menu bar first.
+    /// One for each screen of the toolkit, the screen with the menu bar first; displays that mirror
+    /// each other are one screen.
     static std::vector<QuartzDisplay> screens(const Displays& port);
 
     DisplayId displayId() const { return displayId_; }
     void setDisplayId(DisplayId displayId) { displayId_ = displayId; }
 
-    Rect bounds() const { return port_->bounds(displayId_); }
-    Size pixelSize() const { return port_->pixelSize(displayId_); }
+    Rect bounds() const { return displayNow().bounds; }
+    Size pixelSize() const { return displayNow().pixelSize; }
 
     /// The first screen of the toolkit that shows this display; nil if none does.
     std::optional<Screen> screen() const;
@@ -57,6 +66,8 @@ public:
     std::string description() const;
 
 private:
+    Display displayNow() const { return displayWithId(port_->snapshot(), displayId_); }
+
     const Displays* port_;
     DisplayId displayId_;
 };

@@ -9,11 +9,6 @@ DisplayId displayOf(const Displays& displays, const Rect& rect) {
     return display ? display->displayId() : kNoDisplay;
 }
 
-DisplayId mainDisplay(const Displays& displays) {
-    const auto active = displays.activeDisplays(1);
-    return active.empty() ? kNoDisplay : active.front();
-}
-
 } // namespace
 
 PopoverAnchor statusItemAnchor(const StatusItem& item, const Displays& displays,
@@ -25,8 +20,8 @@ PopoverAnchor statusItemAnchor(const StatusItem& item, const Displays& displays,
         }
     }
     const bool isConnected = boundsOf(focused) != Rect{};
-    const auto area =
-        workAreas.workArea(isConnected ? focused->displayId() : mainDisplay(displays));
+    const auto area = workAreas.workArea(isConnected ? focused->displayId()
+                                                     : mainDisplayOf(displays.snapshot()).id);
     return {{area.x + area.width, area.y, 0, 0}, area};
 }
 

@@ -138,7 +138,7 @@ void StatusItemController::menuNeedsUpdate() {
     tracking_->updateApplicationTracking();
     addEventHandlers();
     auto& moveItem = *menu_.moveToNextDisplayItem;
-    moveItem.isEnabled = ports_.displays.screens().size() != 1;
+    moveItem.isEnabled = QuartzDisplay::screens(ports_.displays).size() != 1;
     moveItem.isKeyEquivalentTaken =
         moveToNextDisplayKey_ && isShortcutTaken(ports_.hotKeys, moveToNextDisplayKey_->keyCode(),
                                                  moveToNextDisplayKey_->modifierFlags());

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "base/registration.h"
+
 #include <cstdint>
+#include <functional>
 
 namespace panewright {
 
@@ -18,44 +21,27 @@ struct HotKeyId {
     friend bool operator==(const HotKeyId&, const HotKeyId&) = default;
 };
 
-/// Which events a handler is installed for.
-struct EventTypeSpec {
-    std::uint32_t eventClass = 0;
-    std::uint32_t eventKind = 0;
-
-    friend bool operator==(const EventTypeSpec&, const EventTypeSpec&) = default;
-};
-
-constexpr std::uint32_t kEventClassKeyboard = 0x6B657962; // 'keyb'
-constexpr std::uint32_t kEventHotKeyPressed = 5;
-
-/// Handles that the service gives out; 0 is none. Releasing one twice, or one never given out, is
+/// A handle that the service gives out; 0 is none. Releasing one twice, or one never given out, is
 /// harmless.
 using HotKeyRef = std::uint64_t;
-using EventHandlerRef = std::uint64_t;
 
-/// Status of an event call: 0 is success (for a handler: the event is claimed).
+/// Status of a call; 0 is success.
 using EventStatus = std::int32_t;
 constexpr EventStatus kNoError = 0;
 constexpr EventStatus kEventParameterNotFound = -9870;
 constexpr EventStatus kHotKeyInvalid = -9879;
 
-/// A press as it is delivered. `parameterStatus` tells whether the identifier could be read.
-struct HotKeyEvent {
-    EventTypeSpec type;
-    EventStatus parameterStatus = kNoError;
+/// A press. The identifier is that of the hot key where the status of reading it is kNoError.
+struct HotKeyPress {
+    EventStatus status = kNoError;
     HotKeyId hotKeyId;
 };
-
-using EventHandlerFunction = EventStatus (*)(const HotKeyEvent& event, void* userData);
 
 /// The system-wide hot keys.
 ///
 /// A key is a virtual key code (a physical key, whatever the keyboard layout) with modifiers in the
 /// hot-key form, whose other bits are ignored.
-/// Lock keys make no difference, and a key that is held down is one press. Main thread only;
-/// presses are delivered on the main loop, to the handlers of their type from the one installed
-/// last to the first, until one answers kNoError.
+/// Lock keys make no difference, and a key that is held down is one press. Main thread only.
 class HotKeys {
 public:
     struct Registered {
@@ -74,9 +60,8 @@ public:
                                       HotKeyId id) = 0;
     virtual void unregisterHotKey(HotKeyRef ref) = 0;
 
-    virtual EventHandlerRef installHandler(EventTypeSpec type, EventHandlerFunction handler,
-                                           void* userData) = 0;
-    virtual void removeHandler(EventHandlerRef ref) = 0;
+    /// Calls back on the main loop for each press of a registered key.
+    virtual Registration onPressed(std::function<void(const HotKeyPress&)> callback) = 0;
 
     /// Whether another program holds this key, so that registering it has no effect. Need not be
     /// registered by us: a key that is not is tried out and let go.

@@ -51,7 +51,10 @@ void CarbonEventManager::setSharedManagerFactory(Factory factory) {
     shared().factory = std::move(factory);
 }
 
-CarbonEventManager::CarbonEventManager(Services services) : services_(services) {
+CarbonEventManager::CarbonEventManager(Services services)
+    : services_(services), presses_(services.hotKeys.onPressed([this](const HotKeyPress& press) {
+          handlers_.deliver({kEventClassKeyboard, kEventHotKeyPressed}, press);
+      })) {
     restoreFromDefaults(); // for a registry that writes from the start; this one does not
 }
 
@@ -96,7 +99,7 @@ void CarbonEventManager::addCarbonKeyEvent(const KeyEventPtr& event) {
                             static_cast<std::uint32_t>(modifiers), registration.hotKeyId)
             .ref;
     registration.eventHandlerRef =
-        services_.hotKeys.installHandler(registration.eventSpec, carbonEventHotKeyHandler, nullptr);
+        handlers_.install(registration.eventSpec, carbonEventHotKeyHandler, nullptr);
     keyEvents_[key] = event;
     keyEvents_[hotKeyIdFromKeyEvent(*event)] = event;
     saveToDefaults();
@@ -122,7 +125,7 @@ void CarbonEventManager::removeCarbonKeyEventWithKeyCode(std::uint64_t keyCode,
 void CarbonEventManager::removeEntry(
     std::uint64_t key, KeyEventPtr event) { // NOLINT(performance-unnecessary-value-param)
     if (keyEvents_.contains(key)) {
-        services_.hotKeys.removeHandler(event->registration_.eventHandlerRef);
+        handlers_.remove(event->registration_.eventHandlerRef);
         services_.hotKeys.unregisterHotKey(event->registration_.hotKeyRef);
         keyEvents_.erase(key);
         keyEvents_.erase(hotKeyIdFromKeyEvent(*event));
@@ -155,18 +158,18 @@ void CarbonEventManager::removeAllEvents() {
     saveToDefaults();
 }
 
-EventStatus CarbonEventManager::handleHotKeyEvent(const HotKeyEvent& event) {
-    if (event.parameterStatus != kNoError) {
-        return event.parameterStatus;
+EventStatus CarbonEventManager::handleHotKeyPress(const HotKeyPress& press) {
+    if (press.status != kNoError) {
+        return press.status;
     }
-    if (const auto pressed = keyEventFromHotKeyId(event.hotKeyId.id)) {
+    if (const auto pressed = keyEventFromHotKeyId(press.hotKeyId.id)) {
         pressed->invoke(services_.mainLoop);
     }
     return kNoError;
 }
 
-EventStatus carbonEventHotKeyHandler(const HotKeyEvent& event, void* /*userData*/) {
-    return CarbonEventManager::sharedManager().handleHotKeyEvent(event);
+EventStatus carbonEventHotKeyHandler(const HotKeyPress& press, void* /*userData*/) {
+    return CarbonEventManager::sharedManager().handleHotKeyPress(press);
 }
 
 } // namespace panewright

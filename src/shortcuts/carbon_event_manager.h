@@ -4,6 +4,7 @@
 #include "platform/main_loop.h"
 #include "platform/user_defaults.h"
 #include "shortcuts/carbon_key_event.h"
+#include "shortcuts/hot_key_handlers.h"
 
 #include <cstdint>
 #include <functional>
@@ -97,7 +98,7 @@ public:
     void restoreTargetActions(const std::function<void(const KeyEventPtr&)>& block);
 
     /// Fires the event that was pressed. Claims it (kNoError) unless its identifier cannot be read.
-    EventStatus handleHotKeyEvent(const HotKeyEvent& event);
+    EventStatus handleHotKeyPress(const HotKeyPress& press);
 
 private:
     /// By value: the table's own entry, which goes, may be what is passed.
@@ -105,10 +106,12 @@ private:
 
     Services services_;
     KeyEventTable keyEvents_;
+    HotKeyHandlers handlers_;
     bool writesToDefaults_ = false;
+    Registration presses_;
 };
 
 /// The handler of presses; `userData` is not used, the shared registry answers.
-EventStatus carbonEventHotKeyHandler(const HotKeyEvent& event, void* userData);
+EventStatus carbonEventHotKeyHandler(const HotKeyPress& press, void* userData);
 
 } // namespace panewright

@@ -3,6 +3,7 @@
 #include "archive/keyed_coding.h"
 #include "platform/hot_keys.h"
 #include "platform/main_loop.h"
+#include "shortcuts/hot_key_handlers.h"
 
 #include <cstdint>
 #include <functional>

@@ -16,33 +16,17 @@ using testing::IsEmpty;
 constexpr std::uint32_t kOption = 0x800;
 constexpr std::uint32_t kShift = 0x200;
 constexpr std::uint32_t kControl = 0x1000;
-constexpr EventTypeSpec kPressed{kEventClassKeyboard, kEventHotKeyPressed};
 
 class HotKeysContract : public DesktopContract {
 protected:
-    /// A handler that logs its name and the id of the press, and claims the press or does not.
-    struct Handler {
-        std::vector<std::string>& log;
-        std::string name;
-        EventStatus answer = kNoError;
-    };
-    EventHandlerRef install(Handler& added, EventTypeSpec type = kPressed) {
-        const auto handle = [](const HotKeyEvent& event, void* userData) {
-            const auto& handler = *static_cast<Handler*>(userData);
-            handler.log.push_back(handler.name + std::to_string(event.hotKeyId.id));
-            return handler.answer;
-        };
-        return port_.installHandler(type, handle, &added);
-    }
-
     HotKeyRef add(std::uint32_t keyCode, std::uint32_t id) {
         return port_.registerHotKey(keyCode, kOption, {0, id}).ref;
     }
     static std::uint16_t evdevCode(std::uint32_t keyCode) {
         return static_cast<std::uint16_t>(evdevCodesOf(keyCode).front());
     }
-    /// What the handlers heard of a press of Option and the key; waits for that many calls.
-    std::vector<std::string> heardAfter(std::uint32_t keyCode, std::size_t count = 1) {
+    /// The identifiers that were told of after a press of Option and the key; waits for that many.
+    std::vector<std::uint32_t> heardAfter(std::uint32_t keyCode, std::size_t count = 1) {
         log_.clear();
         if (x11_) {
             x11_->loop.runPending(); // grabs what was registered
@@ -75,45 +59,30 @@ protected:
     }
 
     HotKeys& port_ = ports_.hotKeys;
-    std::vector<std::string> log_;
-    Handler first_{log_, "first"};
-    Handler second_{log_, "second"};
+    std::vector<std::uint32_t> log_;
+    Registration presses_ = port_.onPressed([this](const HotKeyPress& press) {
+        EXPECT_EQ(press.status, kNoError);
+        log_.push_back(press.hotKeyId.id);
+    });
 };
 
-TEST_P(HotKeysContract, DeliverAPressToTheNewestHandlerUntilOneClaimsIt) {
-    const auto installed = install(first_);
-    add(18, 7);
-    EXPECT_THAT(heardAfter(18), ElementsAre("first7"));
-    second_.answer = kEventParameterNotFound;
-    const auto newer = install(second_);
-    install(second_, {kEventClassKeyboard, 6}); // releases are another type
-    EXPECT_THAT(heardAfter(18, 2), ElementsAre("second7", "first7"));
-    second_.answer = kNoError;
-    EXPECT_THAT(heardAfter(18), ElementsAre("second7"));
-    port_.removeHandler(newer);
-    port_.removeHandler(newer);
-    EXPECT_THAT(heardAfter(18), ElementsAre("first7"));
-    port_.removeHandler(installed);
-    EXPECT_THAT(heardAfter(18, 0), IsEmpty());
-}
-
 TEST_P(HotKeysContract, TellKeysApartAndFallSilentWhenUnregistered) {
-    install(first_);
     const auto one = add(18, 1);
     add(19, 2);
     port_.registerHotKey(18, kOption | kShift, {0, 3});
-    EXPECT_THAT(heardAfter(19), ElementsAre("first2"));
-    EXPECT_THAT(heardAfter(18), ElementsAre("first1"));
+    EXPECT_THAT(heardAfter(19), ElementsAre(2));
+    EXPECT_THAT(heardAfter(18), ElementsAre(1));
     port_.unregisterHotKey(one);
     port_.unregisterHotKey(one);
     EXPECT_THAT(heardAfter(18, 0), IsEmpty());
     add(18, 4);
-    EXPECT_THAT(heardAfter(18), ElementsAre("first4"));
+    EXPECT_THAT(heardAfter(18), ElementsAre(4));
     EXPECT_EQ(port_.registerHotKey(200, kOption, {}).status, kHotKeyInvalid); // no such key
+    presses_.release();
+    EXPECT_THAT(heardAfter(18, 0), IsEmpty());
 }
 
 TEST_P(HotKeysContract, TellWhetherAnotherProgramHoldsAKey) {
-    install(first_);
     takeByAnotherProgram(20);
     const auto isTaken = [&](std::uint32_t keyCode) {
         return port_.isTakenByAnotherProgram(keyCode, kOption);
@@ -126,7 +95,7 @@ TEST_P(HotKeysContract, TellWhetherAnotherProgramHoldsAKey) {
         EXPECT_FALSE(isTaken(21));
         EXPECT_FALSE(isTaken(200));
         EXPECT_THAT(heardAfter(20, 0), IsEmpty());
-        EXPECT_THAT(heardAfter(21), ElementsAre("first2"));
+        EXPECT_THAT(heardAfter(21), ElementsAre(2));
     }
     takeByAnotherProgram(22); // which nobody here wants
     EXPECT_TRUE(isTaken(22));
@@ -135,7 +104,7 @@ TEST_P(HotKeysContract, TellWhetherAnotherProgramHoldsAKey) {
     takeByAnotherProgram(22); // being asked has let go of it
     letGoByAnotherProgram(20);
     EXPECT_FALSE(isTaken(20));
-    EXPECT_THAT(heardAfter(20), ElementsAre("first1")); // it is ours since
+    EXPECT_THAT(heardAfter(20), ElementsAre(1)); // it is ours since
 }
 
 INSTANTIATE_TEST_SUITE_P(Everywhere, HotKeysContract, testing::Values("memory", "X11"),
@@ -144,11 +113,7 @@ INSTANTIATE_TEST_SUITE_P(Everywhere, HotKeysContract, testing::Values("memory", 
 TEST(X11HotKeys, TakeNoKeyEventThatAnotherProgramMakesUp) {
     X11Rig rig;
     int presses = 0;
-    const auto count = [](const HotKeyEvent&, void* counted) {
-        ++*static_cast<int*>(counted);
-        return kNoError;
-    };
-    rig.ports->hotKeys.installHandler(kPressed, count, &presses);
+    const auto counting = rig.ports->hotKeys.onPressed([&](const HotKeyPress&) { ++presses; });
     rig.ports->hotKeys.registerHotKey(18, kOption, {0, 1});
     rig.loop.runPending();
     const auto& x = rig.desktop.x();

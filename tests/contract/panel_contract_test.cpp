@@ -34,7 +34,7 @@ TEST_P(PanelContract, IsFollowedAsItComesAndGoes) {
     int changes = 0;
     const auto registration = tray.onChange([&] { ++changes; });
     const Rect whole{0, 0, 1600, 900};
-    const auto area = [&] { return areas.workArea(rig_.ports->displays.activeDisplays(1).at(0)); };
+    const auto area = [&] { return areas.workArea(rig_.ports->displays.snapshot().at(0).id); };
     const auto expect = [&](bool isThere, int told) {
         const Rect left = isThere ? Rect{0, 30, 1600, 870} : whole;
         EXPECT_TRUE(rig_.eventually([&] { return changes == told && area() == left; })) << changes;

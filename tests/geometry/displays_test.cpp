@@ -13,7 +13,7 @@ class DisplaysTest : public testing::Test {
 protected:
     /// With ids from 1 on.
     void connect(const std::vector<Rect>& bounds) {
-        std::vector<MemoryDisplays::Display> displays;
+        DisplaySnapshot displays;
         displays.reserve(bounds.size());
         for (const auto& rect : bounds) {
             displays.push_back({.id = static_cast<DisplayId>(displays.size() + 1), .bounds = rect});
@@ -29,8 +29,9 @@ protected:
 };
 
 TEST_F(DisplaysTest, AreFortyEightHoweverFewThereAreAndFollowTheDesktop) {
-    displays_.setDisplays({{.id = 3, .bounds = {0, 0, 800, 600}, .mirrorOf = 5},
-                           {.id = 5, .bounds = {0, 0, 800, 600}, .vendor = 1552, .unit = 1}});
+    displays_.setDisplays(
+        {{.id = 3, .mirrored = 5, .bounds = {0, 0, 800, 600}},
+         {.id = 5, .bounds = {0, 0, 800, 600}, .vendorNumber = 1552, .unitNumber = 1}});
     const auto all = QuartzDisplay::displays(displays_);
     ASSERT_THAT(all, SizeIs(48));
     EXPECT_EQ(all[1].displayId(), 5U);

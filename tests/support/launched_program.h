@@ -58,7 +58,7 @@ public:
         state->setAppBundleId(bundleId);
         state->setAppName(bundleId);
         state->setOriginalWindowRect(frame);
-        state->setOriginalQuartzDisplayBounds(desktop.displays.bounds(1));
+        state->setOriginalQuartzDisplayBounds(displayWithId(desktop.displays.snapshot(), 1).bounds);
         state->setKeyEvent(CarbonKeyEvent::carbonEventWithKeyCode(keyCode, 0x80000));
         delegate.statusItemController()->addWindowState(state);
         delegate.statusItemController()->addEventHandlers();

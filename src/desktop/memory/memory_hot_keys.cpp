@@ -16,9 +16,7 @@ bool MemoryHotKeys::press(std::uint32_t virtualKeyCode, std::uint32_t modifiers)
     if (pressed == hotKeys_.end() || takenByOthers_.contains(key)) {
         return false;
     }
-    mainLoop_.post([this, id = pressed->second.id] {
-        handlers_.deliver({{kEventClassKeyboard, kEventHotKeyPressed}, parameterStatus_, id});
-    });
+    mainLoop_.post([this, id = pressed->second.id] { pressed_.notify({readingStatus_, id}); });
     return true;
 }
 

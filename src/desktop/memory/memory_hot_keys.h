@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/shared/hot_key_handlers.h"
+#include "base/observer_list.h"
 #include "platform/hot_keys.h"
 #include "platform/main_loop.h"
 
@@ -29,18 +29,16 @@ public:
     }
 
     /// What identifiers cannot be read with from now on; kNoError: they can.
-    void setParameterStatus(EventStatus status) { parameterStatus_ = status; }
+    void setReadingStatus(EventStatus status) { readingStatus_ = status; }
 
     std::size_t registeredCount() const { return hotKeys_.size(); }
 
     Registered registerHotKey(std::uint32_t virtualKeyCode, std::uint32_t modifiers,
                               HotKeyId id) override;
     void unregisterHotKey(HotKeyRef ref) override { hotKeys_.erase(ref); }
-    EventHandlerRef installHandler(EventTypeSpec type, EventHandlerFunction handler,
-                                   void* userData) override {
-        return handlers_.install(type, handler, userData);
+    Registration onPressed(std::function<void(const HotKeyPress&)> callback) override {
+        return pressed_.add(std::move(callback));
     }
-    void removeHandler(EventHandlerRef ref) override { handlers_.remove(ref); }
     bool isTakenByAnotherProgram(std::uint32_t virtualKeyCode,
                                  std::uint32_t modifiers) const override {
         return takenByOthers_.contains({virtualKeyCode, modifiers});
@@ -54,11 +52,11 @@ private:
     };
 
     MainLoop& mainLoop_;
-    HotKeyHandlers handlers_;
+    ObserverList<const HotKeyPress&> pressed_;
     std::map<HotKeyRef, HotKey> hotKeys_;
     std::set<Key> takenByOthers_;
     HotKeyRef lastRef_ = 0;
-    EventStatus parameterStatus_ = kNoError;
+    EventStatus readingStatus_ = kNoError;
 };
 
 } // namespace panewright

@@ -17,7 +17,7 @@ public:
 
     Rect workArea(DisplayId display) const override {
         const auto reserved = areas_.find(display);
-        const Rect bounds = displays_.bounds(display);
+        const Rect bounds = displayWithId(displays_.snapshot(), display).bounds;
         return reserved == areas_.end() || bounds == Rect{} ? bounds : reserved->second;
     }
 

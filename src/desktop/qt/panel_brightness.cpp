@@ -22,12 +22,9 @@ std::optional<double> middleOfStrip(const Rect& display, const Rect& area) {
 
 std::optional<double> panelBrightness(const Displays& displays, const WorkAreas& workAreas,
                                       const ScreenBrightness& brightness) {
-    const auto active = displays.activeDisplays(1);
-    if (active.empty()) {
-        return std::nullopt;
-    }
-    const auto bounds = displays.bounds(active.front());
-    const auto y = middleOfStrip(bounds, workAreas.workArea(active.front()));
+    const auto main = mainDisplayOf(displays.snapshot());
+    const auto& bounds = main.bounds;
+    const auto y = middleOfStrip(bounds, workAreas.workArea(main.id));
     std::vector<double> samples;
     for (int i = 0; y && i < kSamples; ++i) {
         const double x = bounds.x + bounds.width * (i + 0.5) / kSamples;

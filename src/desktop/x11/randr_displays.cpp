@@ -28,6 +28,34 @@ std::vector<std::uint32_t> outputsOf(const xcb_randr_monitor_info_t& info) {
     return {first, first + xcb_randr_monitor_info_outputs_length(&info)};
 }
 
+struct Monitor {
+    Display display;
+    bool isPrimary = false;
+};
+
+/// The primary one first; one with the rectangle of an earlier one mirrors it.
+DisplaySnapshot sorted(std::vector<Monitor> monitors) {
+    if (std::none_of(monitors.begin(), monitors.end(), [](const auto& m) { return m.isPrimary; })) {
+        for (auto& monitor : monitors) {
+            monitor.isPrimary = contains(monitor.display.bounds, {0, 0});
+        }
+    }
+    std::sort(monitors.begin(), monitors.end(), [](const Monitor& a, const Monitor& b) {
+        const auto& [first, second] = std::tie(a.display, b.display);
+        return std::tuple(!a.isPrimary, first.bounds.x, first.bounds.y, first.name) <
+               std::tuple(!b.isPrimary, second.bounds.x, second.bounds.y, second.name);
+    });
+    DisplaySnapshot displays;
+    for (auto& [display, isPrimary] : monitors) {
+        const auto mirrored = std::find_if(
+            displays.begin(), displays.end(),
+            [&rect = display.bounds](const Display& other) { return other.bounds == rect; });
+        display.mirrored = mirrored == displays.end() ? display.id : mirrored->id;
+        displays.push_back(std::move(display));
+    }
+    return displays;
+}
+
 } // namespace
 
 RandrDisplays::RandrDisplays(XConnection& connection, MainLoop& mainLoop)
@@ -53,124 +81,57 @@ RandrDisplays::RandrDisplays(XConnection& connection, MainLoop& mainLoop)
                 XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE | XCB_RANDR_NOTIFY_MASK_OUTPUT_PROPERTY);
         connection.flushSoon();
     }
-    reported_ = monitors();
+    reported_ = snapshot();
 }
 
-std::vector<DisplayId> RandrDisplays::activeDisplays(std::size_t capacity) const {
-    return idsWhere([](const Monitor&) { return true; }, capacity);
-}
-
-std::vector<DisplayId> RandrDisplays::displaysWithPoint(Point point, std::size_t capacity) const {
-    return idsWhere([&](const Monitor& m) { return contains(m.bounds, point); }, capacity);
-}
-
-std::vector<DisplayId> RandrDisplays::displaysWithRect(const Rect& rect,
-                                                       std::size_t capacity) const {
-    return idsWhere([&](const Monitor& m) { return intersects(m.bounds, rect); }, capacity);
-}
-
-DisplayId RandrDisplays::primaryDisplay(DisplayId display) const {
-    const auto* monitor = find(display);
-    return monitor ? monitor->mirrored : display;
-}
-
-Rect RandrDisplays::bounds(DisplayId display) const {
-    const auto* monitor = find(display);
-    return monitor ? monitor->bounds : Rect{};
-}
-
-Size RandrDisplays::pixelSize(DisplayId display) const {
-    return bounds(display).size();
-}
-
-std::uint32_t RandrDisplays::serialNumber(DisplayId display) const {
-    const auto* monitor = find(display);
-    return monitor ? monitor->identity.serial : 0;
-}
-
-std::uint32_t RandrDisplays::vendorNumber(DisplayId display) const {
-    const auto* monitor = find(display);
-    return monitor ? monitor->identity.vendor : 0;
-}
-
-std::uint32_t RandrDisplays::unitNumber(DisplayId display) const {
-    const auto* monitor = find(display);
-    return monitor ? stableNumber(monitor->name) : 0;
-}
-
-std::vector<Screen> RandrDisplays::screens() const {
-    std::vector<Screen> screens;
-    for (const auto& monitor : monitors()) {
-        if (monitor.mirrored == monitor.id) {
-            screens.push_back({static_cast<std::int64_t>(monitor.id), monitor.name});
-        }
-    }
-    return screens;
-}
-
-const std::vector<RandrDisplays::Monitor>& RandrDisplays::monitors() const {
+const DisplaySnapshot& RandrDisplays::snapshot() const {
     if (stale_) {
         stale_ = false;
-        if (auto found = readMonitors(); !found.empty()) {
-            monitors_ = std::move(found);
-        } else if (monitors_.empty()) {
-            monitors_ = {rootAsMonitor()};
+        if (auto found = read(); !found.empty()) {
+            displays_ = std::move(found);
+        } else if (displays_.empty()) {
+            displays_ = {rootAsDisplay()};
         }
     }
-    return monitors_;
+    return displays_;
 }
 
-std::vector<RandrDisplays::Monitor> RandrDisplays::readMonitors() const {
-    std::vector<Monitor> found;
-    if (!randrEvent_) {
-        return found;
-    }
-    const auto reply = connection_.reply(
-        xcb_randr_get_monitors_reply, xcb_randr_get_monitors(connection_, connection_.root(), 1));
+DisplaySnapshot RandrDisplays::read() const {
+    const auto reply =
+        randrEvent_ ? connection_.reply(xcb_randr_get_monitors_reply,
+                                        xcb_randr_get_monitors(connection_, connection_.root(), 1))
+                    : nullptr;
+    std::vector<Monitor> monitors;
     if (!reply) {
-        return found;
+        return {};
     }
     for (auto infos = xcb_randr_get_monitors_monitors_iterator(reply.get()); infos.rem;
          xcb_randr_monitor_info_next(&infos)) {
         const auto& info = *infos.data;
-        Monitor monitor{kNoDisplay,
-                        kNoDisplay,
-                        {static_cast<double>(info.x), static_cast<double>(info.y),
-                         static_cast<double>(info.width), static_cast<double>(info.height)},
-                        nameOf(info.name),
-                        identityOf(outputsOf(info)),
-                        info.primary != 0};
-        monitor.id = idFor(monitor);
-        found.push_back(std::move(monitor));
+        const auto identity = identityOf(outputsOf(info));
+        auto name = nameOf(info.name);
+        const Rect bounds{static_cast<double>(info.x), static_cast<double>(info.y),
+                          static_cast<double>(info.width), static_cast<double>(info.height)};
+        const auto id = idFor(identity, name);
+        monitors.push_back({{id, id, bounds, bounds.size(), identity.serial, identity.vendor,
+                             stableNumber(name), std::move(name)},
+                            info.primary != 0});
     }
-    if (std::none_of(found.begin(), found.end(), [](const auto& m) { return m.primary; })) {
-        for (auto& monitor : found) {
-            monitor.primary = contains(monitor.bounds, {0, 0});
-        }
-    }
-    std::sort(found.begin(), found.end(), [](const Monitor& a, const Monitor& b) {
-        return std::tuple(!a.primary, a.bounds.x, a.bounds.y, a.name) <
-               std::tuple(!b.primary, b.bounds.x, b.bounds.y, b.name);
-    });
-    for (auto& monitor : found) {
-        const auto sameRect = [&](const Monitor& m) { return m.bounds == monitor.bounds; };
-        monitor.mirrored = std::find_if(found.begin(), found.end(), sameRect)->id;
-    }
-    return found;
+    return sorted(std::move(monitors));
 }
 
-RandrDisplays::Monitor RandrDisplays::rootAsMonitor() const {
-    Monitor monitor;
-    monitor.name = "screen";
-    monitor.primary = true;
+Display RandrDisplays::rootAsDisplay() const {
+    Display display;
+    display.name = "screen";
     if (const auto root = connection_.reply(xcb_get_geometry_reply,
                                             xcb_get_geometry(connection_, connection_.root()))) {
-        monitor.bounds = {0, 0, static_cast<double>(root->width),
+        display.bounds = {0, 0, static_cast<double>(root->width),
                           static_cast<double>(root->height)};
     }
-    monitor.id = idFor(monitor);
-    monitor.mirrored = monitor.id;
-    return monitor;
+    display.pixelSize = display.bounds.size();
+    display.unitNumber = stableNumber(display.name);
+    display.id = display.mirrored = idFor({}, display.name);
+    return display;
 }
 
 EdidIdentity RandrDisplays::identityOf(const std::vector<std::uint32_t>& outputs) const {
@@ -192,16 +153,9 @@ EdidIdentity RandrDisplays::identityOf(const std::vector<std::uint32_t>& outputs
     return {};
 }
 
-const RandrDisplays::Monitor* RandrDisplays::find(DisplayId display) const {
-    const auto& all = monitors();
-    const auto found =
-        std::find_if(all.begin(), all.end(), [&](const Monitor& m) { return m.id == display; });
-    return found == all.end() ? nullptr : &*found;
-}
-
-DisplayId RandrDisplays::idFor(const Monitor& monitor) const {
-    const auto key = fmt::format("{} {} {} {}", monitor.identity.vendor, monitor.identity.product,
-                                 monitor.identity.serial, monitor.name);
+DisplayId RandrDisplays::idFor(const EdidIdentity& identity, const std::string& name) const {
+    const auto key =
+        fmt::format("{} {} {} {}", identity.vendor, identity.product, identity.serial, name);
     return ids_.try_emplace(key, static_cast<DisplayId>(ids_.size() + 1)).first->second;
 }
 
@@ -211,17 +165,6 @@ std::string RandrDisplays::nameOf(xcb_atom_t atom) const {
     return reply ? std::string(xcb_get_atom_name_name(reply.get()),
                                xcb_get_atom_name_name_length(reply.get()))
                  : std::string();
-}
-
-template <class Predicate>
-std::vector<DisplayId> RandrDisplays::idsWhere(Predicate predicate, std::size_t capacity) const {
-    std::vector<DisplayId> ids;
-    for (const auto& monitor : monitors()) {
-        if (ids.size() < capacity && predicate(monitor)) {
-            ids.push_back(monitor.id);
-        }
-    }
-    return ids;
 }
 
 bool RandrDisplays::isChange(const xcb_generic_event_t& event) const {
@@ -236,8 +179,8 @@ bool RandrDisplays::isChange(const xcb_generic_event_t& event) const {
 
 void RandrDisplays::reportSoon() {
     pendingReport_ = mainLoop_.after(kSettlingTime, [this] {
-        if (monitors() != reported_) {
-            reported_ = monitors();
+        if (snapshot() != reported_) {
+            reported_ = snapshot();
             changed_.notify();
         }
     });

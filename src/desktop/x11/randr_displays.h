@@ -22,53 +22,27 @@ class RandrDisplays : public Displays {
 public:
     RandrDisplays(XConnection& connection, MainLoop& mainLoop);
 
-    std::vector<DisplayId> activeDisplays(std::size_t capacity) const override;
-    std::vector<DisplayId> displaysWithPoint(Point point, std::size_t capacity) const override;
-    std::vector<DisplayId> displaysWithRect(const Rect& rect, std::size_t capacity) const override;
-    DisplayId primaryDisplay(DisplayId display) const override;
-    Rect bounds(DisplayId display) const override;
-    Size pixelSize(DisplayId display) const override;
-    std::uint32_t serialNumber(DisplayId display) const override;
-    std::uint32_t vendorNumber(DisplayId display) const override;
-    std::uint32_t unitNumber(DisplayId display) const override;
-    std::vector<Screen> screens() const override;
+    const DisplaySnapshot& snapshot() const override;
     Registration onChange(std::function<void()> callback) override {
         return changed_.add(std::move(callback));
     }
 
 private:
-    struct Monitor {
-        DisplayId id = kNoDisplay;
-        /// The one that this one mirrors; itself if none.
-        DisplayId mirrored = kNoDisplay;
-        Rect bounds;
-        std::string name;
-        EdidIdentity identity;
-        bool primary = false;
-
-        friend bool operator==(const Monitor&, const Monitor&) = default;
-    };
-
-    /// Valid until the next call.
-    const std::vector<Monitor>& monitors() const;
-    std::vector<Monitor> readMonitors() const;
-    Monitor rootAsMonitor() const;
+    DisplaySnapshot read() const;
+    Display rootAsDisplay() const;
     EdidIdentity identityOf(const std::vector<std::uint32_t>& outputs) const;
-    const Monitor* find(DisplayId display) const;
-    DisplayId idFor(const Monitor& monitor) const;
+    DisplayId idFor(const EdidIdentity& identity, const std::string& name) const;
     std::string nameOf(xcb_atom_t atom) const;
-    template <class Predicate>
-    std::vector<DisplayId> idsWhere(Predicate predicate, std::size_t capacity) const;
     bool isChange(const xcb_generic_event_t& event) const;
     void reportSoon();
 
     XConnection& connection_;
     MainLoop& mainLoop_;
     std::optional<std::uint8_t> randrEvent_;
-    mutable std::vector<Monitor> monitors_;
+    mutable DisplaySnapshot displays_;
     mutable bool stale_ = true;
     mutable std::map<std::string, DisplayId> ids_;
-    std::vector<Monitor> reported_;
+    DisplaySnapshot reported_;
     ObserverList<> changed_;
     Registration pendingReport_;
     Registration rootSelection_;

@@ -69,15 +69,6 @@ void X11HotKeys::unregisterHotKey(HotKeyRef ref) {
     }
 }
 
-EventHandlerRef X11HotKeys::installHandler(EventTypeSpec type, EventHandlerFunction handler,
-                                           void* userData) {
-    return handlers_.install(type, handler, userData);
-}
-
-void X11HotKeys::removeHandler(EventHandlerRef ref) {
-    handlers_.remove(ref);
-}
-
 bool X11HotKeys::isTakenByAnotherProgram(std::uint32_t virtualKeyCode,
                                          std::uint32_t modifiers) const {
     auto asked = grabsOf(virtualKeyCode, modifiers);
@@ -252,8 +243,7 @@ void X11HotKeys::pressed(const xcb_key_press_event_t& press) {
     for (const auto& [ref, hotKey] : hotKeys_) {
         const auto grabs = grabsOf(hotKey.virtualKeyCode, hotKey.modifiers);
         if (std::find(grabs.begin(), grabs.end(), arrived) != grabs.end()) {
-            const HotKeyId id = hotKey.id;
-            handlers_.deliver({{kEventClassKeyboard, kEventHotKeyPressed}, kNoError, id});
+            pressed_.notify(HotKeyPress{kNoError, hotKey.id});
             return;
         }
     }

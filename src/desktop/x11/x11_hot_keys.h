@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/lifetime.h"
-#include "desktop/shared/hot_key_handlers.h"
+#include "base/observer_list.h"
 #include "desktop/x11/key_release_watch.h"
 #include "desktop/x11/xkb_keyboard_layout.h"
 #include "desktop/x11/xkb_keymap.h"
@@ -28,9 +28,9 @@ public:
     Registered registerHotKey(std::uint32_t virtualKeyCode, std::uint32_t modifiers,
                               HotKeyId id) override;
     void unregisterHotKey(HotKeyRef ref) override;
-    EventHandlerRef installHandler(EventTypeSpec type, EventHandlerFunction handler,
-                                   void* userData) override;
-    void removeHandler(EventHandlerRef ref) override;
+    Registration onPressed(std::function<void(const HotKeyPress&)> callback) override {
+        return pressed_.add(std::move(callback));
+    }
     bool isTakenByAnotherProgram(std::uint32_t virtualKeyCode,
                                  std::uint32_t modifiers) const override;
 
@@ -67,7 +67,7 @@ private:
     XkbKeyboardLayout names_;
     MainLoop& mainLoop_;
     std::function<void()> beforePress_;
-    HotKeyHandlers handlers_;
+    ObserverList<const HotKeyPress&> pressed_;
     std::map<HotKeyRef, HotKey> hotKeys_;
     HotKeyRef lastRef_ = 0;
     // What the server last answered of the keys that are registered; asking whether a key is taken

@@ -82,13 +82,13 @@ X11WorkAreas::X11WorkAreas(XConnection& connection, WindowManager& manager,
 }
 
 Rect X11WorkAreas::workArea(DisplayId display) const {
-    return areaWithoutStruts(displays_.bounds(display), screen_, struts_);
+    return areaWithoutStruts(displayWithId(displays_.snapshot(), display).bounds, screen_, struts_);
 }
 
 std::vector<DisplayArea> X11WorkAreas::all() const {
     std::vector<DisplayArea> areas;
-    for (const auto display : displays_.activeDisplays(std::numeric_limits<std::size_t>::max())) {
-        areas.push_back({displays_.bounds(display), workArea(display)});
+    for (const auto& display : displays_.snapshot()) {
+        areas.push_back({display.bounds, areaWithoutStruts(display.bounds, screen_, struts_)});
     }
     return areas;
 }
