@@ -22,7 +22,7 @@ public:
         std::filesystem::permissions(folder_.path() / "runtime", std::filesystem::perms::owner_all);
     }
 
-    /// PATH, a plain locale, and HOME and the XDG folders inside the folder.
+    /// PATH, a plain locale, HOME and the XDG folders inside the folder, and one family of fonts.
     Environment environment() const {
         const char* path = std::getenv("PATH");
         const std::filesystem::path& home = folder_.path();
@@ -32,7 +32,8 @@ public:
                 {"XDG_CONFIG_HOME", home / "config"},
                 {"XDG_CACHE_HOME", home / "cache"},
                 {"XDG_DATA_HOME", home / "data"},
-                {"XDG_RUNTIME_DIR", home / "runtime"}};
+                {"XDG_RUNTIME_DIR", home / "runtime"},
+                {"FONTCONFIG_FILE", home / "config/fonts.conf"}};
     }
 
 private:
