@@ -10,15 +10,16 @@ namespace panewright::test {
 using Environment = std::map<std::string, std::string>;
 
 /// A user who has nothing but a folder with settings of window managers and panels, which goes with
-/// this object.
+/// this object. What the machine has of fonts, and of settings for all users, does not count.
 class PrivateHome {
 public:
     PrivateHome() {
-        for (const char* folder : {"cache", "data", "runtime"}) {
+        for (const char* folder : {"cache", "runtime"}) {
             std::filesystem::create_directory(folder_.path() / folder);
         }
-        std::filesystem::copy(CONFIG_HOME, folder_.path() / "config",
-                              std::filesystem::copy_options::recursive);
+        constexpr auto kRecursive = std::filesystem::copy_options::recursive;
+        std::filesystem::copy(CONFIG_HOME, folder_.path() / "config", kRecursive);
+        std::filesystem::copy(DATA_HOME, folder_.path() / "data", kRecursive);
         std::filesystem::permissions(folder_.path() / "runtime", std::filesystem::perms::owner_all);
     }
 
@@ -30,6 +31,7 @@ public:
                 {"LANG", "C.UTF-8"},
                 {"HOME", home},
                 {"XDG_CONFIG_HOME", home / "config"},
+                {"XDG_CONFIG_DIRS", home / "none"},
                 {"XDG_CACHE_HOME", home / "cache"},
                 {"XDG_DATA_HOME", home / "data"},
                 {"XDG_RUNTIME_DIR", home / "runtime"},
