@@ -15,7 +15,7 @@ set(system_model "^(fmt/.*|zlib\\.h|unistd\\.h|fcntl\\.h|sys/(file|stat|types)\\
 set(system_geometry "^fmt/")
 set(system_desktop/memory "^poll\\.h$")
 set(system_desktop/freedesktop "^(canberra\\.h|fmt/.*|sys/stat\\.h)$")
-set(system_desktop/linux "^(fmt/.*|linux/.*|signal\\.h|sys/signalfd\\.h|sysexits\\.h|unistd\\.h)$")
+set(system_desktop/linux "^(fmt/.*|linux/.*|signal\\.h|sys/(inotify|signalfd)\\.h|sysexits\\.h|unistd\\.h)$")
 set(system_desktop/x11 "^(fmt/|poll\\.h|signal\\.h|spawn\\.h|sys/|unistd\\.h|xcb/|xkbcommon/)")
 set(system_desktop/qt "^Q[A-Za-z]+$")
 

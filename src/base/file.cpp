@@ -113,7 +113,7 @@ std::optional<FileError> syncFolder(const std::filesystem::path& path) {
 
 } // namespace
 
-Result<Bytes, FileError> readFile(const std::filesystem::path& path) {
+Result<Bytes, FileError> readFile(const std::filesystem::path& path, std::size_t maxSize) {
     // Without O_NONBLOCK, opening a pipe would wait for its writer.
     const Descriptor file(
         retried([&] { return ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC); }));
@@ -121,14 +121,14 @@ Result<Bytes, FileError> readFile(const std::filesystem::path& path) {
     if (!file.isOpen() || ::fstat(file.number(), &status) != 0) {
         return failure("opening", path);
     }
-    if (!S_ISREG(status.st_mode) || std::cmp_greater(status.st_size, kMaxFileSize)) {
+    if (!S_ISREG(status.st_mode) || std::cmp_greater(status.st_size, maxSize)) {
         return FileError{false, fmt::format("{} is not a regular file of at most {} bytes",
-                                            path.string(), kMaxFileSize)};
+                                            path.string(), maxSize)};
     }
     // One byte more than it should have, so that its end is seen without growing the buffer.
     Bytes bytes(static_cast<std::size_t>(status.st_size) + 1);
     std::size_t done = 0;
-    while (done < kMaxFileSize) {
+    while (done < maxSize) {
         if (done == bytes.size()) {
             bytes.resize(bytes.size() * 2);
         }

@@ -10,7 +10,7 @@
 
 namespace panewright {
 
-/// The largest file that readFile() takes, in bytes.
+/// The largest file that readFile() takes unless told otherwise, in bytes.
 inline constexpr std::size_t kMaxFileSize = std::size_t{256} << 20;
 
 /// Why a file could not be read or written, with the step and the system's text for the log.
@@ -20,8 +20,9 @@ struct FileError {
     std::string message;
 };
 
-/// The whole content of a regular file. Callable from any thread.
-Result<Bytes, FileError> readFile(const std::filesystem::path& path);
+/// The whole content of a regular file of at most `maxSize` bytes. Callable from any thread.
+Result<Bytes, FileError> readFile(const std::filesystem::path& path,
+                                  std::size_t maxSize = kMaxFileSize);
 
 /// Replaces the content so that, whatever fails or whenever the machine stops, the file holds
 /// either all of the old content or all of the new: it is written beside the file, forced to disk
