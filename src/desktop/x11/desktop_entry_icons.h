@@ -1,7 +1,7 @@
 #pragma once
 
-#include "desktop/x11/active_windows.h"
 #include "desktop/shared/application_icon_source.h"
+#include "desktop/x11/active_windows.h"
 
 #include <cstdint>
 #include <vector>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "base/lifetime.h"
+#include "desktop/shared/hot_key_handlers.h"
 #include "desktop/x11/key_release_watch.h"
 #include "desktop/x11/xkb_keymap.h"
-#include "desktop/shared/hot_key_handlers.h"
 #include "platform/hot_keys.h"
 
 #include <compare>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/observer_list.h"
-#include "desktop/x11/x_connection.h"
 #include "desktop/shared/system_tray.h"
+#include "desktop/x11/x_connection.h"
 
 namespace panewright {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "desktop/x11/x_connection.h"
 #include "desktop/shared/screen_brightness.h"
+#include "desktop/x11/x_connection.h"
 
 namespace panewright {
 
