@@ -20,8 +20,9 @@ public:
     FolderWatch(const FolderWatch&) = delete;
     FolderWatch& operator=(const FolderWatch&) = delete;
 
-    /// Watches the folder, not those below it. Of one that is missing it watches that it comes. What
-    /// is read after this call, and changes later, is told of. Adding one again changes nothing.
+    /// Watches the folder, not those below it. Of one that is missing it watches that it comes.
+    /// What is read after this call, and changes later, is told of. Adding one again changes
+    /// nothing.
     void add(const std::filesystem::path& folder);
 
 private:
