@@ -15,7 +15,7 @@ set(system_model "^(fmt/.*|zlib\\.h|unistd\\.h|fcntl\\.h|sys/(file|stat|types)\\
 set(system_geometry "^fmt/")
 set(system_desktop/memory "^poll\\.h$")
 set(system_desktop/freedesktop "^(canberra\\.h|fmt/.*|signal\\.h|spawn\\.h|sys/(stat|wait)\\.h|unistd\\.h)$")
-set(system_desktop/linux "^(fmt/.*|linux/.*|signal\\.h|sys/(resource|signalfd)\\.h|sysexits\\.h|unistd\\.h)$")
+set(system_desktop/linux "^(fmt/.*|linux/.*|signal\\.h|sys/(inotify|resource|signalfd)\\.h|sysexits\\.h|unistd\\.h)$")
 set(system_desktop/x11 "^(fmt/|poll\\.h|sys/|unistd\\.h|xcb/|xkbcommon/)")
 set(system_desktop/dbus "^Q[A-Za-z]+$")
 set(system_desktop/qt "^Q[A-Za-z]+$")

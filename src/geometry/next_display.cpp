@@ -1,5 +1,6 @@
 #include "geometry/next_display.h"
 
+#include "base/narrowed.h"
 #include "geometry/window_placement.h"
 
 #include <cmath>
@@ -10,22 +11,18 @@ namespace {
 /// How much shorter than its display a window below the menu bar may be and count as full-screen.
 constexpr double kFullscreenTolerance = 30;
 
-/// The frame is computed in 32-bit steps, each of which rounds.
-float narrowed(double value) {
-    return static_cast<float>(value);
-}
-
 /// How far the corner lies from the display's origin. A corner on the other side of it, or of zero,
 /// is mirrored.
 float offsetOf(double display, double window) {
-    return std::fabs(std::fabs(narrowed(display)) - std::fabs(narrowed(window)));
+    return std::fabs(narrowed(std::fabs(narrowed(display)) - std::fabs(narrowed(window))));
 }
 
+/// In 32-bit steps, each of which rounds.
 Rect scaledTo(const Rect& target, const Rect& source, const Rect& window) {
     const float ratioX = narrowed(target.width / source.width);
     const float ratioY = narrowed(target.height / source.height);
-    const float x = offsetOf(source.x, window.x) * ratioX;
-    const float y = offsetOf(source.y, window.y) * ratioY;
+    const float x = narrowed(offsetOf(source.x, window.x) * ratioX);
+    const float y = narrowed(offsetOf(source.y, window.y) * ratioY);
     return {x + target.x, y + target.y, ratioX * window.width, ratioY * window.height};
 }
 

@@ -1,5 +1,6 @@
 #include "geometry/window_placement.h"
 
+#include "base/narrowed.h"
 #include "geometry/frame_attributes.h"
 
 #include <algorithm>
@@ -46,7 +47,7 @@ double unrounded(double coordinate) {
 
 /// Up to the next whole number, as a 32-bit float sees it.
 double roundedUp(double coordinate) {
-    return std::ceil(static_cast<float>(coordinate));
+    return std::ceil(narrowed(coordinate));
 }
 
 /// The first display of exactly the saved display's size, else the given one.

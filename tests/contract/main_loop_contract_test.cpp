@@ -39,17 +39,17 @@ protected:
 };
 
 TEST_P(MainLoopContract, RunsPostsInOrderAndTimersOnceInThatOfTheirTimes) {
+    auto released = loop_->after(20ms, call(9));
     std::thread([this] { loop_->post(call(1)); }).join();
-    loop_->post([this] {
+    loop_->post([&] {
         calls_.push_back(2);
+        released.release();
         loop_->post(call(4));
     });
     loop_->post(call(3));
-    auto released = loop_->after(20ms, call(9));
     Registration timer = loop_->after(10ms, [&] {
         calls_.push_back(5);
         timer = loop_->after(30ms, [this] { loop_->quit(6); }); // lets itself go
-        loop_->post([&] { released.release(); });
     });
     EXPECT_EQ(loop_->run(), 6);
     EXPECT_THAT(calls_, ElementsAre(1, 2, 3, 4, 5));

@@ -1,28 +1,20 @@
 #include "desktop/freedesktop/desktop_entries.h"
 
-#include "base/unicode.h"
-#include "desktop/freedesktop/desktop_entry_text.h"
+#include "base/log.h"
+#include "desktop/freedesktop/desktop_entry_reading.h"
 #include "desktop/freedesktop/xdg_folders.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
-#include <fstream>
-#include <system_error>
 
 namespace panewright {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kExtension = ".desktop";
-/// The largest on a full system are a tenth of this.
-constexpr std::size_t kMaxFileSize = std::size_t{256} << 10U;
-constexpr std::size_t kMaxEntries = 5000;
-constexpr int kMaxDepth = 3;
-
-std::string shownText(std::string_view value) {
-    return wellFormedUtf8(unescaped(value));
-}
+/// How long the changes of one installation are waited for.
+constexpr std::chrono::seconds kTogether{1};
 
 bool equalsWithoutCase(std::string_view a, std::string_view b) {
     const auto lower = [](char c) {
@@ -54,68 +46,21 @@ std::string messagesLocale() {
     return {};
 }
 
-std::string contentOf(const fs::path& file) {
-    std::error_code error;
-    const auto size = fs::file_size(file, error); // fails for what could make the reader wait
-    if (error) {
-        return {};
-    }
-    std::ifstream stream(file, std::ios::binary);
-    std::string text(std::min<std::uintmax_t>(size, kMaxFileSize), '\0');
-    stream.read(text.data(), static_cast<std::streamsize>(text.size()));
-    text.resize(static_cast<std::size_t>(stream.gcount()));
-    return text;
-}
-
 } // namespace
 
-std::vector<std::string> localeNames(std::string_view locale) {
-    const auto modifierAt = std::min(locale.find('@'), locale.size());
-    const std::string modifier(locale.substr(modifierAt));
-    locale = locale.substr(0, modifierAt);
-    const std::string withCountry(locale.substr(0, locale.find('.')));
-    const std::string language = withCountry.substr(0, withCountry.find('_'));
-    std::vector<std::string> names;
-    for (const auto& name : {withCountry + modifier, withCountry, language + modifier, language}) {
-        if (!language.empty() && std::find(names.begin(), names.end(), name) == names.end()) {
-            names.push_back(name);
-        }
-    }
-    return names;
-}
-
-std::optional<DesktopEntry> parseDesktopEntry(std::string_view text,
-                                              const std::vector<std::string>& locales) {
-    const auto keys = desktopEntryKeys(text);
-    const auto valueOf = [&](std::string_view key) {
-        const auto found = keys.find(key);
-        return found == keys.end() ? std::string_view() : found->second;
-    };
-    if (valueOf("Type") != "Application" || valueOf("Hidden") == "true") {
-        return std::nullopt;
-    }
-    DesktopEntry entry;
-    entry.name = shownText(valueOf("Name"));
-    for (const auto& locale : locales) {
-        if (const auto localized = valueOf("Name[" + locale + "]"); !localized.empty()) {
-            entry.name = shownText(localized);
-            break;
-        }
-    }
-    entry.icon = shownText(valueOf("Icon"));
-    entry.startupClass = shownText(valueOf("StartupWMClass"));
-    entry.isShown = valueOf("NoDisplay") != "true";
-    return entry;
-}
-
-DesktopEntries::DesktopEntries(const std::vector<fs::path>& dataFolders, std::string_view locale)
-    : locales_(localeNames(locale)) {
+DesktopEntries::DesktopEntries(MainLoop& mainLoop, const std::vector<fs::path>& dataFolders,
+                               std::string_view locale)
+    : mainLoop_(mainLoop), locales_(localeNames(locale)),
+      watch_(mainLoop, [this] { noteChange(); }) {
     for (const auto& folder : dataFolders) {
         folders_.push_back(folder / "applications");
     }
+    nextStep_ = mainLoop.after(std::chrono::milliseconds(0), [this] { read(); });
 }
 
-DesktopEntries DesktopEntries::ofSession() {
+DesktopEntries::~DesktopEntries() = default;
+
+DesktopEntries DesktopEntries::ofSession(MainLoop& mainLoop) {
     std::vector<fs::path> folders;
     if (auto home = xdgDataHome()) {
         folders.push_back(std::move(*home));
@@ -131,24 +76,22 @@ DesktopEntries DesktopEntries::ofSession() {
         }
         rest.remove_prefix(std::min(end + 1, rest.size()));
     }
-    return {folders, messagesLocale()};
+    return {mainLoop, folders, messagesLocale()};
 }
 
-const DesktopEntry* DesktopEntries::withId(std::string_view id) {
-    refresh();
+const DesktopEntry* DesktopEntries::withId(std::string_view id) const {
     if (const auto slash = id.rfind('/'); slash != std::string_view::npos) {
         id.remove_prefix(slash + 1);
     }
-    if (id.ends_with(kExtension)) {
-        id.remove_suffix(kExtension.size());
+    if (id.ends_with(kDesktopEntryExtension)) {
+        id.remove_suffix(kDesktopEntryExtension.size());
     }
     const auto found = entries_.find(id);
     return found == entries_.end() || !found->second ? nullptr : &*found->second;
 }
 
 const DesktopEntry* DesktopEntries::ofWindowClass(std::string_view instance,
-                                                  std::string_view windowClass) {
-    refresh();
+                                                  std::string_view windowClass) const {
     for (const auto matches : {hasStartupClass, hasIdInAnyCase}) {
         for (const auto text : {windowClass, instance}) {
             if (const auto* entry = text.empty() ? nullptr : find(matches, text)) {
@@ -170,48 +113,32 @@ const DesktopEntry* DesktopEntries::find(bool (*matches)(const DesktopEntry&, st
     return best;
 }
 
-void DesktopEntries::refresh() {
-    if (!folderTimes_.empty() && !hasChanged()) {
+void DesktopEntries::read() {
+    reading_ = std::make_unique<DesktopEntryReading>(folders_, locales_, watch_);
+    readOn();
+}
+
+void DesktopEntries::readOn() {
+    if (reading_->readSome()) {
+        nextStep_ = mainLoop_.after(std::chrono::milliseconds(0), [this] { readOn(); });
         return;
     }
-    entries_.clear();
-    folderTimes_.clear();
-    for (const auto& folder : folders_) {
-        readFolder(folder);
+    const auto reading = std::move(reading_);
+    if (!reading->isComplete()) {
+        logLine("there is too much in the folders of desktop entries: the rest is not read");
+    }
+    if (reading->entries() != entries_) {
+        entries_ = std::move(reading->entries());
+        changed_.notify();
     }
 }
 
-bool DesktopEntries::hasChanged() const {
-    return std::any_of(folderTimes_.begin(), folderTimes_.end(), [](const auto& known) {
-        std::error_code error;
-        return fs::last_write_time(known.first, error) != known.second;
-    });
-}
-
-void DesktopEntries::readFolder(const fs::path& folder) {
-    std::error_code error;
-    // A folder that is missing has the smallest time, until it comes.
-    folderTimes_[folder] = fs::last_write_time(folder, error);
-    fs::recursive_directory_iterator file(folder, error);
-    for (; !error && file != fs::recursive_directory_iterator() && entries_.size() < kMaxEntries;
-         file.increment(error)) {
-        if (std::error_code ignored; file->is_directory(ignored)) {
-            folderTimes_[file->path()] = fs::last_write_time(file->path(), ignored);
-            if (file.depth() >= kMaxDepth) {
-                file.disable_recursion_pending();
-            }
-        } else if (file->path().extension() == kExtension) {
-            auto id = file->path().lexically_relative(folder).string();
-            id.resize(id.size() - kExtension.size());
-            std::replace(id.begin(), id.end(), '/', '-');
-            if (!entries_.contains(id)) {
-                auto entry = parseDesktopEntry(contentOf(file->path()), locales_);
-                if (entry) {
-                    entry->id = id;
-                }
-                entries_.emplace(std::move(id), std::move(entry));
-            }
-        }
+void DesktopEntries::noteChange() {
+    if (!pendingChange_) {
+        pendingChange_ = mainLoop_.after(kTogether, [this] {
+            pendingChange_.release();
+            reading_ ? noteChange() : read();
+        });
     }
 }
 

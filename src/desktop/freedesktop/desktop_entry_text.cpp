@@ -1,32 +1,21 @@
 #include "desktop/freedesktop/desktop_entry_text.h"
 
-#include <algorithm>
+#include "desktop/freedesktop/key_file.h"
 
 namespace panewright {
-
-std::string_view trimmed(std::string_view line) {
-    constexpr std::string_view kBlanks = " \t\r";
-    const auto first = line.find_first_not_of(kBlanks);
-    return first == std::string_view::npos
-               ? std::string_view()
-               : line.substr(first, line.find_last_not_of(kBlanks) - first + 1);
-}
 
 std::map<std::string_view, std::string_view> desktopEntryKeys(std::string_view text) {
     std::map<std::string_view, std::string_view> keys;
     bool isInside = false;
     while (!text.empty()) {
-        const auto end = std::min(text.find('\n'), text.size());
-        const auto line = trimmed(text.substr(0, end));
-        text.remove_prefix(std::min(end + 1, text.size()));
-        if (line.starts_with('[')) {
+        const auto line = readKeyFileLine(takeLine(text), "#");
+        if (line.group) {
             if (isInside) {
                 break;
             }
-            isInside = line == "[Desktop Entry]";
-        } else if (const auto equals = line.find('=');
-                   isInside && equals != std::string_view::npos && !line.starts_with('#')) {
-            keys.emplace(trimmed(line.substr(0, equals)), trimmed(line.substr(equals + 1)));
+            isInside = line.group == "Desktop Entry";
+        } else if (line.key && isInside) {
+            keys.emplace(*line.key, line.value);
         }
     }
     return keys;

@@ -6,12 +6,6 @@
 
 namespace panewright {
 
-// The text of desktop entries and other files of keys below group lines (Desktop Entry
-// Specification, "Basic format of the file").
-
-/// The text without the blanks around it; a line may end as on other systems.
-std::string_view trimmed(std::string_view line);
-
 /// The keys of the group "Desktop Entry" with their values, as written; of a key that comes twice
 /// the first. They point into the text.
 std::map<std::string_view, std::string_view> desktopEntryKeys(std::string_view text);

@@ -13,6 +13,8 @@ namespace panewright {
 namespace {
 
 constexpr std::string_view kSection = "General";
+/// In bytes. A larger file is left alone, and the settings last as long as the program.
+constexpr std::size_t kMaxSize = std::size_t{1} << 20;
 
 std::int64_t nanoseconds(const timespec& time) {
     return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
@@ -67,7 +69,7 @@ void IniUserDefaults::readIfChanged() const {
     if (file_.empty() || stamp == stamp_) {
         return;
     }
-    const auto content = readFile(file_);
+    const auto content = readFile(file_, kMaxSize);
     mayWrite_ = content || content.error().isNoSuchFile;
     if (content) {
         document_ = IniDocument(std::string(content.value().begin(), content.value().end()));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/linux/program_version.h"
 #include "platform/program_information.h"
 
 #include <filesystem>
@@ -13,8 +14,8 @@ namespace panewright {
 class LinuxProgram : public ProgramInformation {
 public:
     std::string bundleIdentifier() const override { return "com.quillfen.Panewright"; }
-    std::string shortVersion() const override { return PANEWRIGHT_SHORT_VERSION; }
-    std::string buildVersion() const override { return PANEWRIGHT_BUILD_VERSION; }
+    std::string shortVersion() const override { return kProgramShortVersion; }
+    std::string buildVersion() const override { return kProgramBuildVersion; }
     std::string executableName() const override { return "panewright"; }
     std::string executablePath() const override {
         std::error_code ignored;

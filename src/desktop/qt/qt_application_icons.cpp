@@ -1,5 +1,6 @@
 #include "desktop/qt/qt_application_icons.h"
 
+#include "desktop/qt/icon_file.h"
 #include "desktop/qt/qt_image.h"
 
 #include <QDir>
@@ -8,11 +9,13 @@
 namespace panewright {
 namespace {
 
+/// Of the theme's files that which is sharp in a popover on a screen of high density.
+constexpr int kWantedSize = 64;
+
 QIcon namedIcon(const QString& name) {
-    if (QDir::isAbsolutePath(name)) {
-        return QIcon(name);
-    }
-    return QIcon::hasThemeIcon(name) ? QIcon::fromTheme(name) : QIcon();
+    const QImage image =
+        readIconFile(QDir::isAbsolutePath(name) ? name : iconThemeFile(name, kWantedSize));
+    return image.isNull() ? QIcon() : QIcon(QPixmap::fromImage(image));
 }
 
 QIcon pictureIcon(const std::vector<IconPicture>& pictures) {

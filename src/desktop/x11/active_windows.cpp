@@ -23,10 +23,10 @@ bool isOurs(const std::optional<RunningApplication>& application) {
 
 } // namespace
 
-ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager,
+ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager, MainLoop& mainLoop,
                              std::string ownBundleIdentifier)
     : connection_(connection), manager_(manager),
-      identity_(connection, std::move(ownBundleIdentifier)),
+      identity_(connection, mainLoop, std::move(ownBundleIdentifier)),
       rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE |
                                                                     XCB_EVENT_MASK_FOCUS_CHANGE)),
       arrivals_(connection.onArrival([this](const auto& event) { noteArrival(event); })),
@@ -34,7 +34,8 @@ ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager,
       managerChanges_(manager.onChange([this] {
           takeoverEnds_ = Clock::now() + kLongestTakeover;
           update();
-      })) {
+      })),
+      entryChanges_(identity_.entries().onChange([this] { identifyAgain(); })) {
     update();
 }
 
@@ -130,6 +131,18 @@ void ActiveWindows::update() {
         activated_.notify();
     } else {
         windowChanged_.notify(frontmost_->processIdentifier);
+    }
+}
+
+void ActiveWindows::identifyAgain() {
+    if (active_ == kNoWindow || !frontmost_) {
+        return;
+    }
+    auto application = identity_.applicationOf(active_);
+    const bool isGone = !application.bundleIdentifier;
+    if (!isGone && application != *frontmost_) {
+        frontmost_ = std::move(application);
+        activated_.notify();
     }
 }
 

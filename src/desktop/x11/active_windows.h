@@ -21,7 +21,8 @@ namespace panewright {
 /// program, but never its focused window.
 class ActiveWindows {
 public:
-    ActiveWindows(XConnection& connection, WindowManager& manager, std::string ownBundleIdentifier);
+    ActiveWindows(XConnection& connection, WindowManager& manager, MainLoop& mainLoop,
+                  std::string ownBundleIdentifier);
 
     /// The application of the last active window; nil before there was one.
     const std::optional<RunningApplication>& frontmost() const { return frontmost_; }
@@ -59,8 +60,8 @@ public:
 
     ClientIdentity& identity() { return identity_; }
 
-    /// Called after another application, or the same program under another identifier, got the
-    /// active window.
+    /// Called after another application got the active window, and when the program that has it is
+    /// known under another identifier.
     Registration onActivation(std::function<void()> callback) {
         return activated_.add(std::move(callback));
     }
@@ -81,6 +82,8 @@ private:
     };
 
     void handle(const xcb_generic_event_t& event);
+    /// By the desktop entries that have been read meanwhile.
+    void identifyAgain();
     void noteArrival(const xcb_generic_event_t& event);
     xcb_window_t readFocusedTopLevel();
     xcb_window_t lastOfOthers() const;
@@ -112,6 +115,7 @@ private:
     Registration arrivals_;
     Registration events_;
     Registration managerChanges_;
+    Registration entryChanges_;
 };
 
 } // namespace panewright

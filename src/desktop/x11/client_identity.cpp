@@ -35,8 +35,10 @@ WindowClass windowClassFrom(const std::string& wmClass) {
 
 } // namespace
 
-ClientIdentity::ClientIdentity(XConnection& connection, std::string ownBundleIdentifier)
-    : connection_(connection), ownBundleIdentifier_(std::move(ownBundleIdentifier)) {
+ClientIdentity::ClientIdentity(XConnection& connection, MainLoop& mainLoop,
+                               std::string ownBundleIdentifier)
+    : connection_(connection), ownBundleIdentifier_(std::move(ownBundleIdentifier)),
+      entries_(DesktopEntries::ofSession(mainLoop)) {
     constexpr std::uint8_t kMajor = 1; // client ids came with 1.2
     constexpr std::uint8_t kMinor = 2;
     if (connection.firstEventOf(xcb_res_id)) {

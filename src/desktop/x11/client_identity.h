@@ -2,6 +2,7 @@
 
 #include "desktop/freedesktop/desktop_entries.h"
 #include "desktop/x11/x_connection.h"
+#include "platform/main_loop.h"
 #include "platform/workspace.h"
 
 #include <map>
@@ -14,10 +15,10 @@ namespace panewright {
 class ClientIdentity {
 public:
     /// Windows of this process, and no others, belong to the application `ownBundleIdentifier`.
-    ClientIdentity(XConnection& connection, std::string ownBundleIdentifier);
+    ClientIdentity(XConnection& connection, MainLoop& mainLoop, std::string ownBundleIdentifier);
 
-    /// The application is known by its desktop entry; without one, by its window class. A window
-    /// that is gone belongs to an application without names.
+    /// The application is known by its desktop entry, once that has been read; without one, by its
+    /// window class. A window that is gone belongs to an application without names.
     RunningApplication applicationOf(xcb_window_t window);
     /// The process of that application.
     ProcessId pidOf(xcb_window_t window);
@@ -38,7 +39,7 @@ private:
 
     XConnection& connection_;
     std::string ownBundleIdentifier_;
-    DesktopEntries entries_ = DesktopEntries::ofSession();
+    DesktopEntries entries_;
     bool hasXRes_ = false;
     /// By the client's range of resources.
     std::map<std::uint32_t, ProcessId> privatePids_;

@@ -21,7 +21,7 @@ std::unique_ptr<X11Desktop> X11Desktop::open(MainLoop& mainLoop, std::string own
 X11Desktop::X11Desktop(std::unique_ptr<XConnection> connection, MainLoop& mainLoop,
                        std::string ownBundleIdentifier)
     : connection_(std::move(connection)), manager_(*connection_), keymap_(*connection_, mainLoop),
-      activeWindows_(*connection_, manager_, std::move(ownBundleIdentifier)),
+      activeWindows_(*connection_, manager_, mainLoop, std::move(ownBundleIdentifier)),
       displays(*connection_, mainLoop), workAreas(*connection_, manager_, displays, mainLoop),
       accessibility(*connection_, manager_, activeWindows_, workAreas, mainLoop),
       hotKeys(*connection_, keymap_, mainLoop,

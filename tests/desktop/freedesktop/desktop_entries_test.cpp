@@ -1,11 +1,16 @@
 #include "desktop/freedesktop/desktop_entries.h"
 
+#include "desktop/memory/memory_main_loop.h"
+#include "support/captured_log.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 namespace panewright {
 namespace {
+
+namespace fs = std::filesystem;
 
 using testing::ElementsAre;
 
@@ -33,15 +38,22 @@ TEST(DesktopEntries, AreParsedInTheLanguageOfTheUser) {
     }
 }
 
-TEST(DesktopEntries, AreFoundByTheirIdAndTheClassOfAWindow) {
-    const TemporaryFolder folder;
-    DesktopEntries entries{{folder.path() / "home", folder.path() / "system"}, "de_DE.UTF-8"};
-    const auto write = [&](const std::string& file, const std::string& nameAndMore) {
-        setContent(folder.path() / file,
+class DesktopEntriesTest : public testing::Test {
+protected:
+    void write(const std::string& file, const std::string& nameAndMore) const {
+        setContent(folder_.path() / file,
                    "[Desktop Entry]\nType=Application\nName=" + nameAndMore + "\n");
-    };
-    const auto nameOf = [](const DesktopEntry* entry) { return entry ? entry->name : "none"; };
-    EXPECT_EQ(nameOf(entries.withId("gone")), "none"); // the folders are read again
+    }
+    static std::string nameOf(const DesktopEntry* entry) { return entry ? entry->name : "none"; }
+    /// Until all has been read, changes included.
+    void run() { loop_.advance(std::chrono::seconds(2)); }
+
+    const TemporaryFolder folder_;
+    MemoryMainLoop loop_;
+    DesktopEntries entries_{loop_, {folder_.path() / "home", folder_.path() / "system"}, "de_DE"};
+};
+
+TEST_F(DesktopEntriesTest, AreFoundByTheirIdAndTheClassOfAWindow) {
     write("home/applications/org.example.Editor.desktop", "My Editor");
     write("system/applications/org.example.Editor.desktop", "Editor");
     write("home/applications/gone.desktop", "Gone\nHidden=true");
@@ -49,12 +61,13 @@ TEST(DesktopEntries, AreFoundByTheirIdAndTheClassOfAWindow) {
     write("system/applications/suite/Writer.desktop", "Writer");
     write("system/applications/a.desktop", "A\nStartupWMClass=Draw\nNoDisplay=true");
     write("system/applications/b.desktop", "B\nStartupWMClass=Draw");
+    run();
     const std::pair<const char*, const char*> ids[] = {
         {"org.example.Editor", "My Editor"}, {"org.example.Editor.desktop", "My Editor"},
         {"org.example.editor", "none"},      {"gone", "none"},
         {"suite-Writer", "Writer"},          {"", "none"}};
     for (const auto& [id, name] : ids) {
-        EXPECT_EQ(nameOf(entries.withId(id)), name) << id;
+        EXPECT_EQ(nameOf(entries_.withId(id)), name) << id;
     }
     const std::array<const char*, 3> classes[] = {{"draw", "Draw", "B"},
                                                   {"Draw", "Other", "B"},
@@ -62,7 +75,89 @@ TEST(DesktopEntries, AreFoundByTheirIdAndTheClassOfAWindow) {
                                                   {"gone", "Gone", "none"},
                                                   {"", "", "none"}};
     for (const auto& [instance, windowClass, name] : classes) {
-        EXPECT_EQ(nameOf(entries.ofWindowClass(instance, windowClass)), name) << windowClass;
+        EXPECT_EQ(nameOf(entries_.ofWindowClass(instance, windowClass)), name) << windowClass;
+    }
+}
+
+TEST_F(DesktopEntriesTest, AreReadBetweenEventsAndAgainAfterAChange) {
+    int changes = 0;
+    const auto registration = entries_.onChange([&] { ++changes; });
+    const auto file = folder_.path() / "home/applications/suite/a.desktop";
+    const std::pair<const char*, std::function<void()>> cases[] = {
+        {"none", [] {}},
+        {"First", [&] { write("home/applications/suite/a.desktop", "First"); }},
+        {"Second", [&] { write("home/applications/suite/a.desktop", "Second"); }},
+        {"none", [&] { fs::rename(file, file.parent_path() / "other"); }},
+        {"Second", [&] { fs::create_symlink("other", file); }},
+        {"none", [&] { fs::remove_all(folder_.path() / "home"); }},
+        {"System", [&] { write("system/applications/suite/a.desktop", "System"); }},
+    };
+    std::string before = "none";
+    for (const auto& [name, change] : cases) {
+        change();
+        EXPECT_EQ(nameOf(entries_.withId("suite-a")), before) << "nothing is read by asking";
+        run();
+        EXPECT_EQ(nameOf(entries_.withId("suite-a")), name);
+        before = name;
+    }
+    EXPECT_EQ(changes, 6);
+    write("system/applications/suite/a.desktop", "System");
+    run();
+    EXPECT_EQ(changes, 6) << "nothing else is known";
+}
+
+TEST_F(DesktopEntriesTest, AreReadAmongWhateverElseIsThere) {
+    write("home/applications/a.desktop", "A");
+    const auto applications = folder_.path() / "home/applications";
+    ASSERT_EQ(mkfifo((applications / "pipe.desktop").c_str(), 0600), 0);
+    fs::create_directory(applications / "folder.desktop");
+    fs::create_symlink("..", applications / "up");
+    fs::create_symlink("loop.desktop", applications / "loop.desktop");
+    fs::create_symlink("/dev/zero", applications / "endless.desktop");
+    write("home/applications/large.desktop", "Large");
+    fs::resize_file(applications / "large.desktop", std::uintmax_t{4} << 30);
+    write("home/applications/closed.desktop", "Closed");
+    fs::permissions(applications / "closed.desktop", fs::perms::none);
+    write("home/applications/1/2/3/4/deep.desktop", "Deep");
+    for (const char* id : {"pipe", "large"}) {
+        write("system/applications/" + std::string(id) + ".desktop", "System's");
+    }
+    run();
+    const std::pair<const char*, const char*> ids[] = {
+        {"a", "A"},          {"folder", "none"},       {"up-a", "none"},     {"loop", "none"},
+        {"endless", "none"}, {"1-2-3-4-deep", "none"}, {"pipe", "System's"}, {"large", "System's"},
+    };
+    for (const auto& [id, name] : ids) {
+        EXPECT_EQ(nameOf(entries_.withId(id)), name) << id;
+    }
+}
+
+TEST_F(DesktopEntriesTest, AreBoundedInNumberAndSize) {
+    CapturedLog log;
+    const std::pair<const char*, std::function<void()>> cases[] = {
+        {"folders",
+         [&] {
+             for (int i = 0; i < 300; ++i) {
+                 fs::create_directories(folder_.path() / "home/applications/" / std::to_string(i));
+             }
+         }},
+        {"bytes",
+         [&] {
+             for (int i = 0; i < 80; ++i) {
+                 write("home/applications/" + std::to_string(i) + ".desktop",
+                       "A\n#" + std::string(220 << 10, '#'));
+             }
+         }},
+    };
+    run();
+    for (const auto& [what, make] : cases) {
+        make();
+        EXPECT_TRUE(log.take().empty()) << what;
+        run();
+        EXPECT_EQ(log.take().size(), 1U) << what;
+        fs::remove_all(folder_.path() / "home");
+        run();
+        log.take();
     }
 }
 

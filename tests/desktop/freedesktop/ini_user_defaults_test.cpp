@@ -49,10 +49,16 @@ TEST_F(IniUserDefaultsTest, KeepsSettingsForTheRunWhereTheFileCannotBeWrittenOrR
     store_.synchronize();
     EXPECT_EQ(contentOf(file_), "[General]\nKey=false\n");
 
-    IniUserDefaults unreadable(folder_.path());
-    unreadable.setObject("Key", true);
-    EXPECT_EQ(unreadable.objectForKey("Key"), DefaultsValue(true));
-    EXPECT_EQ(log.take().size(), 1U);
+    const auto large = folder_.path() / "large";
+    const std::string text = "[General]\nKey=false\n#" + std::string(1 << 20, '#');
+    setContent(large, text);
+    for (const auto& file : {folder_.path(), large}) {
+        IniUserDefaults unreadable(file);
+        unreadable.setObject("Key", true);
+        EXPECT_EQ(unreadable.objectForKey("Key"), DefaultsValue(true));
+        EXPECT_EQ(log.take().size(), 1U);
+    }
+    EXPECT_EQ(contentOf(large), text);
 }
 
 } // namespace

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace panewright {
+
+/// The version that people see, and the number of the build.
+extern const char* const kProgramShortVersion;
+extern const char* const kProgramBuildVersion;
+
+} // namespace panewright

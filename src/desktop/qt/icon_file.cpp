@@ -1,0 +1,177 @@
+#include "desktop/qt/icon_file.h"
+
+#include "base/file.h"
+
+#include <QBuffer>
+#include <QByteArray>
+#include <QFileInfo>
+#include <QIcon>
+#include <QImageReader>
+#include <QSettings>
+#include <QStringList>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace panewright {
+namespace {
+
+// Of a picture. Larger ones are seen nowhere, and only take memory when decoded.
+constexpr std::size_t kMaxBytes = std::size_t{1} << 20U;
+constexpr int kMaxSide = 2048;
+constexpr int kShownSide = 256;
+
+// Of an SVG. Parts that repeat parts multiply, and nested ones take stack.
+constexpr int kMaxUses = 24;
+constexpr int kMaxNesting = 100;
+
+// Of themes.
+constexpr qint64 kMaxIndexBytes = qint64{1} << 20U;
+constexpr qsizetype kMaxThemes = 16;
+constexpr qsizetype kMaxFolders = 1000;
+
+bool isHarmlessSvg(const QByteArray& text) {
+    QXmlStreamReader xml(text);
+    int nesting = 0;
+    int uses = 0;
+    while (!xml.atEnd()) {
+        const auto token = xml.readNext();
+        if (token == QXmlStreamReader::StartElement) {
+            uses += xml.name() == u"use" ? 1 : 0;
+            if (++nesting > kMaxNesting || uses > kMaxUses || xml.name() == u"image") {
+                return false;
+            }
+        } else if (token == QXmlStreamReader::EndElement) {
+            --nesting;
+        } else if (token == QXmlStreamReader::ProcessingInstruction) {
+            return false; // a style sheet, in another file
+        }
+    }
+    return !xml.hasError();
+}
+
+bool isUsable(const QString& file, qint64 maxBytes) {
+    const QFileInfo info(file);
+    return info.isFile() && info.size() <= maxBytes;
+}
+
+/// What an index.theme says, and the folders with such a theme.
+struct Theme {
+    struct Folder {
+        QString name;
+        int distance = 0;
+    };
+
+    Theme(const QString& name, int size) {
+        for (const auto& base : name.isEmpty() ? QStringList() : QIcon::themeSearchPaths()) {
+            const QString root = base + '/' + name;
+            const QString index = root + "/index.theme";
+            if (QFileInfo(root).isDir()) {
+                roots.append(root);
+            }
+            if (folders.isEmpty() && isUsable(index, kMaxIndexBytes)) {
+                readIndex(QSettings(index, QSettings::IniFormat), size);
+            }
+        }
+        std::ranges::stable_sort(folders, {}, &Theme::Folder::distance);
+    }
+
+    void readIndex(const QSettings& index, int size) {
+        inherited = index.value("Icon Theme/Inherits").toStringList();
+        const auto names = index.value("Icon Theme/Directories").toStringList();
+        for (const auto& name : names.first(std::min(names.size(), kMaxFolders))) {
+            const auto number = [&](const char* key, int fallback) {
+                return index.value(name + '/' + key, fallback).toInt();
+            };
+            const int own = number("Size", 0);
+            const bool isScalable = index.value(name + "/Type").toString() == "Scalable";
+            const int nearest = isScalable ? std::max(number("MinSize", own),
+                                                      std::min(number("MaxSize", own), size))
+                                           : own;
+            if (!name.contains("..")) {
+                folders.append({name, std::abs(nearest - size)});
+            }
+        }
+    }
+
+    QStringList roots;
+    QStringList inherited;
+    QList<Folder> folders;
+};
+
+QString fileIn(const QString& folder, const QString& name) {
+    for (const char* extension : {".png", ".svg", ".xpm"}) {
+        const QString file = folder + '/' + name + extension;
+        if (isUsable(file, kMaxBytes)) {
+            return file;
+        }
+    }
+    return {};
+}
+
+QString fileIn(const Theme& theme, const QString& name) {
+    for (const auto& folder : theme.folders) {
+        for (const auto& root : theme.roots) {
+            if (auto file = fileIn(root + '/' + folder.name, name); !file.isEmpty()) {
+                return file;
+            }
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+QImage readIconFile(const QString& path) {
+    const auto content = readFile(path.toStdString(), kMaxBytes);
+    if (!content) {
+        return {};
+    }
+    const auto& bytes = content.value();
+    QByteArray data(reinterpret_cast<const char*>(bytes.data()), qsizetype(bytes.size()));
+    QBuffer buffer(&data);
+    QImageReader reader(&buffer);
+    const bool isPacked = data.startsWith("\x1F\x8B"); // how large it gets is not known
+    const bool isSvg = reader.format() == "svg";
+    if (isPacked || (isSvg && !isHarmlessSvg(data))) {
+        return {};
+    }
+    const QSize size = reader.size();
+    const QSize bound(kShownSide, kShownSide);
+    if (size.isEmpty() || (!isSvg && (size.width() > kMaxSide || size.height() > kMaxSide))) {
+        return {};
+    }
+    if (isSvg || size.boundedTo(bound) != size) {
+        reader.setScaledSize(size.scaled(bound, Qt::KeepAspectRatio).expandedTo({1, 1}));
+    }
+    return reader.read();
+}
+
+QString iconThemeFile(const QString& name, int size) {
+    if (name.isEmpty() || name.contains('/')) {
+        return {};
+    }
+    QStringList themes{QIcon::themeName(), QIcon::fallbackThemeName()};
+    for (qsizetype i = 0; i < themes.size(); ++i) {
+        const Theme theme(themes[i], size);
+        if (auto file = fileIn(theme, name); !file.isEmpty()) {
+            return file;
+        }
+        if (i + 1 < kMaxThemes) {
+            themes.append(theme.inherited);
+        }
+        themes.removeDuplicates();
+        if (i + 1 == themes.size() && !themes.contains("hicolor")) {
+            themes.append("hicolor"); // the one that all others inherit at last
+        }
+    }
+    for (const auto& folder : QIcon::fallbackSearchPaths() + QStringList{"/usr/share/pixmaps"}) {
+        if (auto file = fileIn(folder, name); !file.isEmpty()) {
+            return file;
+        }
+    }
+    return {};
+}
+
+} // namespace panewright
