@@ -20,6 +20,24 @@ WindowStateArray statesOf(const std::optional<RunningApplication>& application,
 
 } // namespace
 
+HotKeyChange hotKeyChangeAt(HotKeyOccasion occasion, bool isSavePopoverShown) {
+    switch (occasion) {
+    case HotKeyOccasion::kActivation:
+        return isSavePopoverShown ? HotKeyChange::kLeave : HotKeyChange::kInstall;
+    case HotKeyOccasion::kSavingBegun:
+        return HotKeyChange::kRelease;
+    case HotKeyOccasion::kSavingAbandoned:
+        return HotKeyChange::kLeave;
+    case HotKeyOccasion::kStart:
+    case HotKeyOccasion::kMenuOpened:
+    case HotKeyOccasion::kStateRemoved:
+    case HotKeyOccasion::kSettingsChanged:
+    case HotKeyOccasion::kSavingFinished:
+        return HotKeyChange::kInstall;
+    }
+    return HotKeyChange::kLeave;
+}
+
 void installHotKeys(const Model& model, const std::optional<RunningApplication>& frontmost,
                     const std::shared_ptr<CarbonKeyEvent>& moveToNextDisplay) {
     auto& registry = CarbonEventManager::sharedManager();
@@ -32,6 +50,10 @@ void installHotKeys(const Model& model, const std::optional<RunningApplication>&
     if (moveToNextDisplay) {
         registry.addCarbonKeyEvent(moveToNextDisplay);
     }
+}
+
+void releaseHotKeys() {
+    CarbonEventManager::sharedManager().removeAllEvents();
 }
 
 } // namespace panewright

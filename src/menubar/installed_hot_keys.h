@@ -10,11 +10,32 @@ namespace panewright {
 class CarbonKeyEvent;
 class Model;
 
+/// What may change which hot keys are installed.
+enum class HotKeyOccasion {
+    kStart,
+    kActivation, // of another program
+    kMenuOpened,
+    kStateRemoved,
+    kSettingsChanged,
+    kSavingBegun,
+    kSavingFinished,  // by saving or cancelling
+    kSavingAbandoned, // by Escape, or the window manager
+};
+
+enum class HotKeyChange { kInstall, kRelease, kLeave };
+
+/// What is to be done then. While the save popover is open no hot key is installed, so that each
+/// can be recorded; after Escape they come back with the next occasion.
+HotKeyChange hotKeyChangeAt(HotKeyOccasion occasion, bool isSavePopoverShown);
+
 /// Installs the hot keys that apply while the application is frontmost, in place of all that are
 /// installed: those of the built-in states, the global ones and its own, of which the later win
 /// where they collide, and the one that moves the window to the next display (null for none), which
 /// wins over all. Without an application its own states are none.
 void installHotKeys(const Model& model, const std::optional<RunningApplication>& frontmost,
                     const std::shared_ptr<CarbonKeyEvent>& moveToNextDisplay);
+
+/// Lets all of them go.
+void releaseHotKeys();
 
 } // namespace panewright

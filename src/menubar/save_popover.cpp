@@ -1,16 +1,15 @@
 #include "menubar/save_popover.h"
 
 #include "model/window_state.h"
-#include "services/workspace_additions.h"
 
 #include <utility>
 
 namespace panewright {
 
-SavePopover::SavePopover(Services services,
+SavePopover::SavePopover(ApplicationIcons& icons, PopoverPresenter presenter,
                          const SaveShortcutViewController::Services& controllerServices,
                          const FocusTracking& tracking)
-    : services_(std::move(services)), tracking_(tracking),
+    : icons_(icons), presenter_(std::move(presenter)), tracking_(tracking),
       controller_(SaveShortcutViewController::create(controllerServices)) {}
 
 bool SavePopover::isShown() {
@@ -22,14 +21,15 @@ void SavePopover::open() {
     controller_->loadViewSafely();
     controller_->reset();
     update();
-    bringForward();
+    presenter_.bringForward(*controller_->popover());
+    controller_->view().focusWindowStateName();
 }
 
 void SavePopover::update() {
     const auto& application = tracking_.currentApplication();
     controller_->setApplicationName(application ? application->localizedName.value_or(std::string())
                                                 : std::string());
-    controller_->setApplicationImage(application ? services_.icons.iconOf(*application) : nullptr);
+    controller_->setApplicationImage(application ? icons_.iconOf(*application) : nullptr);
     controller_->setCanBeForAppOnly(application && application->bundleIdentifier);
     controller_->setWindowState(newPendingState());
 }
@@ -45,18 +45,8 @@ std::shared_ptr<WindowState> SavePopover::newPendingState() const {
     return state;
 }
 
-void SavePopover::bringForward() {
-    auto& popover = *controller_->popover();
-    popover.show(services_.anchor());
-    bringApplicationToFrontIfInBackground(services_.workspace, services_.program);
-    popover.makeKeyAndOrderFront();
-    controller_->view().focusWindowStateName();
-}
-
 void SavePopover::close() {
-    if (auto* popover = controller_->popover()) {
-        popover->close();
-    }
+    presenter_.close(controller_->popover());
 }
 
 } // namespace panewright

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "menubar/focus_tracking.h"
+#include "menubar/popover_presenter.h"
 #include "platform/application_icons.h"
-#include "ui/popover.h"
 #include "ui/save_shortcut_view_controller.h"
 
-#include <functional>
 #include <memory>
 
 namespace panewright {
@@ -14,15 +13,8 @@ namespace panewright {
 class SavePopover {
 public:
     /// All of it must outlive the popover.
-    struct Services {
-        ApplicationIcons& icons;
-        Workspace& workspace;
-        const ProgramInformation& program;
-        /// Where it hangs from, asked at each opening.
-        std::function<PopoverAnchor()> anchor;
-    };
-
-    SavePopover(Services services, const SaveShortcutViewController::Services& controllerServices,
+    SavePopover(ApplicationIcons& icons, PopoverPresenter presenter,
+                const SaveShortcutViewController::Services& controllerServices,
                 const FocusTracking& tracking);
 
     bool isShown();
@@ -31,13 +23,14 @@ public:
     void open();
     /// Takes the tracked window as it is now for a fresh pending state.
     void update();
+    /// Gives the keyboard back too.
     void close();
 
 private:
     std::shared_ptr<WindowState> newPendingState() const;
-    void bringForward();
 
-    Services services_;
+    ApplicationIcons& icons_;
+    PopoverPresenter presenter_;
     const FocusTracking& tracking_;
     std::shared_ptr<SaveShortcutViewController> controller_;
 };

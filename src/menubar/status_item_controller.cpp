@@ -58,7 +58,7 @@ void StatusItemController::startStatusItem() {
     showStatusItem();
     if (tracking_->currentApplication()) {
         tracking_->updateApplicationTrackingElements();
-        addEventHandlers();
+        updateHotKeys(HotKeyOccasion::kStart);
     }
 }
 
@@ -116,12 +116,13 @@ void StatusItemController::setupNotifications() {
 }
 
 void StatusItemController::setupSavePopover() {
-    savePopover_.emplace(SavePopover::Services{ports_.applicationIcons, ports_.workspace,
-                                               ports_.program, [this] { return anchor(); }},
-                         SaveShortcutViewController::Services{
-                             ports_.beeper, ports_.hotKeys, ports_.mainLoop, ports_.text,
-                             shortcutText_, usage_, views_.factory, *this},
-                         *tracking_);
+    savePopover_.emplace(
+        ports_.applicationIcons,
+        PopoverPresenter(ports_.workspace, ports_.program, [this] { return anchor(); }),
+        SaveShortcutViewController::Services{ports_.beeper, ports_.hotKeys, ports_.mainLoop,
+                                             ports_.text, shortcutText_, usage_, views_.factory,
+                                             *this},
+        *tracking_);
 }
 
 PopoverAnchor StatusItemController::anchor() const {
@@ -136,7 +137,7 @@ void StatusItemController::clicked(const StatusItemClick& /*click*/) {
 
 void StatusItemController::menuNeedsUpdate() {
     tracking_->updateApplicationTracking();
-    addEventHandlers();
+    updateHotKeys(HotKeyOccasion::kMenuOpened);
     auto& moveItem = *menu_.moveToNextDisplayItem;
     moveItem.isEnabled = QuartzDisplay::screens(ports_.displays).size() != 1;
     moveItem.isKeyEquivalentTaken =
@@ -149,10 +150,24 @@ void StatusItemController::workspaceDidActiveApplication() {
         return;
     }
     tracking_->updateApplicationTracking();
-    if (savePopover_->isShown()) {
-        savePopover_->update();
-    } else {
+    updateSaveShortcutViewControllerIfOpen();
+    updateHotKeys(HotKeyOccasion::kActivation);
+}
+
+void StatusItemController::settingsChanged() {
+    updateHotKeys(HotKeyOccasion::kSettingsChanged);
+}
+
+void StatusItemController::updateHotKeys(HotKeyOccasion occasion) {
+    switch (hotKeyChangeAt(occasion, savePopover_->isShown())) {
+    case HotKeyChange::kInstall:
         addEventHandlers();
+        break;
+    case HotKeyChange::kRelease:
+        releaseHotKeys();
+        break;
+    case HotKeyChange::kLeave:
+        break;
     }
 }
 
@@ -220,7 +235,7 @@ void StatusItemController::removeWindowState(const std::shared_ptr<WindowState>&
     usage_.trackEvent(kRemoveWindowStateEvent,
                       state ? state->attributesForTracking(shortcutText_) : EventAttributes{});
     model_->removeWindowState(state);
-    addEventHandlers();
+    updateHotKeys(HotKeyOccasion::kStateRemoved);
 }
 
 void StatusItemController::saveWindowPosition() {
@@ -228,7 +243,7 @@ void StatusItemController::saveWindowPosition() {
         ports_.beeper.beep();
         return;
     }
-    CarbonEventManager::sharedManager().removeAllEvents();
+    updateHotKeys(HotKeyOccasion::kSavingBegun);
     tracking_->updateApplicationTracking();
     savePopover_->open();
 }
@@ -241,13 +256,13 @@ void StatusItemController::updateSaveShortcutViewControllerIfOpen() {
 
 void StatusItemController::finishSavingWindowState() {
     model_->save();
-    addEventHandlers();
-    abandonSavingWindowState();
+    updateHotKeys(HotKeyOccasion::kSavingFinished);
+    savePopover_->close();
 }
 
 void StatusItemController::abandonSavingWindowState() {
+    updateHotKeys(HotKeyOccasion::kSavingAbandoned);
     savePopover_->close();
-    ports_.workspace.hideThisApplication();
 }
 
 void StatusItemController::sendFeedback() {

@@ -3,6 +3,7 @@
 #include "menubar/active_window_placer.h"
 #include "menubar/application_actions.h"
 #include "menubar/focus_tracking.h"
+#include "menubar/installed_hot_keys.h"
 #include "menubar/menu_view.h"
 #include "menubar/save_popover.h"
 #include "menubar/status_menu.h"
@@ -47,7 +48,11 @@ public:
     /// and installs the hot keys. Once only: repeating does nothing. The store is loaded here.
     void startStatusItem();
 
-    void addEventHandlers() override;
+    /// Installs the hot keys that apply now, in place of those installed before, and shows the key
+    /// of the next display in the menu.
+    void addEventHandlers();
+
+    void settingsChanged() override;
 
     /// The sender is not used.
     void moveToNextDisplay(const std::shared_ptr<CarbonKeyEvent>& sender);
@@ -95,6 +100,7 @@ private:
     /// Brings everything that the menu shows up to date.
     void menuNeedsUpdate();
     void workspaceDidActiveApplication();
+    void updateHotKeys(HotKeyOccasion occasion);
     /// Takes the tracked window as it is now into an open save popover.
     void updateSaveShortcutViewControllerIfOpen();
     PopoverAnchor anchor() const;

@@ -7,9 +7,8 @@ class HotKeyRefresh {
 public:
     virtual ~HotKeyRefresh() = default;
 
-    /// Installs the hot keys of all states that apply now, and the one that moves to the next
-    /// display, in place of those installed before.
-    virtual void addEventHandlers() = 0;
+    /// The key that moves the window to the next display is another one, or none, from now on.
+    virtual void settingsChanged() = 0;
 };
 
 } // namespace panewright

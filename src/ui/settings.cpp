@@ -54,7 +54,7 @@ void Settings::shortcutRecorderSetFlags(QFShortcutRecorder& /*recorder*/, std::u
                                         std::uint16_t andKeyCode) {
     services_.model.setMoveToNextWindowKeyEvent(
         CarbonKeyEvent::carbonEventWithKeyCode(andKeyCode, flags));
-    services_.hotKeyRefresh.addEventHandlers();
+    services_.hotKeyRefresh.settingsChanged();
     view_->setShortcutRemark(shortcutRemark(services_.hotKeys, services_.text, andKeyCode, flags));
 }
 
@@ -62,7 +62,7 @@ void Settings::shortcutRecorderDidClearFlags(QFShortcutRecorder& /*recorder*/,
                                              std::uint64_t /*flags*/,
                                              std::uint16_t /*andKeyCode*/) {
     services_.model.setMoveToNextWindowKeyEvent(nullptr);
-    services_.hotKeyRefresh.addEventHandlers();
+    services_.hotKeyRefresh.settingsChanged();
     view_->setShortcutRemark("");
 }
 

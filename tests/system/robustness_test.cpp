@@ -162,7 +162,9 @@ TEST_F(Robustness, SleepsWhileNothingHappens) {
         }
         return sum;
     };
-    std::this_thread::sleep_for(2s); // all that follows a press has been done
+    // All that follows a press has been done, and what the program says once, where no panel is.
+    ASSERT_TRUE(program_->waitForErrorLine("panewright: no panel"));
+    std::this_thread::sleep_for(1s);
     const long before = contextSwitches();
     std::this_thread::sleep_for(10s);
     EXPECT_EQ(contextSwitches(), before);
