@@ -1,15 +1,12 @@
 #include "geometry/next_display.h"
 
 #include "base/narrowed.h"
-#include "geometry/window_placement.h"
+#include "geometry/full_screen.h"
 
 #include <cmath>
 
 namespace panewright {
 namespace {
-
-/// How much shorter than its display a window below the menu bar may be and count as full-screen.
-constexpr double kFullscreenTolerance = 30;
 
 /// How far the corner lies from the display's origin. A corner on the other side of it, or of zero,
 /// is mirrored.
@@ -38,14 +35,6 @@ std::optional<QuartzDisplay> getNextDisplayForWindowRect(const Displays& port, c
         previousHolds = contains(display.bounds(), rect.origin());
     }
     return screens.size() >= 2 ? std::optional(screens.front()) : std::nullopt;
-}
-
-bool isRectFullscreen(const Rect& rect, const std::optional<QuartzDisplay>& inDisplay) {
-    const Rect display = boundsOf(inDisplay);
-    const bool isBelowMenuBar = rect.x == display.x && rect.y == display.y + kMenuBarAllowance &&
-                                rect.width == display.width &&
-                                rect.height >= display.height - kFullscreenTolerance;
-    return isBelowMenuBar || rect == display;
 }
 
 Rect frameOnNextDisplay(const Rect& windowRect, const std::optional<QuartzDisplay>& current,

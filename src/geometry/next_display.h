@@ -14,9 +14,6 @@ namespace panewright {
 /// last, or when no display holds the corner. Nil when there is none or only one.
 std::optional<QuartzDisplay> getNextDisplayForWindowRect(const Displays& port, const Rect& rect);
 
-/// Whether the rectangle fills its display: all of it, or all below the menu bar.
-bool isRectFullscreen(const Rect& rect, const std::optional<QuartzDisplay>& inDisplay);
-
 /// The frame of a window that goes from one display to another and keeps its place and share; one
 /// that fills its display fills the other. Computed in 32-bit floats, so only nearly exact. From a
 /// nil display nothing finite comes out.

@@ -1,6 +1,7 @@
 #include "menubar/active_window_placer.h"
 
 #include "geometry/frame_attributes.h"
+#include "geometry/full_screen.h"
 #include "geometry/next_display.h"
 #include "geometry/window_placement.h"
 #include "model/model.h"

@@ -1,4 +1,5 @@
 #include "desktop/memory/memory_displays.h"
+#include "geometry/full_screen.h"
 #include "geometry/next_display.h"
 #include "support/print_geometry.h"
 

@@ -89,7 +89,7 @@ bool MemoryMainLoop::pollDescriptors(bool wait) {
         descriptors.push_back({watch.descriptor, POLLIN, 0});
         ids.push_back(id);
     }
-    if (poll(descriptors.data(), descriptors.size(), wait ? -1 : 0) <= 0) {
+    if (poll(descriptors.data(), static_cast<nfds_t>(descriptors.size()), wait ? -1 : 0) <= 0) {
         return false;
     }
     for (std::size_t i = 0; i < ids.size(); ++i) {

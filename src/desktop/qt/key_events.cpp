@@ -13,7 +13,7 @@ std::uint64_t modifierFlagsOf(Qt::KeyboardModifiers modifiers) {
 }
 
 bool isModifierKey(const QKeyEvent& event, const NativeKeyCodes& keyCodes) {
-    const auto keyCode = keyCodes.virtualKeyCode(event.nativeScanCode());
+    const auto keyCode = keyCodes.virtualKeyCode(event.nativeScanCode(), event.nativeVirtualKey());
     if (keyCode && *keyCode >= kFirstModifierKeyCode && *keyCode <= kLastModifierKeyCode) {
         return true;
     }
@@ -38,7 +38,7 @@ bool isModifierKey(const QKeyEvent& event, const NativeKeyCodes& keyCodes) {
 }
 
 std::optional<KeyEvent> keyEventOf(const QKeyEvent& event, const NativeKeyCodes& keyCodes) {
-    const auto keyCode = keyCodes.virtualKeyCode(event.nativeScanCode());
+    const auto keyCode = keyCodes.virtualKeyCode(event.nativeScanCode(), event.nativeVirtualKey());
     if (!keyCode) {
         return std::nullopt;
     }

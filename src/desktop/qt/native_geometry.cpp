@@ -2,15 +2,15 @@
 
 #include <QGuiApplication>
 
-#include <cmath>
-
 namespace panewright {
 namespace {
 
+/// The screen's top left is the same in both.
 Rect nativeGeometryOf(const QScreen& screen) {
     const auto geometry = screen.geometry();
-    return makeRect({static_cast<double>(geometry.x()), static_cast<double>(geometry.y())},
-                    toNative(geometry.size(), screen));
+    const auto ratio = screen.devicePixelRatio();
+    return {static_cast<double>(geometry.x()), static_cast<double>(geometry.y()),
+            geometry.width() * ratio, geometry.height() * ratio};
 }
 
 } // namespace
@@ -25,24 +25,23 @@ QScreen* screenAt(const Rect& native) {
     return QGuiApplication::primaryScreen();
 }
 
-QPoint fromNative(Point native, const QScreen& screen) {
-    const auto origin = screen.geometry().topLeft();
-    const auto ratio = screen.devicePixelRatio();
-    return {origin.x() + static_cast<int>(std::lround((native.x - origin.x()) / ratio)),
-            origin.y() + static_cast<int>(std::lround((native.y - origin.y()) / ratio))};
-}
-
 Rect toNative(const QRect& rect, const QScreen& screen) {
     const auto origin = screen.geometry().topLeft();
     const auto ratio = screen.devicePixelRatio();
-    return makeRect({origin.x() + (rect.x() - origin.x()) * ratio,
-                     origin.y() + (rect.y() - origin.y()) * ratio},
-                    toNative(rect.size(), screen));
+    return {origin.x() + (rect.x() - origin.x()) * ratio,
+            origin.y() + (rect.y() - origin.y()) * ratio, rect.width() * ratio,
+            rect.height() * ratio};
 }
 
-Size toNative(const QSize& size, const QScreen& screen) {
+PopoverAnchor fromNative(const PopoverAnchor& anchor, const QScreen& screen) {
+    const auto origin = screen.geometry().topLeft();
     const auto ratio = screen.devicePixelRatio();
-    return {size.width() * ratio, size.height() * ratio};
+    const auto converted = [&](const Rect& native) -> Rect {
+        return {origin.x() + (native.x - origin.x()) / ratio,
+                origin.y() + (native.y - origin.y()) / ratio, native.width / ratio,
+                native.height / ratio};
+    };
+    return {converted(anchor.rect), converted(anchor.workArea)};
 }
 
 } // namespace panewright

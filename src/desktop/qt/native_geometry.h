@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/geometry.h"
+#include "ui/popover.h"
 
 #include <QPoint>
 #include <QRect>
@@ -8,15 +9,24 @@
 
 namespace panewright {
 
-/// Qt gives each screen a scale: its own coordinates start at the screen's native top left and
-/// count units of `devicePixelRatio()` pixels. The rest of the program counts the X server's
-/// pixels.
+/// The one place where the toolkit's coordinates and the program's meet. Qt gives each screen a
+/// scale: its own coordinates start at the screen's native top left and count units of
+/// `devicePixelRatio()` pixels. The rest of the program counts the X server's pixels.
 
 /// The screen that holds the middle of the rectangle, else the primary one; null without screens.
 QScreen* screenAt(const Rect& native);
 
-QPoint fromNative(Point native, const QScreen& screen);
 Rect toNative(const QRect& rect, const QScreen& screen);
-Size toNative(const QSize& size, const QScreen& screen);
+
+/// The same anchor in the screen's own units.
+PopoverAnchor fromNative(const PopoverAnchor& anchor, const QScreen& screen);
+
+// Whole units of the toolkit.
+inline QPoint toQt(Point point) {
+    return {static_cast<int>(point.x), static_cast<int>(point.y)};
+}
+inline Size fromQt(const QSize& size) {
+    return {static_cast<double>(size.width()), static_cast<double>(size.height())};
+}
 
 } // namespace panewright

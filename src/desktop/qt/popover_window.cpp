@@ -87,12 +87,11 @@ void PopoverWindow::place() {
     layout()->invalidate();
     layout()->activate();
     const auto size = sizeHint();
-    const auto ratio = screen->devicePixelRatio();
     const auto placement =
-        placePopover({toNative(size, *screen), kArrowMargin * ratio, kSideMargin * ratio}, anchor_);
-    setArrow(placement.side, qRound(placement.arrow / ratio));
+        placePopover({fromQt(size), kArrowMargin, kSideMargin}, fromNative(anchor_, *screen));
+    setArrow(placement.side, qRound(placement.arrow));
     windowHandle()->setScreen(screen);
-    place_ = fromNative(placement.frame.origin(), *screen);
+    place_ = toQt(placement.frame.origin());
     setGeometry({place_, size});
 }
 

@@ -62,8 +62,8 @@ void QtMenuView::popUp(const Menu& menu, const PopoverAnchor& anchor) {
     if (!screen) {
         return;
     }
-    const auto frame = placeMenu(toNative(menu_->sizeHint(), *screen), anchor);
-    menu_->popup(fromNative(frame.origin(), *screen));
+    const auto frame = placeMenu(fromQt(menu_->sizeHint()), fromNative(anchor, *screen));
+    menu_->popup(toQt(frame.origin()));
     // A key that another connection holds down, such as a hot key, keeps the menu from getting
     // keyboard and pointer, and neither Escape nor a click beside it would close it.
     auto* window = menu_->windowHandle();

@@ -2,8 +2,8 @@
 
 #include "desktop/qt/key_events.h"
 #include "desktop/qt/native_geometry.h"
-#include "desktop/qt/panel_brightness.h"
 #include "desktop/qt/status_icon.h"
+#include "desktop/shared/panel_brightness.h"
 
 #include <QCursor>
 #include <QGuiApplication>

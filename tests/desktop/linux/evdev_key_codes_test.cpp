@@ -20,7 +20,7 @@ TEST(EvdevKeyCodes, NameEachPhysicalKeyOnce) {
     };
     for (const auto& [virtualKeyCode, evdevCode] : keys) {
         EXPECT_THAT(evdevCodesOf(virtualKeyCode), ElementsAre(evdevCode)) << virtualKeyCode;
-        EXPECT_EQ(EvdevNativeKeyCodes().virtualKeyCode(evdevCode + 8), virtualKeyCode);
+        EXPECT_EQ(EvdevNativeKeyCodes().virtualKeyCode(evdevCode + 8, 0), virtualKeyCode);
     }
     EXPECT_THAT(evdevCodesOf(114), ElementsAre(KEY_INSERT, KEY_HELP)); // keyboards differ
     for (std::uint16_t code = 0; code <= 128; ++code) {
@@ -31,7 +31,7 @@ TEST(EvdevKeyCodes, NameEachPhysicalKeyOnce) {
     for (const std::uint32_t code : {KEY_RESERVED, KEY_PAUSE, KEY_F21, KEY_PLAYPAUSE}) {
         EXPECT_EQ(virtualKeyCodeOf(code), std::nullopt) << code;
     }
-    EXPECT_EQ(EvdevNativeKeyCodes().virtualKeyCode(7), std::nullopt);
+    EXPECT_EQ(EvdevNativeKeyCodes().virtualKeyCode(7, 0), std::nullopt);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "desktop/qt/panel_brightness.h"
+#include "desktop/shared/panel_brightness.h"
 
 #include <algorithm>
 #include <vector>
