@@ -80,7 +80,7 @@ private:
     ModifierMasks grabbedWith_;
     /// Pressed while a grab was active, and not gone up since.
     std::set<xcb_keycode_t> down_;
-    /// What the grab that is active now began with, and ends with the release of.
+    /// Key that started the active grab, which ends when that key goes up.
     std::optional<xcb_keycode_t> grabbingKey_;
     bool synchronizePending_ = false;
     Lifetime lifetime_;
