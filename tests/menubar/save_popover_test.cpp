@@ -120,6 +120,7 @@ TEST_F(SavePopoverTest, TakesTheWindowAsItIsNowAndForgetsTheShortcut) {
     program_.open(kTerminal, "org.example.Terminal", kFrame);
     EXPECT_EQ(pending().appBundleId(), "org.example.Terminal");
     EXPECT_EQ(view().appOnlyTitle, "Only active for org.example.Terminal");
+    EXPECT_EQ(desktop().hotKeys.registeredCount(), 0U);
     EXPECT_EQ(view().name, "Kept");
     desktop().windows.closeWindow(editor_);
     save("Terminal");

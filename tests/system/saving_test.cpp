@@ -192,6 +192,65 @@ TEST_P(Saving, EndsOnSigtermWhileAShortcutIsRecorded) {
 INSTANTIATE_TEST_SUITE_P(Everywhere, Saving, testing::Values(kTint2, kXfce4Panel),
                          [](const auto& suite) { return std::string(suite.param.windowManager); });
 
+class SettingsWindow : public Saving {
+protected:
+    std::string settings() const {
+        return contentOf(desktop_.environment()["XDG_CONFIG_HOME"] + "/Panewright/Panewright.conf");
+    }
+    bool isWritten(const std::string& line, bool wanted = true) const {
+        return eventually(
+            [&] { return (settings().find(line + "\n") != std::string::npos) == wanted; });
+    }
+};
+
+TEST_P(SettingsWindow, IsUsedWithKeysAndMouse) {
+    const TestClient window(desktop_.display());
+    window.activate();
+    openMenu();
+    press({"e"});
+    ASSERT_TRUE(eventually([&] { return !window.isActive(); }));
+    pause();
+    press({"alt+p"});
+    EXPECT_TRUE(isWritten("AllowMoveWindow=true"));
+    press({"alt+m", "space", "alt+n"});
+    EXPECT_TRUE(isWritten("MoveToNextWindowKeyEventKeyCode=45"));
+    EXPECT_TRUE(isWritten("MoveToNextWindowKeyEventKeyModifiers=524288"));
+    const std::filesystem::path entry = desktop_.environment()["XDG_CONFIG_HOME"] +
+                                        "/autostart/com.quillfen.Panewright.Agent.desktop";
+    press({"alt+l"});
+    EXPECT_TRUE(eventually([&] { return std::filesystem::exists(entry); }));
+
+    // The recorder, whose cross stands at its right end while it records.
+    press({"space"});
+    desktop_.run({"xdotool", "search", "--onlyvisible", "--name", "^Settings", "mousemove",
+                  "--window", "%1", "300", "30", "click", "1"});
+    press({"Escape"}); // what was there comes back
+    EXPECT_TRUE(isWritten("MoveToNextWindowKeyEventKeyCode=45"));
+    press({"alt+m", "BackSpace"});
+    EXPECT_TRUE(isWritten("MoveToNextWindowKeyEventKeyCode=45", false));
+}
+
+TEST_P(SettingsWindow, AndThePopoverFitTheirScreenAtAScaleOfTwo) {
+    (*program_)->sendSignal(SIGTERM);
+    EXPECT_EQ((*program_)->waitForEnd(), 0);
+    program_.reset();
+    environment_["QT_SCALE_FACTOR"] = "2";
+    start();
+    const TestClient window(desktop_.display());
+    window.activate();
+    openPopover(window);
+    const auto& x = desktop_.x();
+    const auto popover = outerFrame(x, x.activeWindow());
+    EXPECT_EQ(popover.y + popover.height, 870) << "it stands on the panel";
+    EXPECT_EQ(popover.x + popover.width, 1584) << "16 pixels from the edge";
+    EXPECT_GT(popover.width, 600);
+    save(window, "Large", "alt+9");
+    EXPECT_THAT(store(), testing::HasSubstr("\"Large\""));
+}
+
+INSTANTIATE_TEST_SUITE_P(Everywhere, SettingsWindow, testing::Values(kTint2),
+                         [](const auto& suite) { return std::string(suite.param.windowManager); });
+
 class Recording : public Saving {};
 
 TEST_P(Recording, TakesEveryKeyThatHasACode) {

@@ -1,0 +1,41 @@
+#include "desktop/freedesktop/url_opener.h"
+
+#include "support/eventually.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+namespace panewright {
+namespace {
+
+TEST(UrlOpener, StartsTheBrowserWithPlainSignals) {
+    const TemporaryFolder folder;
+    const auto browser = folder.path() / "xdg-open";
+    const auto heard = folder.path() / "heard";
+    setContent(browser, R"sh(#!/bin/sh
+set -- "$1" $(sed -n 's/^SigBlk:\s*//p; s/^SigIgn:\s*//p' /proc/$$/status)
+echo "blocked $((0x$2)), SIGPIPE ignored $((0x$3 >> 12 & 1))" > "$0.signals"
+echo "$1" > "${0%/*}/heard"
+)sh");
+    std::filesystem::permissions(browser, std::filesystem::perms::owner_all);
+    const std::string path = std::getenv("PATH");
+    setenv("PATH", (folder.path().string() + ":" + path).c_str(), 1);
+    std::signal(SIGPIPE, SIG_IGN);
+    sigset_t blocked;
+    sigemptyset(&blocked);
+    sigaddset(&blocked, SIGTERM);
+    sigset_t before;
+    pthread_sigmask(SIG_BLOCK, &blocked, &before);
+    openUrlWithDesktop("http://example.org/a page?'#faq");
+    EXPECT_TRUE(
+        test::eventually([&] { return contentOf(heard) == "http://example.org/a page?'#faq\n"; }));
+    EXPECT_EQ(contentOf(browser.string() + ".signals"), "blocked 0, SIGPIPE ignored 0\n");
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    std::signal(SIGPIPE, SIG_DFL);
+    setenv("PATH", path.c_str(), 1);
+}
+
+} // namespace
+} // namespace panewright
