@@ -48,7 +48,11 @@ public:
                       [&] { return plist_new_real(value); });
     }
     Uid encode(const std::string& text) {
-        count(costOfText(wellFormedUtf8Size(text)));
+        count(costOfText(text.size()));
+        if (isTooLarge_) {
+            return kNilUid;
+        }
+        count(wellFormedUtf8Size(text) - text.size()); // mended it is never shorter
         const auto [entry, isNew] = texts_.try_emplace(text, kNilUid);
         if (isNew) {
             entry->second = add(plist_new_string(wellFormedUtf8(text).c_str()));

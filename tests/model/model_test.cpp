@@ -153,7 +153,7 @@ TEST_F(ModelTest, KeepsTheFileWhenTheStatesHoldMoreThanCouldBeReadBack) {
     CapturedLog log;
     const auto model = makeModel();
     save(*model);
-    model->setWindowStates(makeStates(20, std::string(20'000'000, 'x')));
+    model->setWindowStates(makeStates(1, std::string(300'000'000, 'x')));
     save(*model);
     EXPECT_THAT(log.take(), ElementsAre("Error saving window states: too many to be read back"));
     EXPECT_THAT(keysOf(statesOnDisk()), ElementsAre("defaults"));
