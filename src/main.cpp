@@ -98,50 +98,65 @@ struct Process {
     StoreLock& lock;
 };
 
-int runOn(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus, const Process& process) {
-    const QtTextServices text;
-    const AutostartEntryFormat loginItems;
-    const LinuxBackgroundWork backgroundWork;
-    IniUserDefaults userDefaults(IniUserDefaults::defaultFile());
-    ThemeSounds sounds(desktop.beeper);
+/// What goes with the desktop's own adapters.
+struct Adapters {
+    Adapters(X11Desktop& desktop, SessionBus& bus, const ProgramInformation& program)
+        : sounds(desktop.beeper), application(bus, program.bundleIdentifier()), notifierHosts(bus),
+          icons(desktop.icons), statusItem({notifierHosts, desktop.tray}, desktop.brightness,
+                                           desktop.displays, desktop.workAreas),
+          views(desktop.nativeKeyCodes, desktop.ownWindows) {}
+
+    Ports portsOf(X11Desktop& desktop, MainLoop& mainLoop, const Process& process) {
+        return {.accessibility = desktop.accessibility,
+                .analytics = analytics,
+                .applicationIcons = icons,
+                .backgroundWork = backgroundWork,
+                .beeper = sounds,
+                .crashReporter = crashReporter,
+                .displays = desktop.displays,
+                .hotKeys = desktop.hotKeys,
+                .keyboardLayout = desktop.keyboardLayout,
+                .loginItems = loginItems,
+                .mainLoop = mainLoop,
+                .program = process.program,
+                .reopenRequests = application,
+                .softwareUpdater = softwareUpdater,
+                .standardFolders = process.folders,
+                .statusItem = statusItem,
+                .text = text,
+                .userDefaults = userDefaults,
+                .workAreas = desktop.workAreas,
+                .workspace = desktop.workspace};
+    }
+
+    QtTextServices text;
+    AutostartEntryFormat loginItems;
+    LinuxBackgroundWork backgroundWork;
+    IniUserDefaults userDefaults{IniUserDefaults::defaultFile()};
+    ThemeSounds sounds;
     NoAnalytics analytics;
     NoCrashReporter crashReporter;
     NoSoftwareUpdater softwareUpdater;
-    ApplicationService application(bus, process.program.bundleIdentifier());
-    NotifierHosts notifierHosts(bus);
-    QtApplicationIcons icons(desktop.icons);
-    QtStatusItem statusItem({notifierHosts, desktop.tray}, desktop.brightness, desktop.displays,
-                            desktop.workAreas);
+    ApplicationService application;
+    NotifierHosts notifierHosts;
+    QtApplicationIcons icons;
+    QtStatusItem statusItem;
     ExportedMenu exportedMenu;
-    const auto iconShown = statusItem.onShownChange([&] { exportedMenu.publishForToolkitItem(); });
+    Registration iconShown =
+        statusItem.onShownChange([this] { exportedMenu.publishForToolkitItem(); });
     QtMenuView menuView;
-    QtViews views(desktop.nativeKeyCodes, desktop.ownWindows);
-    const Ports ports{.accessibility = desktop.accessibility,
-                      .analytics = analytics,
-                      .applicationIcons = icons,
-                      .backgroundWork = backgroundWork,
-                      .beeper = sounds,
-                      .crashReporter = crashReporter,
-                      .displays = desktop.displays,
-                      .hotKeys = desktop.hotKeys,
-                      .keyboardLayout = desktop.keyboardLayout,
-                      .loginItems = loginItems,
-                      .mainLoop = mainLoop,
-                      .program = process.program,
-                      .reopenRequests = application,
-                      .softwareUpdater = softwareUpdater,
-                      .standardFolders = process.folders,
-                      .statusItem = statusItem,
-                      .text = text,
-                      .userDefaults = userDefaults,
-                      .workAreas = desktop.workAreas,
-                      .workspace = desktop.workspace};
-    const SharedInstances shared(ports, process.lock);
+    QtViews views;
+};
 
-    AppDelegate delegate(ports, {views, menuView, exportedMenu});
+int runOn(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus, const Process& process) {
+    Adapters adapters(desktop, bus, process.program);
+    const Ports ports = adapters.portsOf(desktop, mainLoop, process);
+    const SharedInstances shared(ports, process.lock);
+    AppDelegate delegate(ports, {adapters.views, adapters.menuView, adapters.exportedMenu});
     delegate.applicationWillFinishLaunching();
     delegate.applicationDidFinishLaunching();
     mainLoop.post([] { logLine("ready"); });
+    const ToolkitExitStatus withoutServer(kExitServerLost, [] { Model::setFactory(nullptr); });
     return mainLoop.run();
 }
 
@@ -193,14 +208,19 @@ int runToolkit(int& argc, char** argv, const Process& process,
     if (const auto refused = refuseUnknownArguments(argc, argv)) {
         return *refused;
     }
-    const ToolkitExitStatus statusWithoutServer(kExitServerLost);
     QtMainLoop mainLoop;
     SessionBus bus(mainLoop);
     const auto terminated = terminationSignals.onSignal(mainLoop, [&] { mainLoop.quit(0); });
     const auto desktop = X11Desktop::open(mainLoop, process.program.bundleIdentifier());
+    const auto end = [&bus](int status) {
+        if (!bus.connection()) {
+            endWhileBusHangs(status);
+        }
+        return status;
+    };
     if (!desktop) {
         describeMissingServer();
-        return kExitCannotStart;
+        return end(kExitCannotStart);
     }
     const auto serverLost = desktop->onServerLost([&] {
         logLine("the X server has gone away");
@@ -209,11 +229,7 @@ int runToolkit(int& argc, char** argv, const Process& process,
     if (!desktop->hasWindowManager()) {
         logLine("no window manager that follows EWMH is running");
     }
-    const int status = runOn(*desktop, mainLoop, bus, process);
-    if (!bus.connection()) {
-        endWhileBusHangs(status);
-    }
-    return status;
+    return end(runOn(*desktop, mainLoop, bus, process));
 }
 
 /// A second start: the program that runs shows itself, unless it runs where nobody here sees it.

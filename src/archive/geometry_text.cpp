@@ -11,6 +11,9 @@
 namespace panewright {
 namespace {
 
+/// Four numbers take less than half of it.
+constexpr std::size_t kMaxLength = 256;
+
 std::string number(double value) {
     return fmt::format("{}", value);
 }
@@ -55,6 +58,9 @@ std::optional<double> takeNumber(std::string_view& text) {
 /// for each number), white space aside.
 template <std::size_t Count>
 std::optional<std::array<double, Count>> numbersIn(std::string_view text, std::string_view shape) {
+    if (text.size() > kMaxLength) {
+        return std::nullopt;
+    }
     std::array<double, Count> numbers{};
     std::size_t next = 0;
     for (const char expected : shape) {

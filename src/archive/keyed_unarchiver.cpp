@@ -87,6 +87,9 @@ public:
 
     /// "$classname" of an object, empty for any other node. Lives as long as the node.
     std::string_view classNameOf(plist_t node) {
+        if (!takeForLooking(node)) {
+            return {};
+        }
         return textOf(itemOf(resolve(itemOf(node, "$class")), "$classname")).value_or("");
     }
 
@@ -125,6 +128,11 @@ private:
     bool take(std::uint64_t bytes) {
         failed_ = failed_ || !budget_.take(bytes);
         return !failed_;
+    }
+    /// Looking for a key goes through all of a dictionary, which many may refer to. A byte for each
+    /// key bounds the time.
+    bool takeForLooking(plist_t node) {
+        return take(isPlist(node, PLIST_DICT) ? plist_dict_get_size(node) : 1);
     }
     std::nullptr_t fail() {
         failed_ = true;
@@ -182,13 +190,18 @@ std::optional<std::string_view> Unarchiving::rawText(plist_t node) {
             text = textOf(resolve(itemOf(node, "NS.string")));
         }
     }
-    return text ? std::optional(text->substr(0, text->find('\0'))) : std::nullopt;
+    return text;
 }
 
 std::optional<std::string> Unarchiving::text(plist_t node) {
-    const auto raw = rawText(node);
-    return raw && take(costOfText(wellFormedUtf8Size(*raw))) ? std::optional(wellFormedUtf8(*raw))
-                                                             : std::nullopt;
+    auto raw = rawText(node);
+    if (!raw || !take(costOfText(raw->size()))) {
+        return std::nullopt;
+    }
+    raw = raw->substr(0, raw->find('\0'));
+    // Written again, what was mended stands in the file too: it must stay readable.
+    const std::uint64_t added = wellFormedUtf8Size(*raw) - raw->size();
+    return take(4 * added) ? std::optional(wellFormedUtf8(*raw)) : std::nullopt;
 }
 
 std::optional<Size> Unarchiving::size(plist_t node) {
@@ -219,6 +232,9 @@ ArchiveValue Unarchiving::value(plist_t reference) {
     }
     if (isPlist(node, PLIST_BOOLEAN) || isPlist(node, PLIST_UINT) || isPlist(node, PLIST_REAL)) {
         return number(node);
+    }
+    if (const auto uid = uidOf(reference); uid && made_[*uid].object) {
+        return ArchiveValue(made_[*uid].object);
     }
     const std::string_view name = classNameOf(node);
     if (name == "NSArray" || name == "NSMutableArray" || name == "NSDictionary" ||

@@ -1,5 +1,7 @@
 #include "base/file.h"
 
+#include "base/retried.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -21,6 +23,9 @@ constexpr mode_t kNewFolderMode = 0700;
 /// Names that are tried for a temporary file: each is one of four thousand million.
 constexpr int kMaxNames = 100;
 
+/// Numbers that are tried for a file that is to be kept.
+constexpr int kMaxNumber = 10'000;
+
 /// As many links as the kernel follows.
 constexpr int kMaxLinks = 40;
 
@@ -29,16 +34,6 @@ FileError failure(const char* step, const std::filesystem::path& path) {
     const int code = errno;
     return {code == ENOENT,
             fmt::format("{} {}: {}", step, path.string(), std::generic_category().message(code))};
-}
-
-/// Repeats a call that a signal interrupted.
-template <class Call>
-auto retried(Call call) {
-    decltype(call()) result{};
-    do {
-        result = call();
-    } while (result < 0 && errno == EINTR);
-    return result;
 }
 
 /// An open file, closed when it goes.
@@ -107,16 +102,21 @@ struct NewFile {
     std::filesystem::path path;
 };
 
+/// Not open where something has that name already, and for any other failure.
+Descriptor openNew(const std::filesystem::path& path) {
+    return Descriptor(retried([&] {
+        return ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                      kNewFileMode);
+    }));
+}
+
 /// An empty file of its own beside the file.
 Result<NewFile, FileError> newFileBeside(const std::filesystem::path& file) {
     std::random_device random;
     std::filesystem::path path;
     for (int attempt = 0; attempt < kMaxNames; ++attempt) {
         path = folderOf(file) / fmt::format("{}{:08x}", temporaryPrefix(file), random());
-        Descriptor descriptor(retried([&] {
-            return ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-                          kNewFileMode);
-        }));
+        Descriptor descriptor = openNew(path);
         if (descriptor.isOpen()) {
             return NewFile{std::move(descriptor), std::move(path)};
         }
@@ -216,8 +216,9 @@ Result<Bytes, FileError> readFile(const std::filesystem::path& path, std::size_t
     return std::move(content).value().bytes;
 }
 
-Result<FileStamp, FileError> writeFileAtomically(const std::filesystem::path& path,
-                                                 const Bytes& bytes) {
+Result<FileStamp, FileError>
+writeFileAtomically(const std::filesystem::path& path, const Bytes& bytes,
+                    const std::function<std::optional<FileError>()>& beforeMove) {
     const std::filesystem::path target = linkTarget(path);
     struct stat status {};
     const bool exists = ::stat(target.c_str(), &status) == 0;
@@ -233,6 +234,11 @@ Result<FileStamp, FileError> writeFileAtomically(const std::filesystem::path& pa
     }
     NewFile file = std::move(created).value();
     auto written = fill(file, target, bytes, exists ? status.st_mode & 07777 : kNewFileMode);
+    if (written && beforeMove) {
+        if (auto refused = beforeMove()) {
+            written = *std::move(refused);
+        }
+    }
     if (written && ::rename(file.path.c_str(), target.c_str()) != 0) {
         written = failure("moving into place", target);
     }
@@ -242,6 +248,25 @@ Result<FileStamp, FileError> writeFileAtomically(const std::filesystem::path& pa
         return *std::move(error);
     }
     return written;
+}
+
+Result<std::filesystem::path, FileError> writeNumberedFile(const std::filesystem::path& prefix,
+                                                           const Bytes& bytes) {
+    for (int number = 1; number <= kMaxNumber; ++number) {
+        std::filesystem::path path = fmt::format("{}{}", prefix.string(), number);
+        NewFile file{openNew(path), path};
+        if (file.descriptor.isOpen()) {
+            if (const auto written = fill(file, path, bytes, kNewFileMode); !written) {
+                ::unlink(path.c_str());
+                return written.error();
+            }
+            return path;
+        }
+        if (errno != EEXIST) {
+            return failure("creating", path);
+        }
+    }
+    return FileError{false, fmt::format("{}: no number is free", prefix.string())};
 }
 
 void removeLeftovers(const std::filesystem::path& path) {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -51,9 +52,16 @@ Result<Bytes, FileError> readFile(const std::filesystem::path& path,
 /// either all of the old content or all of the new: it is written beside the file, under a name
 /// that nobody else uses, forced to disk and moved into place. A symbolic link is written through
 /// to its target. A new file gets mode 0600, an existing one keeps its own. Gives the stamp of what
-/// was written. Callable from any thread.
-Result<FileStamp, FileError> writeFileAtomically(const std::filesystem::path& path,
-                                                 const Bytes& bytes);
+/// was written. `beforeMove` is called when all is on disk and only the move is left; an error of
+/// it leaves everything as it was. Callable from any thread.
+Result<FileStamp, FileError>
+writeFileAtomically(const std::filesystem::path& path, const Bytes& bytes,
+                    const std::function<std::optional<FileError>()>& beforeMove = {});
+
+/// Writes the content to the first of the files "PREFIX1", "PREFIX2" and so on that does not exist,
+/// of two that do so at once each to its own. Gives its name.
+Result<std::filesystem::path, FileError> writeNumberedFile(const std::filesystem::path& prefix,
+                                                           const Bytes& bytes);
 
 /// Removes what such writes have left beside the file when the machine stopped during them. To be
 /// called only while nobody else writes the file.

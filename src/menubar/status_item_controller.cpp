@@ -73,6 +73,12 @@ void StatusItemController::showStatusItem() {
         menuNeedsUpdate();
         return menu_.menu;
     });
+    statusItemChanges_ = ports_.statusItem.onShownChange([this] { lookForStatusItemLater(); });
+    lookForStatusItemLater();
+}
+
+/// A panel may be late, or go.
+void StatusItemController::lookForStatusItemLater() {
     lookForStatusItem_ = ports_.mainLoop.after(kPatienceForStatusBar, [this] { logIfNotShown(); });
 }
 

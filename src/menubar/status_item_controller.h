@@ -95,6 +95,7 @@ private:
     void setupNotifications();
     void setupSavePopover();
     void showStatusItem();
+    void lookForStatusItemLater();
     void logIfNotShown() const;
     void clicked(const StatusItemClick& click);
     /// Brings everything that the menu shows up to date.
@@ -122,6 +123,7 @@ private:
     std::shared_ptr<CarbonKeyEvent> moveToNextDisplayKey_;
     bool started_ = false;
     Registration activations_;
+    Registration statusItemChanges_;
     Registration lookForStatusItem_;
 };
 

@@ -8,22 +8,31 @@
 
 namespace panewright {
 
+Result<std::filesystem::path, FolderError> applicationSupportFolder(const StandardFolders& folders,
+                                                                    std::string_view dirName) {
+    const auto support = folders.applicationSupportDirectory();
+    if (!support) {
+        return FolderError{fmt::format("Error getting application support directory: {}",
+                                       support.error().message)};
+    }
+    std::filesystem::path directory = support.value() / dirName;
+    if (const auto error = folders.createDirectory(directory)) {
+        // The wording is kept as it has always been, for whoever searches logs for it.
+        return FolderError{
+            fmt::format("Error creating application suppor directory: {}", error->message)};
+    }
+    return directory;
+}
+
 std::optional<std::filesystem::path>
 applicationSupportDirectoryURLWithDirName(const StandardFolders& folders,
                                           std::string_view dirName) {
-    const auto support = folders.applicationSupportDirectory();
-    if (!support) {
-        logLine(fmt::format("Error getting application support directory: {}",
-                            support.error().message));
+    auto directory = applicationSupportFolder(folders, dirName);
+    if (!directory) {
+        logLine(directory.error().message);
         return std::nullopt;
     }
-    const std::filesystem::path directory = support.value() / dirName;
-    if (const auto error = folders.createDirectory(directory)) {
-        // The wording is kept as it has always been, for whoever searches logs for it.
-        logLine(fmt::format("Error creating application suppor directory: {}", error->message));
-        return std::nullopt;
-    }
-    return directory;
+    return std::move(directory).value();
 }
 
 std::optional<std::filesystem::path>

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/standard_folders.h"
+
 #include <filesystem>
 #include <optional>
 #include <string_view>
@@ -7,10 +9,13 @@
 namespace panewright {
 
 class ProgramInformation;
-class StandardFolders;
 
-/// The folder of that name in the user's application-support folder, created when missing. Nil when
-/// either is not to be had, which is logged. Callable from any thread.
+/// The folder of that name in the user's application-support folder, created when missing; or why
+/// either is not to be had, in words for the log. Callable from any thread.
+Result<std::filesystem::path, FolderError> applicationSupportFolder(const StandardFolders& folders,
+                                                                    std::string_view dirName);
+
+/// The same; nil for a failure, which is logged.
 std::optional<std::filesystem::path>
 applicationSupportDirectoryURLWithDirName(const StandardFolders& folders, std::string_view dirName);
 

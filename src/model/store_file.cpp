@@ -19,26 +19,26 @@ std::uint32_t checksumOf(const Bytes& bytes) {
     return static_cast<std::uint32_t>(crc32_z(0, bytes.data(), bytes.size()));
 }
 
-/// The first of "file.KIND-1", "file.KIND-2" and so on that is free.
-fs::path freeNameBeside(const fs::path& file, std::string_view kind) {
-    std::error_code ignored;
-    for (int number = 1;; ++number) {
-        fs::path aside = fmt::format("{}.{}-{}", file.string(), kind, number);
-        if (number == kMaxSetAside ||
-            fs::symlink_status(aside, ignored).type() == fs::file_type::not_found) {
-            return aside;
-        }
-    }
+bool hasNoHardLinks(const std::error_code& error) {
+    return error == std::errc::operation_not_permitted || error == std::errc::not_supported ||
+           error == std::errc::operation_not_supported ||
+           error == std::errc::function_not_supported;
 }
 
-/// Keeps the file under another name as well; it disappears from its own name only where the file
-/// system has no hard links.
+/// Keeps the file under the first of the names "file.KIND-1", "file.KIND-2" and so on that is free
+/// as well. It disappears from its own name only where it can have no second one.
 std::optional<FileError> setAside(const fs::path& file, std::string_view kind) {
-    const auto aside = freeNameBeside(file, kind);
-    std::error_code error;
-    fs::create_hard_link(file, aside, error);
-    if (error) {
-        fs::rename(file, aside, error);
+    std::error_code error = std::make_error_code(std::errc::file_exists);
+    for (int number = 1; number <= kMaxSetAside && error == std::errc::file_exists; ++number) {
+        const fs::path aside = fmt::format("{}.{}-{}", file.string(), kind, number);
+        std::error_code ignored;
+        if (fs::symlink_status(aside, ignored).type() != fs::file_type::not_found) {
+            continue;
+        }
+        fs::create_hard_link(file, aside, error);
+        if (hasNoHardLinks(error)) {
+            fs::rename(file, aside, error);
+        }
     }
     if (!error) {
         return std::nullopt;
@@ -90,13 +90,19 @@ std::optional<StoreWriteError> StoreFile::write(const Bytes& content) {
     if (lock_.outcome() == StoreLock::Outcome::kHeld) {
         removeLeftovers(*file);
     }
-    if (const auto error = setAsideWhatWouldBeLost(linkTarget(*file))) {
+    const fs::path target = linkTarget(*file);
+    if (const auto error = setAsideWhatWouldBeLost(target)) {
         return StoreWriteError{false, error->message};
     }
     attemptedChecksum_ = checksumOf(content);
-    const auto written = writeFileAtomically(*file, content);
+    // The disk may take its time, in which another may have come.
+    std::optional<StoreWriteError> late;
+    const auto written = writeFileAtomically(*file, content, [&]() -> std::optional<FileError> {
+        late = checkLock();
+        return late ? FileError{false, late->message} : setAsideWhatWouldBeLost(target);
+    });
     if (!written) {
-        return StoreWriteError{false, written.error().message};
+        return late ? *late : StoreWriteError{false, written.error().message};
     }
     known_ = written.value();
     knownChecksum_ = attemptedChecksum_;
@@ -105,7 +111,11 @@ std::optional<StoreWriteError> StoreFile::write(const Bytes& content) {
 
 std::optional<FileError> StoreFile::setAsideWhatWouldBeLost(const fs::path& target) {
     const auto stamp = stampOf(target);
-    if (!stamp || stamp == known_ || isOwnContent(target)) {
+    if (!stamp || stamp == known_) {
+        return std::nullopt;
+    }
+    if (isOwnContent(target)) {
+        known_ = stamp;
         return std::nullopt;
     }
     const bool isAsRead = isUnaccepted_ && (!read_ || read_ == stamp);
@@ -135,11 +145,7 @@ Result<fs::path, FileError> StoreFile::keepBeside(const Bytes& content) const {
     if (!file) {
         return FileError{true, "no folder for the store"};
     }
-    auto aside = freeNameBeside(*file, "unsaved");
-    if (const auto written = writeFileAtomically(aside, content); !written) {
-        return written.error();
-    }
-    return aside;
+    return writeNumberedFile(fmt::format("{}.unsaved-", file->string()), content);
 }
 
 } // namespace panewright

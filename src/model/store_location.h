@@ -19,4 +19,10 @@ inline std::optional<std::filesystem::path> storeFilePath(const StandardFolders&
     return folder ? std::optional(*folder / kStoreFileName) : std::nullopt;
 }
 
+/// The same without a word in the log.
+inline std::optional<std::filesystem::path> quietStoreFilePath(const StandardFolders& folders) {
+    const auto folder = applicationSupportFolder(folders, kStoreFolderName);
+    return folder ? std::optional(folder.value() / kStoreFileName) : std::nullopt;
+}
+
 } // namespace panewright

@@ -2,6 +2,7 @@
 
 #include "base/file.h"
 #include "base/log.h"
+#include "base/retried.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -22,16 +23,6 @@ constexpr int kMaxAttempts = 10;
 
 /// What a process says of itself is short.
 constexpr std::size_t kMaxHolderSize = 1024;
-
-/// Repeats a call that a signal interrupted.
-template <class Call>
-int retried(Call call) {
-    int result = 0;
-    do {
-        result = call();
-    } while (result < 0 && errno == EINTR);
-    return result;
-}
 
 } // namespace
 
@@ -61,7 +52,7 @@ StoreLock::Outcome StoreLock::take() {
 StoreLock::Outcome StoreLock::tryOnce() {
     const auto path = file();
     if (path.empty()) {
-        return Outcome::kUnavailable; // which has been logged
+        return Outcome::kUnavailable; // who reads or writes there says so
     }
     descriptor_ = retried([&] { return ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600); });
     // A lock of the open file, not of the process: those are lost as soon as any part of the
@@ -101,7 +92,7 @@ std::string StoreLock::holder() const {
 }
 
 std::filesystem::path StoreLock::file() const {
-    auto path = storeFilePath(folders_).value_or("");
+    auto path = quietStoreFilePath(folders_).value_or("");
     return path.empty() ? path : path += ".lock";
 }
 

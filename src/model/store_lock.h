@@ -16,7 +16,7 @@ public:
         kHeld,
         /// Another process has it, so the store must not be touched, not even read.
         kHeldByAnother,
-        /// The folder has no locks or may not be written. Nobody else can hold one there either.
+        /// The folder has no locks, or it or the file may not be written.
         kUnavailable,
     };
 

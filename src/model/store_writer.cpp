@@ -91,7 +91,8 @@ std::optional<StoreWriteError> StoreWriter::writeNow(const ArchiveValue& snapsho
         return error; // before all the work
     }
     const auto content = archivedSnapshot(snapshot);
-    return content ? file_.write(*content) : StoreWriteError{false, "too many to be read back"};
+    return content ? file_.write(*content)
+                   : StoreWriteError{false, "they hold more than could be read back"};
 }
 
 void StoreWriter::keepUnsaved() {

@@ -155,7 +155,8 @@ TEST_F(ModelTest, KeepsTheFileWhenTheStatesHoldMoreThanCouldBeReadBack) {
     save(*model);
     model->setWindowStates(makeStates(1, std::string(300'000'000, 'x')));
     save(*model);
-    EXPECT_THAT(log.take(), ElementsAre("Error saving window states: too many to be read back"));
+    EXPECT_THAT(log.take(),
+                ElementsAre("Error saving window states: they hold more than could be read back"));
     EXPECT_THAT(keysOf(statesOnDisk()), ElementsAre("defaults"));
 }
 

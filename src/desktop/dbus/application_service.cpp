@@ -21,7 +21,11 @@ std::string objectPathOf(std::string identifier) {
 
 ApplicationService::ApplicationService(SessionBus& bus, std::string identifier)
     : bus_(bus), identifier_(std::move(identifier)), object_([this] { requested(); }),
-      busKnown_(bus.onKnown([this] { publish(); })) {}
+      busKnown_(bus.onKnown([this] { publish(); })) {
+    if (bus.connection()) {
+        publish();
+    }
+}
 
 /// Nothing waits for the bus: who asks for the name finds the object already there.
 void ApplicationService::publish() {

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QDBusConnection>
+#include <QDBusError>
 #include <QDBusMetaType>
 
 #include <utility>
@@ -184,7 +185,11 @@ uint ExportedMenu::GetLayout(int parent, int depth, const QStringList& /*names*/
 }
 
 QDBusVariant ExportedMenu::GetProperty(int id, const QString& name) {
-    return QDBusVariant(propertiesOf(id).value(name));
+    const auto value = propertiesOf(id).value(name);
+    if (!value.isValid() && calledFromDBus()) {
+        sendErrorReply(QDBusError::InvalidArgs, "there is no such property");
+    }
+    return QDBusVariant(value);
 }
 
 } // namespace panewright

@@ -3,6 +3,7 @@
 #include "menubar/menu_exporter.h"
 
 #include <QDBusArgument>
+#include <QDBusContext>
 #include <QDBusVariant>
 #include <QObject>
 #include <QStringList>
@@ -34,7 +35,7 @@ struct BusMenuEvent {
 /// The menu on the session bus (interface com.canonical.dbusmenu, version 3), for panels that draw
 /// the menu of an item themselves, whether the item says that it has one or not. The root is item
 /// 0, the lines follow from 1 on.
-class ExportedMenu : public QObject, public MenuExporter {
+class ExportedMenu : public QObject, protected QDBusContext, public MenuExporter {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "com.canonical.dbusmenu")
     Q_PROPERTY(uint Version READ version)

@@ -38,7 +38,14 @@ void NotifierHosts::watch() {
     for (const char* signal : kHostSignals) {
         connection.connect(kWatcher, kWatcherPath, kWatcher, signal, this, SLOT(ask()));
     }
+    // The bus itself may end.
+    connection.connect("", "/org/freedesktop/DBus/Local", "org.freedesktop.DBus.Local",
+                       "Disconnected", this, SLOT(busHasEnded()));
     ask();
+}
+
+void NotifierHosts::busHasEnded() {
+    set(false);
 }
 
 void NotifierHosts::ask() {

@@ -27,6 +27,7 @@ public:
 
 private slots:
     void ask();
+    void busHasEnded();
 
 private:
     void watch();

@@ -3,7 +3,6 @@
 #include "desktop/dbus/application_service.h"
 
 #include <QDBusConnection>
-#include <QDBusError>
 #include <QDBusMessage>
 
 #include <chrono>
@@ -20,8 +19,9 @@ using namespace std::chrono_literals;
 constexpr auto kSlowestStart = 3s;
 constexpr auto kPause = 50ms;
 /// How long anybody waits for the bus and the program together.
-constexpr auto kPatience = 5s;
+constexpr auto kPatience = 7s;
 constexpr int kAnswerTimeout = 3000; // ms
+constexpr const char* kConnection = "second start";
 
 bool activate(const QDBusConnection& bus, const std::string& identifier) {
     auto request = QDBusMessage::createMethodCall(QString::fromStdString(identifier),
@@ -32,7 +32,10 @@ bool activate(const QDBusConnection& bus, const std::string& identifier) {
     const auto end = std::chrono::steady_clock::now() + kSlowestStart;
     for (;;) {
         const auto reply = bus.call(request, QDBus::Block, kAnswerTimeout);
-        const bool isMissing = QDBusError(reply).type() == QDBusError::ServiceUnknown;
+        // What a name without an owner gives depends on the bus, and on whether it could be
+        // started.
+        const bool isMissing = reply.errorName() == "org.freedesktop.DBus.Error.ServiceUnknown" ||
+                               reply.errorName() == "org.freedesktop.DBus.Error.NameHasNoOwner";
         if (!isMissing || std::chrono::steady_clock::now() >= end) {
             return reply.type() == QDBusMessage::ReplyMessage;
         }
@@ -43,15 +46,26 @@ bool activate(const QDBusConnection& bus, const std::string& identifier) {
 } // namespace
 
 std::optional<bool> activateRunningInstance(const std::string& identifier) {
-    // On a thread of its own, as a bus may hang while one connects to it.
+    // On a thread of its own, as a bus may hang while one connects to it. It lets go of the
+    // connection before it answers.
     auto isActivated = std::make_shared<std::promise<bool>>();
     auto answer = isActivated->get_future();
-    std::thread([isActivated, identifier] {
-        const auto bus = QDBusConnection::sessionBus();
-        isActivated->set_value(bus.isConnected() && activate(bus, identifier));
-    }).detach();
-    return answer.wait_for(kPatience) == std::future_status::ready ? std::optional(answer.get())
-                                                                   : std::nullopt;
+    std::thread asking([isActivated, identifier] {
+        bool isDone = false;
+        {
+            const auto bus =
+                QDBusConnection::connectToBus(QDBusConnection::SessionBus, kConnection);
+            isDone = bus.isConnected() && activate(bus, identifier);
+        }
+        QDBusConnection::disconnectFromBus(kConnection);
+        isActivated->set_value(isDone);
+    });
+    if (answer.wait_for(kPatience) != std::future_status::ready) {
+        asking.detach();
+        return std::nullopt;
+    }
+    asking.join();
+    return answer.get();
 }
 
 } // namespace panewright

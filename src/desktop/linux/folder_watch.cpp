@@ -12,9 +12,10 @@
 namespace panewright {
 namespace {
 
-constexpr std::uint32_t kComing = IN_CREATE | IN_MOVED_TO | IN_ONLYDIR | IN_MASK_ADD;
-constexpr std::uint32_t kAnyChange = kComing | IN_CLOSE_WRITE | IN_ATTRIB | IN_MOVED_FROM |
-                                     IN_DELETE | IN_DELETE_SELF | IN_MOVE_SELF;
+constexpr std::uint32_t kComing =
+    IN_CREATE | IN_MOVED_TO | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR | IN_MASK_ADD;
+constexpr std::uint32_t kAnyChange =
+    kComing | IN_CLOSE_WRITE | IN_ATTRIB | IN_MOVED_FROM | IN_DELETE;
 
 } // namespace
 
@@ -70,7 +71,8 @@ void FolderWatch::handleEvents() {
                 continue;
             }
             const auto& names = names_[event.wd];
-            hasChanged = hasChanged || (event.mask & IN_Q_OVERFLOW) != 0 || names.contains("") ||
+            constexpr std::uint32_t kWhole = IN_Q_OVERFLOW | IN_DELETE_SELF | IN_MOVE_SELF;
+            hasChanged = hasChanged || (event.mask & kWhole) != 0 || names.contains("") ||
                          (event.len > 0 && names.contains(event.name));
         }
     }

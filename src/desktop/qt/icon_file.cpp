@@ -22,8 +22,9 @@ constexpr std::size_t kMaxBytes = std::size_t{1} << 20U;
 constexpr int kMaxSide = 2048;
 constexpr int kShownSide = 256;
 
-// Of an SVG. Parts that repeat parts multiply, and nested ones take stack.
-constexpr int kMaxUses = 24;
+// Of an SVG. Parts that repeat parts multiply, nested ones take stack, and all take time to draw.
+constexpr qsizetype kMaxSvgBytes = qsizetype{64} << 10U;
+constexpr int kMaxUses = 8;
 constexpr int kMaxNesting = 100;
 
 // Of themes.
@@ -32,6 +33,10 @@ constexpr qsizetype kMaxThemes = 16;
 constexpr qsizetype kMaxFolders = 1000;
 
 bool isHarmlessSvg(const QByteArray& text) {
+    // Dashes may be far shorter than a pixel.
+    if (text.size() > kMaxSvgBytes || text.contains("dasharray")) {
+        return false;
+    }
     QXmlStreamReader xml(text);
     int nesting = 0;
     int uses = 0;

@@ -3,31 +3,38 @@
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
+#include <utility>
 
 namespace panewright {
 namespace {
 
-std::optional<int>& statusAtExit() {
-    static std::optional<int> status;
-    return status;
+struct Ending {
+    int status = 0;
+    std::function<void()> finish;
+};
+
+std::optional<Ending>& ending() {
+    static std::optional<Ending> ending;
+    return ending;
 }
 
-void endWithThatStatus() {
-    if (const auto status = statusAtExit()) {
+void endInThatWay() {
+    if (const auto way = ending()) {
+        way->finish();
         std::fflush(nullptr);
-        std::_Exit(*status); // the status of exit() itself cannot be changed
+        std::_Exit(way->status); // the status of exit() itself cannot be changed
     }
 }
 
 } // namespace
 
-ToolkitExitStatus::ToolkitExitStatus(int status) {
-    statusAtExit() = status;
-    std::atexit(endWithThatStatus);
+ToolkitExitStatus::ToolkitExitStatus(int status, std::function<void()> finish) {
+    ending() = Ending{status, std::move(finish)};
+    std::atexit(endInThatWay);
 }
 
 ToolkitExitStatus::~ToolkitExitStatus() {
-    statusAtExit() = std::nullopt;
+    ending() = std::nullopt;
 }
 
 } // namespace panewright
