@@ -139,8 +139,10 @@ TEST_P(Saving, GivesTheKeyboardBackWhenItIsCancelled) {
         openPopover(window);
         expectAfter(KEY_2, before, desktop_, window.window()); // not while the popover is open
         const auto& x = desktop_.x();
-        EXPECT_THAT(x.property(x.activeWindow(), "_NET_WM_STATE"),
-                    testing::Contains(x.atom("_NET_WM_STATE_SKIP_TASKBAR")));
+        EXPECT_TRUE(eventually([&] { // while the focus changes no window is active
+            return testing::Value(x.property(x.activeWindow(), "_NET_WM_STATE"),
+                                  testing::Contains(x.atom("_NET_WM_STATE_SKIP_TASKBAR")));
+        }));
         press({key});
         EXPECT_TRUE(eventually([&] { return window.isActive(); })) << key;
         pause();
