@@ -1,7 +1,5 @@
 #include "desktop/x11/window_geometry.h"
 
-#include "desktop/x11/x_properties.h"
-
 #include <algorithm>
 
 namespace panewright {
@@ -25,36 +23,6 @@ Extents extentsBetween(const Rect& inner, const Rect& outer) {
             static_cast<std::int32_t>(outer.y + outer.height - inner.y - inner.height)};
 }
 
-/// The window with its border, in root coordinates; asked for when this is made. What is asked of
-/// two windows in one go is hardly ever answered with a move between.
-class BorderedRectRequest {
-public:
-    BorderedRectRequest(XConnection& connection, xcb_window_t window)
-        : connection_(connection), geometry_(xcb_get_geometry(connection, window)),
-          origin_(xcb_translate_coordinates(connection, window, connection.root(), 0, 0)) {}
-
-    /// Once. Nil for a window that is gone.
-    std::optional<Rect> take(std::int32_t* border = nullptr) {
-        const auto size = connection_.reply(xcb_get_geometry_reply, geometry_);
-        const auto at = connection_.reply(xcb_translate_coordinates_reply, origin_);
-        if (!size || !at) {
-            return std::nullopt;
-        }
-        const std::int32_t around = size->border_width;
-        if (border) {
-            *border = around;
-        }
-        return grownBy({static_cast<double>(at->dst_x), static_cast<double>(at->dst_y),
-                        static_cast<double>(size->width), static_cast<double>(size->height)},
-                       {around, around, around, around});
-    }
-
-private:
-    XConnection& connection_;
-    xcb_get_geometry_cookie_t geometry_;
-    xcb_translate_coordinates_cookie_t origin_;
-};
-
 } // namespace
 
 Rect grownBy(const Rect& rect, const Extents& by) {
@@ -66,43 +34,53 @@ Rect shrunkBy(const Rect& rect, const Extents& by) {
     return grownBy(rect, {-by.left, -by.right, -by.top, -by.bottom});
 }
 
-std::optional<WindowGeometry> readGeometry(XConnection& connection, WindowManager& manager,
-                                           xcb_window_t window) {
-    const auto& atoms = connection.atoms();
-    const bool managerTells = manager.supports(atoms._NET_FRAME_EXTENTS);
-    const auto ancestor = managerTells ? std::nullopt : outermostAncestor(connection, window);
-    XPropertyRequest decoration(connection, window, atoms._NET_FRAME_EXTENTS);
-    XPropertyRequest shadow(connection, window, atoms._GTK_FRAME_EXTENTS);
+BorderedRectRequest::BorderedRectRequest(XConnection& connection, xcb_window_t window)
+    : connection_(connection), geometry_(xcb_get_geometry(connection, window)),
+      origin_(xcb_translate_coordinates(connection, window, connection.root(), 0, 0)) {}
+
+BorderedRectRequest::~BorderedRectRequest() {
+    if (!taken_) {
+        xcb_discard_reply(connection_, geometry_.sequence);
+        xcb_discard_reply(connection_, origin_.sequence);
+    }
+}
+
+std::optional<Rect> BorderedRectRequest::take(std::int32_t* border) {
+    taken_ = true;
+    const auto size = connection_.reply(xcb_get_geometry_reply, geometry_);
+    const auto at = connection_.reply(xcb_translate_coordinates_reply, origin_);
+    if (!size || !at) {
+        return std::nullopt;
+    }
+    const std::int32_t around = size->border_width;
+    if (border) {
+        *border = around;
+    }
+    return grownBy({static_cast<double>(at->dst_x), static_cast<double>(at->dst_y),
+                    static_cast<double>(size->width), static_cast<double>(size->height)},
+                   {around, around, around, around});
+}
+
+GeometryRequest::GeometryRequest(XConnection& connection, WindowManager& manager,
+                                 OutermostAncestors& ancestors, xcb_window_t window)
+    : managerTells_(manager.supports(connection.atoms()._NET_FRAME_EXTENTS)),
+      outermost_(managerTells_ ? window : ancestors.of(window).value_or(window)),
+      decoration_(connection, window, connection.atoms()._NET_FRAME_EXTENTS),
+      shadow_(connection, window, connection.atoms()._GTK_FRAME_EXTENTS),
+      client_(connection, window), outer_(connection, outermost_) {}
+
+std::optional<WindowGeometry> GeometryRequest::take() {
     WindowGeometry geometry;
-    BorderedRectRequest clientRequest(connection, window);
-    BorderedRectRequest outerRequest(connection, ancestor.value_or(window));
-    const auto client = clientRequest.take(&geometry.border);
-    const auto outer = outerRequest.take();
+    const auto client = client_.take(&geometry.border);
+    const auto outer = outer_.take();
     if (!client) {
         return std::nullopt;
     }
     geometry.client = *client;
-    geometry.shadow = extentsFrom(shadow.numbers());
-    if (managerTells) {
-        geometry.decoration = extentsFrom(decoration.numbers());
-    } else {
-        geometry.decoration = extentsBetween(*client, outer.value_or(*client));
-    }
+    geometry.shadow = extentsFrom(shadow_.numbers());
+    geometry.decoration = managerTells_ ? extentsFrom(decoration_.numbers())
+                                        : extentsBetween(*client, outer.value_or(*client));
     return geometry;
-}
-
-std::optional<xcb_window_t> outermostAncestor(XConnection& connection, xcb_window_t window) {
-    for (;;) {
-        const auto tree =
-            connection.reply(xcb_query_tree_reply, xcb_query_tree(connection, window));
-        if (!tree) {
-            return std::nullopt;
-        }
-        if (tree->parent == tree->root || tree->parent == kNoWindow) {
-            return window;
-        }
-        window = tree->parent;
-    }
 }
 
 } // namespace panewright

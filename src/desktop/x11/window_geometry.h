@@ -1,8 +1,10 @@
 #pragma once
 
 #include "base/geometry.h"
+#include "desktop/x11/outermost_ancestors.h"
 #include "desktop/x11/window_manager.h"
 #include "desktop/x11/x_connection.h"
+#include "desktop/x11/x_properties.h"
 
 #include <cstdint>
 #include <optional>
@@ -38,12 +40,41 @@ struct WindowGeometry {
     Rect clientOf(const Rect& frame) const { return shrunkBy(grownBy(frame, shadow), decoration); }
 };
 
-/// Nil for a window that is gone.
-std::optional<WindowGeometry> readGeometry(XConnection& connection, WindowManager& manager,
-                                           xcb_window_t window);
+/// A window with its X border, in root coordinates, that has been asked for.
+class BorderedRectRequest {
+public:
+    BorderedRectRequest(XConnection& connection, xcb_window_t window);
+    ~BorderedRectRequest();
+    BorderedRectRequest(const BorderedRectRequest&) = delete;
+    BorderedRectRequest& operator=(const BorderedRectRequest&) = delete;
 
-/// The child of the root that holds the window (the window itself if it is one); nil for a window
-/// that is gone.
-std::optional<xcb_window_t> outermostAncestor(XConnection& connection, xcb_window_t window);
+    /// Once. Nil for a window that is gone.
+    std::optional<Rect> take(std::int32_t* border = nullptr);
+
+private:
+    XConnection& connection_;
+    xcb_get_geometry_cookie_t geometry_;
+    xcb_translate_coordinates_cookie_t origin_;
+    bool taken_ = false;
+};
+
+/// A geometry that has been asked for, so that other questions can join the round trip. What is
+/// asked of two windows in one go is hardly ever answered with a move between.
+class GeometryRequest {
+public:
+    GeometryRequest(XConnection& connection, WindowManager& manager, OutermostAncestors& ancestors,
+                    xcb_window_t window);
+    /// Once. Nil for a window that is gone.
+    std::optional<WindowGeometry> take();
+
+private:
+    /// Whether the manager says what it put around the window.
+    bool managerTells_;
+    xcb_window_t outermost_;
+    XPropertyRequest decoration_;
+    XPropertyRequest shadow_;
+    BorderedRectRequest client_;
+    BorderedRectRequest outer_;
+};
 
 } // namespace panewright
