@@ -1,7 +1,7 @@
 #pragma once
 
-#include "desktop/x11/x11_desktop.h"
 #include "desktop/memory/memory_desktop.h"
+#include "desktop/x11/x11_desktop.h"
 #include "support/desktop.h"
 #include "support/eventually.h"
 

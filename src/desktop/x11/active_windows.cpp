@@ -15,11 +15,6 @@ using namespace std::chrono_literals;
 /// How long a manager that takes over may name no active window and have the one that is unmapped.
 constexpr auto kLongestTakeover = 1s;
 
-/// Some managers unmap a window that they shade.
-bool isSeen(const std::optional<WindowFacts>& facts) {
-    return facts && (facts->isViewable || facts->traits.states.shaded);
-}
-
 bool isOurs(const std::optional<RunningApplication>& application) {
     return application && application->processIdentifier == getpid();
 }
@@ -51,7 +46,7 @@ std::optional<xcb_window_t> ActiveWindows::focusedWindowOf(ProcessId pid) {
         if (window.kind != Kind::kOrdinary) {
             return std::nullopt;
         }
-        if (window.window == named_ || isSeen(facts_.of(window.window))) {
+        if (window.window == named_ || isShown(window.window)) {
             return window.window;
         }
     }
@@ -225,7 +220,12 @@ ActiveWindows::Kind ActiveWindows::kindFrom(const std::vector<std::uint32_t>& ty
 }
 
 bool ActiveWindows::isShown(xcb_window_t window) {
-    return isSeen(facts_.anew(window));
+    TraitsRequest traits(connection_, window); // answered in the same round trip
+    const auto attributes = connection_.reply(xcb_get_window_attributes_reply,
+                                              xcb_get_window_attributes(connection_, window));
+    // Some managers unmap a window that they shade.
+    return attributes &&
+           (attributes->map_state == XCB_MAP_STATE_VIEWABLE || traits.take().states.shaded);
 }
 
 } // namespace panewright

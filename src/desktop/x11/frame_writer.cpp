@@ -61,7 +61,8 @@ bool FrameWriter::writePosition(xcb_window_t window, Point position) {
     if (!isExpressible(position)) {
         return false;
     }
-    queuedJob(window, Part::kPosition).frame.position = position;
+    jobFor(window).frame.position = position;
+    queue(window, Part::kPosition);
     return true;
 }
 
@@ -69,11 +70,12 @@ bool FrameWriter::writeSize(xcb_window_t window, Size size) {
     if (!isExpressible(size)) {
         return false;
     }
-    queuedJob(window, Part::kSize).frame.size = size;
+    jobFor(window).frame.size = size;
+    queue(window, Part::kSize);
     return true;
 }
 
-FrameWriter::Job& FrameWriter::queuedJob(xcb_window_t window, Part part) {
+FrameWriter::Job& FrameWriter::jobFor(xcb_window_t window) {
     auto& job = jobs_[window];
     if (job.phase != Phase::kQueued) {
         job = Job{}; // what was asked for before is overtaken
@@ -81,9 +83,17 @@ FrameWriter::Job& FrameWriter::queuedJob(xcb_window_t window, Part part) {
     if (job.writes.empty()) {
         job.known = facts_.known(window);
     }
-    job.writes.push_back(part);
-    advanceAllSoon();
     return job;
+}
+
+void FrameWriter::queue(xcb_window_t window, Part part) {
+    auto& job = jobs_.at(window);
+    job.writes.push_back(part);
+    if (job.writes != kWholeFrame) {
+        advanceAllSoon();
+    } else if (!advance(window, job)) {
+        finish(window);
+    }
 }
 
 void FrameWriter::settle(xcb_window_t window, Clock::time_point deadline) {

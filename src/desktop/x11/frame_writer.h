@@ -19,7 +19,8 @@ namespace panewright {
 
 /// Writes outer frames (root coordinates) through the window manager, and reads them back.
 ///
-/// Writes to a window wait for the end of the turn and leave together. Then, in the background: a
+/// Writes to a window wait for each other and leave together: at the end of the turn, or at once
+/// when position, size and position again make a whole frame. Then, in the background: a
 /// window that is maximised, tiled or shaded is taken out of that state first; when the manager has
 /// done what it was asked, the frame is read, and asked for once more if it is another one. What
 /// then stands is what the manager or the window made of it.
@@ -56,6 +57,9 @@ public:
 
 private:
     enum class Part { kPosition, kSize };
+    /// What the program writes for a frame: nothing comes after it.
+    inline static const std::vector<Part> kWholeFrame{Part::kPosition, Part::kSize,
+                                                      Part::kPosition};
     using Clock = std::chrono::steady_clock;
     enum class Phase { kQueued, kLeavingStates, kPlacing, kRepairing };
 
@@ -77,8 +81,9 @@ private:
         Registration selection;
     };
 
-    /// Where the next write to the window is put.
-    Job& queuedJob(xcb_window_t window, Part part);
+    /// What the next write to the window is put into.
+    Job& jobFor(xcb_window_t window);
+    void queue(xcb_window_t window, Part part);
     void settle(xcb_window_t window, Clock::time_point deadline);
     void giveUp(xcb_window_t window, Job& job);
     void advanceAllSoon();

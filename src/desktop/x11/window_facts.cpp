@@ -27,29 +27,17 @@ xcb_window_t changedBy(const xcb_generic_event_t& event) {
 
 WindowFactsRequest::WindowFactsRequest(XConnection& connection, WindowManager& manager,
                                        OutermostAncestors& ancestors, xcb_window_t window)
-    : connection_(connection), attributes_(xcb_get_window_attributes(connection, window)),
-      geometry_(connection, manager, ancestors, window), traits_(connection, window) {}
-
-WindowFactsRequest::~WindowFactsRequest() {
-    if (!taken_) {
-        xcb_discard_reply(connection_, attributes_.sequence);
-    }
-}
+    : geometry_(connection, manager, ancestors, window), traits_(connection, window) {}
 
 std::optional<WindowFacts> WindowFactsRequest::take() {
-    taken_ = true;
-    const auto attributes = connection_.reply(xcb_get_window_attributes_reply, attributes_);
     const auto geometry = geometry_.take();
     const auto traits = traits_.take();
-    if (!attributes || !geometry) {
-        return std::nullopt;
-    }
-    return WindowFacts{*geometry, traits, attributes->map_state == XCB_MAP_STATE_VIEWABLE};
+    return geometry ? std::optional(WindowFacts{*geometry, traits}) : std::nullopt;
 }
 
 bool WindowFactsRequest::isBefore(const xcb_generic_event_t& event) const {
     // The numbers of requests wrap around.
-    return static_cast<std::int32_t>(event.full_sequence - attributes_.sequence) >= 0;
+    return static_cast<std::int32_t>(event.full_sequence - geometry_.sequence()) >= 0;
 }
 
 WindowFactsOfTurn::WindowFactsOfTurn(XConnection& connection, WindowManager& manager,

@@ -15,8 +15,6 @@ namespace panewright {
 struct WindowFacts {
     WindowGeometry geometry;
     WindowTraits traits;
-    /// Whether it is mapped, as all that holds it is.
-    bool isViewable = false;
 };
 
 /// Facts that have been asked for.
@@ -24,10 +22,6 @@ class WindowFactsRequest {
 public:
     WindowFactsRequest(XConnection& connection, WindowManager& manager,
                        OutermostAncestors& ancestors, xcb_window_t window);
-    ~WindowFactsRequest();
-    WindowFactsRequest(const WindowFactsRequest&) = delete;
-    WindowFactsRequest& operator=(const WindowFactsRequest&) = delete;
-
     /// Once. Nil for a window that is gone.
     std::optional<WindowFacts> take();
 
@@ -35,11 +29,8 @@ public:
     bool isBefore(const xcb_generic_event_t& event) const;
 
 private:
-    XConnection& connection_;
-    xcb_get_window_attributes_cookie_t attributes_; // the first to be sent
-    GeometryRequest geometry_;
+    GeometryRequest geometry_; // the first to be sent
     TraitsRequest traits_;
-    bool taken_ = false;
 };
 
 /// What the server says of windows, each asked in one round trip. An answer serves until the turn

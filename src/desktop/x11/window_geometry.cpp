@@ -63,23 +63,28 @@ std::optional<Rect> BorderedRectRequest::take(std::int32_t* border) {
 
 GeometryRequest::GeometryRequest(XConnection& connection, WindowManager& manager,
                                  OutermostAncestors& ancestors, xcb_window_t window)
-    : managerTells_(manager.supports(connection.atoms()._NET_FRAME_EXTENTS)),
-      outermost_(managerTells_ ? window : ancestors.of(window).value_or(window)),
-      decoration_(connection, window, connection.atoms()._NET_FRAME_EXTENTS),
-      shadow_(connection, window, connection.atoms()._GTK_FRAME_EXTENTS),
-      client_(connection, window), outer_(connection, outermost_) {}
+    : outermost_(manager.supports(connection.atoms()._NET_FRAME_EXTENTS)
+                     ? std::nullopt
+                     : std::optional(ancestors.of(window).value_or(window))),
+      client_(connection, window),
+      shadow_(connection, window, connection.atoms()._GTK_FRAME_EXTENTS) {
+    if (outermost_) {
+        outer_.emplace(connection, *outermost_);
+    } else {
+        decoration_.emplace(connection, window, connection.atoms()._NET_FRAME_EXTENTS);
+    }
+}
 
 std::optional<WindowGeometry> GeometryRequest::take() {
     WindowGeometry geometry;
     const auto client = client_.take(&geometry.border);
-    const auto outer = outer_.take();
     if (!client) {
         return std::nullopt;
     }
     geometry.client = *client;
     geometry.shadow = extentsFrom(shadow_.numbers());
-    geometry.decoration = managerTells_ ? extentsFrom(decoration_.numbers())
-                                        : extentsBetween(*client, outer.value_or(*client));
+    geometry.decoration = decoration_ ? extentsFrom(decoration_->numbers())
+                                      : extentsBetween(*client, outer_->take().value_or(*client));
     return geometry;
 }
 

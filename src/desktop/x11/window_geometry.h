@@ -51,6 +51,8 @@ public:
     /// Once. Nil for a window that is gone.
     std::optional<Rect> take(std::int32_t* border = nullptr);
 
+    unsigned sequence() const { return geometry_.sequence; }
+
 private:
     XConnection& connection_;
     xcb_get_geometry_cookie_t geometry_;
@@ -67,14 +69,17 @@ public:
     /// Once. Nil for a window that is gone.
     std::optional<WindowGeometry> take();
 
+    /// The number of the first request of it.
+    unsigned sequence() const { return client_.sequence(); }
+
 private:
-    /// Whether the manager says what it put around the window.
-    bool managerTells_;
-    xcb_window_t outermost_;
-    XPropertyRequest decoration_;
-    XPropertyRequest shadow_;
+    /// Nil where the manager says what it put around the window.
+    std::optional<xcb_window_t> outermost_;
     BorderedRectRequest client_;
-    BorderedRectRequest outer_;
+    XPropertyRequest shadow_;
+    /// One of the two.
+    std::optional<XPropertyRequest> decoration_;
+    std::optional<BorderedRectRequest> outer_;
 };
 
 } // namespace panewright
