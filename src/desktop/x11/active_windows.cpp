@@ -144,6 +144,7 @@ void ActiveWindows::refresh() {
         selection = connection_.selectEvents(active, XCB_EVENT_MASK_STRUCTURE_NOTIFY |
                                                          XCB_EVENT_MASK_FOCUS_CHANGE);
     }
+    facts_.follow(active);
     facts_.ask(active);
     XPropertyRequest types(connection_, active, connection_.atoms()._NET_WM_WINDOW_TYPE);
     auto application = identity_.applicationOf(active);

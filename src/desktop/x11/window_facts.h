@@ -4,6 +4,7 @@
 #include "desktop/x11/turn_end.h"
 #include "desktop/x11/window_geometry.h"
 #include "desktop/x11/window_hints.h"
+#include "desktop/x11/window_manager.h"
 
 #include <map>
 #include <memory>
@@ -11,33 +12,30 @@
 
 namespace panewright {
 
+/// What a window's properties say that matters for placing it.
+struct WindowProperties {
+    /// What the manager says that it put around the window.
+    Extents decoration;
+    Extents shadow;
+    WindowTraits traits;
+};
+
 /// All that placing a window needs to know of it.
 struct WindowFacts {
     WindowGeometry geometry;
     WindowTraits traits;
 };
 
-/// Facts that have been asked for.
-class WindowFactsRequest {
-public:
-    WindowFactsRequest(XConnection& connection, WindowManager& manager,
-                       OutermostAncestors& ancestors, xcb_window_t window);
-    /// Once. Nil for a window that is gone.
-    std::optional<WindowFacts> take();
-
-    /// Whether the answer does not tell yet of what the event does.
-    bool isBefore(const xcb_generic_event_t& event) const;
-
-private:
-    GeometryRequest geometry_; // the first to be sent
-    TraitsRequest traits_;
-};
-
 /// What the server says of windows, each asked in one round trip. An answer serves until the turn
-/// of the main loop ends (see TurnEnd), or something is heard that may have changed it.
+/// of the main loop ends (see TurnEnd), or something is heard that may have changed it. The
+/// properties of one window, the active one, are remembered and followed: each reply that is not
+/// needed makes a key press faster.
 class WindowFactsOfTurn {
 public:
     WindowFactsOfTurn(XConnection& connection, WindowManager& manager, MainLoop& mainLoop);
+
+    /// Remembers the properties of this window from now on, and of no other.
+    void follow(xcb_window_t window);
 
     /// Asks, unless that has been done, and does not wait: other questions can join the round trip.
     void ask(xcb_window_t window);
@@ -54,21 +52,24 @@ public:
     OutermostAncestors& ancestors() { return ancestors_; }
 
 private:
-    struct Asked {
-        WindowFactsRequest request;
-        bool isAnswered = false;
-        std::optional<WindowFacts> facts;
-        bool isOutdated = false;
-    };
+    struct PropertiesRequest;
+    struct Asked;
 
+    std::optional<WindowFacts> take(xcb_window_t window, Asked& asked);
+    xcb_window_t changedBy(const xcb_generic_event_t& event) const;
     void noteArrival(const xcb_generic_event_t& event);
 
     XConnection& connection_;
     WindowManager& manager_;
     OutermostAncestors ancestors_;
-    std::map<xcb_window_t, std::unique_ptr<Asked>> asked_;
+    std::map<xcb_window_t, std::shared_ptr<Asked>> asked_;
+    xcb_window_t followed_ = kNoWindow;
+    /// Nil when they are not known, or have changed.
+    std::optional<WindowProperties> properties_;
+    Registration selection_;
     TurnEnd turnEnd_;
     Registration arrivals_;
+    Registration managerChanges_;
 };
 
 } // namespace panewright

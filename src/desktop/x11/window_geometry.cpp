@@ -3,10 +3,6 @@
 #include <algorithm>
 
 namespace panewright {
-namespace {
-
-/// CARDINAL[4] of left, right, top, bottom (EWMH, _NET_FRAME_EXTENTS). None where that is no frame:
-/// X has no coordinates beyond.
 Extents extentsFrom(const std::vector<std::uint32_t>& numbers) {
     constexpr std::uint32_t kLargest = 32767;
     if (numbers.size() < 4 || std::ranges::max(numbers) > kLargest) {
@@ -22,8 +18,6 @@ Extents extentsBetween(const Rect& inner, const Rect& outer) {
             static_cast<std::int32_t>(inner.y - outer.y),
             static_cast<std::int32_t>(outer.y + outer.height - inner.y - inner.height)};
 }
-
-} // namespace
 
 Rect grownBy(const Rect& rect, const Extents& by) {
     return {rect.x - by.left, rect.y - by.top, rect.width + by.left + by.right,
@@ -59,33 +53,6 @@ std::optional<Rect> BorderedRectRequest::take(std::int32_t* border) {
     return grownBy({static_cast<double>(at->dst_x), static_cast<double>(at->dst_y),
                     static_cast<double>(size->width), static_cast<double>(size->height)},
                    {around, around, around, around});
-}
-
-GeometryRequest::GeometryRequest(XConnection& connection, WindowManager& manager,
-                                 OutermostAncestors& ancestors, xcb_window_t window)
-    : outermost_(manager.supports(connection.atoms()._NET_FRAME_EXTENTS)
-                     ? std::nullopt
-                     : std::optional(ancestors.of(window).value_or(window))),
-      client_(connection, window),
-      shadow_(connection, window, connection.atoms()._GTK_FRAME_EXTENTS) {
-    if (outermost_) {
-        outer_.emplace(connection, *outermost_);
-    } else {
-        decoration_.emplace(connection, window, connection.atoms()._NET_FRAME_EXTENTS);
-    }
-}
-
-std::optional<WindowGeometry> GeometryRequest::take() {
-    WindowGeometry geometry;
-    const auto client = client_.take(&geometry.border);
-    if (!client) {
-        return std::nullopt;
-    }
-    geometry.client = *client;
-    geometry.shadow = extentsFrom(shadow_.numbers());
-    geometry.decoration = decoration_ ? extentsFrom(decoration_->numbers())
-                                      : extentsBetween(*client, outer_->take().value_or(*client));
-    return geometry;
 }
 
 } // namespace panewright

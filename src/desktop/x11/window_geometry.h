@@ -1,13 +1,11 @@
 #pragma once
 
 #include "base/geometry.h"
-#include "desktop/x11/outermost_ancestors.h"
-#include "desktop/x11/window_manager.h"
 #include "desktop/x11/x_connection.h"
-#include "desktop/x11/x_properties.h"
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 namespace panewright {
 
@@ -23,6 +21,11 @@ struct Extents {
 
 Rect grownBy(const Rect& rect, const Extents& by);
 Rect shrunkBy(const Rect& rect, const Extents& by);
+Extents extentsBetween(const Rect& inner, const Rect& outer);
+
+/// CARDINAL[4] of left, right, top, bottom (EWMH, _NET_FRAME_EXTENTS). None where that is no frame:
+/// X has no coordinates beyond.
+Extents extentsFrom(const std::vector<std::uint32_t>& numbers);
 
 /// Where a window is, in root coordinates.
 struct WindowGeometry {
@@ -58,28 +61,6 @@ private:
     xcb_get_geometry_cookie_t geometry_;
     xcb_translate_coordinates_cookie_t origin_;
     bool taken_ = false;
-};
-
-/// A geometry that has been asked for, so that other questions can join the round trip. What is
-/// asked of two windows in one go is hardly ever answered with a move between.
-class GeometryRequest {
-public:
-    GeometryRequest(XConnection& connection, WindowManager& manager, OutermostAncestors& ancestors,
-                    xcb_window_t window);
-    /// Once. Nil for a window that is gone.
-    std::optional<WindowGeometry> take();
-
-    /// The number of the first request of it.
-    unsigned sequence() const { return client_.sequence(); }
-
-private:
-    /// Nil where the manager says what it put around the window.
-    std::optional<xcb_window_t> outermost_;
-    BorderedRectRequest client_;
-    XPropertyRequest shadow_;
-    /// One of the two.
-    std::optional<XPropertyRequest> decoration_;
-    std::optional<BorderedRectRequest> outer_;
 };
 
 } // namespace panewright
