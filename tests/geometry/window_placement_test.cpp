@@ -163,8 +163,7 @@ TEST_F(WindowPlacementTest, WritesThePositionAgainAfterTheSizeAlsoToAWindowThatV
     });
     EXPECT_EQ(applied(*userState({100, 50, 800, 600}, kMain), kMainId), (Rect{100, 50, 800, 600}));
     EXPECT_EQ(writes, 3);
-    desktop_.windows.setBeforeWrite(
-        [&](WindowId window) { desktop_.windows.closeWindow(window); });
+    desktop_.windows.setBeforeWrite([&](WindowId window) { desktop_.windows.closeWindow(window); });
     EXPECT_TRUE(apply(*builtIn({1, 1}), kMainId));
 }
 
