@@ -53,6 +53,7 @@ FrameWriter::FrameWriter(XConnection& connection, WindowManager& manager, Window
           fence_.giveUp();
           for (auto& [window, job] : jobs_) {
               job.phase = Phase::kQueued; // what the manager before was asked for may be lost
+              job.known.reset();
           }
           advanceAllSoon();
       })) {}

@@ -57,13 +57,15 @@ void WindowFactsOfTurn::follow(xcb_window_t window) {
 }
 
 void WindowFactsOfTurn::ask(xcb_window_t window) {
-    auto& asked = asked_[window];
-    if (asked && !asked->isOutdated) {
+    if (const auto before = asked_.find(window);
+        before != asked_.end() && !before->second->isOutdated) {
         return;
     }
+    // Both may ask the server, and what arrives meanwhile is compared with what has been asked.
     const bool managerTells = manager_.supports(connection_.atoms()._NET_FRAME_EXTENTS);
     const auto outermost = managerTells ? std::nullopt : ancestors_.of(window);
-    asked = std::make_shared<Asked>(connection_, window);
+    const auto asked = std::make_shared<Asked>(connection_, window);
+    asked_[window] = asked;
     if (!managerTells) {
         asked->outer.emplace(connection_, outermost.value_or(window));
     }
