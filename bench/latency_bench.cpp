@@ -1,6 +1,8 @@
 // How long it takes from a key press to the window's new outer frame, as another X client sees it:
-// for Panewright, for openbox's own key binding that does the same, and for sxhkd with xdotool, in
-// turn, on one plain window. Times are in milliseconds.
+// for Panewright, and beside it on a desktop of their own, where no Panewright runs, for a client
+// that does the least that is needed, for openbox's own key binding that does the same, and for
+// sxhkd with xdotool; in turn, each on one plain window. Times are in milliseconds. An argument
+// names another Panewright than the one that was built.
 
 #include "support/desktop.h"
 
@@ -13,9 +15,11 @@
 #include <chrono>
 #include <cstdlib>
 #include <exception>
+#include <memory>
 #include <stdexcept>
 #include <string_view>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace panewright::test {
@@ -28,35 +32,38 @@ constexpr std::chrono::milliseconds kPause{60}; // everybody is idle again befor
 
 constexpr Frame kElsewhere{.x = 200, .y = 150, .width = 600, .height = 400};
 
-/// The client in that frame: Clearlooks adds 1, 1, 20 and 5 pixels.
-constexpr Frame kTargetClient{.x = 81, .y = 65, .width = 1438, .height = 785};
-
-struct Method {
-    std::string_view name;
-    std::uint16_t key;
-    std::vector<double> times;
-};
+/// The outer frame that all but one put the window into.
+constexpr Frame kTarget{.x = 80, .y = 45, .width = 1440, .height = 810};
+/// What xdotool sizes instead.
+constexpr Size kTargetClient{.width = 1438, .height = 785};
 
 class Bench {
 public:
-    Bench() {
+    /// Starts the programs, given as their path and the line that they say they are ready with;
+    /// empty for one that says nothing.
+    explicit Bench(const std::vector<std::pair<std::string, std::string>>& programs) {
         window_.activate();
-        sxhkd_.emplace(std::vector<std::string>{"sxhkd"}, environment());
-        program_.emplace(std::vector<std::string>{PANEWRIGHT_PROGRAM}, environment());
-        if (!program_->waitForErrorLine("panewright: ready")) {
-            throw std::runtime_error("panewright does not start: " + program_->standardError());
+        Environment environment = desktop_.environment();
+        environment["SHELL"] = "/bin/sh"; // what sxhkd runs commands with
+        for (const auto& [path, ready] : programs) {
+            auto& program = programs_.emplace_back(
+                std::make_unique<ChildProcess>(std::vector<std::string>{path}, environment));
+            if (!ready.empty() && !program->waitForErrorLine(ready)) {
+                throw std::runtime_error(path + " does not start: " + program->standardError());
+            }
         }
         watchWindow();
     }
 
     /// From the key press to the target frame.
-    double measure(std::uint16_t key) {
+    double measure(std::uint16_t key, bool sizesClient) {
+        const Frame target = targetClient(sizesClient);
         placeWindow(desktop_.x(), window_.window(), kElsewhere);
         std::this_thread::sleep_for(kPause);
         desktop_.keyboard().press(KEY_LEFTALT);
         const auto start = Clock::now();
         desktop_.keyboard().press(key);
-        waitForTarget(start + std::chrono::seconds(2));
+        waitFor(target, start + std::chrono::seconds(2));
         const std::chrono::duration<double, std::milli> time = Clock::now() - start;
         desktop_.keyboard().release(key);
         desktop_.keyboard().release(KEY_LEFTALT);
@@ -65,10 +72,17 @@ public:
     }
 
 private:
-    Environment environment() const {
-        Environment environment = desktop_.environment();
-        environment["SHELL"] = "/bin/sh"; // what sxhkd runs commands with
-        return environment;
+    /// Where the client is when the window is in its place.
+    Frame targetClient(bool isSized) const {
+        auto around = desktop_.x().property(window_.window(), "_NET_FRAME_EXTENTS");
+        around.resize(4);
+        const auto [left, right, top, bottom] =
+            std::array<double, 4>{static_cast<double>(around[0]), static_cast<double>(around[1]),
+                                  static_cast<double>(around[2]), static_cast<double>(around[3])};
+        const Size size = isSized
+                              ? kTargetClient
+                              : Size{kTarget.width - left - right, kTarget.height - top - bottom};
+        return makeRect({kTarget.x + left, kTarget.y + top}, size);
     }
 
     void watchWindow() const {
@@ -101,8 +115,8 @@ private:
     }
 
     /// Looks at the window whenever something is told of it, so that waiting costs no processor.
-    void waitForTarget(Clock::time_point deadline) const {
-        while (clientRect() != kTargetClient) {
+    void waitFor(const Frame& target, Clock::time_point deadline) const {
+        while (clientRect() != target) {
             const auto left =
                 std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
             if (left.count() <= 0) {
@@ -120,8 +134,15 @@ private:
     Desktop desktop_;
     XClient watcher_{desktop_.display()};
     TestClient window_{desktop_.display()};
-    std::optional<ChildProcess> sxhkd_;
-    std::optional<ChildProcess> program_;
+    std::vector<std::unique_ptr<ChildProcess>> programs_;
+};
+
+struct Method {
+    std::string_view name;
+    Bench& bench;
+    std::uint16_t key;
+    bool sizesClient = false;
+    std::vector<double> times{};
 };
 
 double percentile(std::vector<double> times, double share) {
@@ -129,17 +150,19 @@ double percentile(std::vector<double> times, double share) {
     return times[static_cast<std::size_t>(share * static_cast<double>(times.size() - 1))];
 }
 
-void run() {
-    Bench bench;
-    std::array<Method, 3> methods{{{"Panewright", KEY_2, {}},
-                                   {"openbox, its own key binding", KEY_F5, {}},
-                                   {"sxhkd with xdotool", KEY_F6, {}}}};
+void run(const std::string& program) {
+    Bench bench({{program, "panewright: ready"}});
+    Bench others({{MINIMAL_PROGRAM, "minimal: ready"}, {"sxhkd", ""}});
+    std::array<Method, 4> methods{{{"Panewright", bench, KEY_2},
+                                   {"the least that is needed", others, KEY_F7},
+                                   {"openbox, its own key binding", others, KEY_F5},
+                                   {"sxhkd with xdotool", others, KEY_F6, true}}};
     for (auto& method : methods) {
-        bench.measure(method.key); // the first press of each reads its program from disk
+        method.bench.measure(method.key, method.sizesClient); // the first reads from disk
     }
     for (int press = 0; press < kPresses; ++press) {
         for (auto& method : methods) {
-            method.times.push_back(bench.measure(method.key));
+            method.times.push_back(method.bench.measure(method.key, method.sizesClient));
         }
     }
     const double ours = percentile(methods.front().times, 0.5);
@@ -155,9 +178,9 @@ void run() {
 } // namespace
 } // namespace panewright::test
 
-int main() {
+int main(int argc, char* argv[]) {
     try {
-        panewright::test::run();
+        panewright::test::run(argc > 1 ? argv[1] : PANEWRIGHT_PROGRAM);
     } catch (const std::exception& error) {
         fmt::print(stderr, "latency_bench: {}\n", error.what());
         return EXIT_FAILURE;

@@ -69,6 +69,10 @@ void describeMissingServer() {
                             : "cannot reach the X11 display " + display);
 }
 
+void describeLostServer() {
+    logLine("the X server has gone away");
+}
+
 /// The shared registry and store, for as long as this object lives.
 class SharedInstances {
 public:
@@ -156,7 +160,11 @@ int runOn(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus, const Proces
     delegate.applicationWillFinishLaunching();
     delegate.applicationDidFinishLaunching();
     mainLoop.post([] { logLine("ready"); });
-    const ToolkitExitStatus withoutServer(kExitServerLost, [] { Model::setFactory(nullptr); });
+    // Which of the two connections notices first that the server has gone is chance.
+    const ToolkitExitStatus withoutServer(kExitServerLost, [] {
+        describeLostServer();
+        Model::setFactory(nullptr);
+    });
     return mainLoop.run();
 }
 
@@ -223,7 +231,7 @@ int runToolkit(int& argc, char** argv, const Process& process,
         return end(kExitCannotStart);
     }
     const auto serverLost = desktop->onServerLost([&] {
-        logLine("the X server has gone away");
+        describeLostServer();
         mainLoop.quit(kExitServerLost);
     });
     if (!desktop->hasWindowManager()) {

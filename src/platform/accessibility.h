@@ -99,7 +99,15 @@ public:
     /// Success means the request was taken: the owner of the window may limit it or take its time.
     /// A position or size that is not finite, or out of the window system's range, is dropped
     /// (kIllegalArgument); a width or height below 1 is written as 1. Writes to one window keep
-    /// their order; reading after them waits until they have settled or half a second has passed.
+    /// their order.
+    ///
+    /// Reading afterwards gives what was written, a position rounded up to whole points, as long as
+    /// the window stands where that has put it and no edge is more than 64 points from what was
+    /// asked for: windows snap to pixels, cells and panels, while frames are compared exactly. So
+    /// does a frame that covers a display and was fitted into what panels leave of it. Else it
+    /// gives the true frame. While the writes have not settled, reading waits for them, half a
+    /// second at most, or gives what was written. (A platform whose own interface this is answers
+    /// as that does.)
     virtual AXError setAttributeValue(const AXUIElementRef& element, std::string_view attribute,
                                       const AXValue& value) = 0;
 

@@ -29,9 +29,9 @@ TEST(AppDelegate, StartsWithTheApplicationThatWasInFront) {
 
 TEST(AppDelegate, OpensThePreferencesASecondLaterWithoutPermission) {
     LaunchedProgram program;
-    program.desktop.accessibility.setTrusted(false);
+    program.desktop.windows.setPermitted(false);
     program.launch();
-    EXPECT_EQ(program.desktop.accessibility.promptsShown(), 1);
+    EXPECT_EQ(program.desktop.windows.promptsShown(), 1);
     program.desktop.mainLoop.advance(999ms);
     EXPECT_THAT(program.desktop.workspace.launched, testing::IsEmpty());
     program.desktop.mainLoop.advance(1ms);

@@ -2,14 +2,17 @@
 
 #include "accessibility/accessibility_helper.h"
 #include "accessibility/accessibility_observer.h"
-#include "contract/x11_rig.h"
+#include "contract/late_desktop.h"
+#include "contract/windows_driver.h"
+#include "desktop/memory/memory_main_loop.h"
+#include "desktop/shared/windows_accessibility.h"
 #include "support/captured_log.h"
 
 #include <gmock/gmock.h>
-#include <unistd.h>
 
 #include <limits>
 #include <map>
+#include <ostream>
 
 namespace panewright {
 namespace {
@@ -21,62 +24,40 @@ constexpr auto kOwnIdentifier = "com.quillfen.Panewright";
 constexpr auto kPosition = NSAccessibilityPositionAttribute;
 constexpr auto kSize = NSAccessibilitySizeAttribute;
 
+struct NamedDriver {
+    const char* name;
+    std::unique_ptr<WindowsDriver> (*make)();
+
+    friend std::ostream& operator<<(std::ostream& out, const NamedDriver& driver) {
+        return out << driver.name;
+    }
+};
+
 /// Programs named by their bundle identifier, each with windows.
-class WindowsContract : public DesktopContract {
+class WindowsContract : public testing::TestWithParam<NamedDriver> {
 protected:
     /// Opens a window and returns when its program is frontmost with it.
-    std::uint32_t open(const std::string& program, const Rect& frame = kFirstFrame,
-                       bool isResizable = true) {
+    WindowId open(const std::string& program, const Rect& frame = kFirstFrame,
+                  Size minimumSize = {1, 1}) {
         constexpr ProcessId kFirstPid = 10'000'000; // no real process has such a number
-        const auto added = pids_.try_emplace(program, kFirstPid + pids_.size());
-        const auto pid = added.first->second;
-        std::uint32_t window = 0;
-        if (x11_) {
-            window = openOnX11({.windowClass = program, .pid = static_cast<std::uint32_t>(pid)},
-                               frame, isResizable);
-        } else {
-            if (added.second) {
-                memory_.windows.addApplication({pid, program, program});
-            }
-            window = static_cast<std::uint32_t>(memory_.windows.openWindow(
-                {.pid = pid, .frame = frame, .isResizable = isResizable}));
+        OpenedWindow wanted{.program = program, .frame = frame, .minimumSize = minimumSize};
+        wanted.pid = pids_.try_emplace(program, kFirstPid + pids_.size()).first->second;
+        if (minimumSize == frame.size()) {
+            wanted.maximumSize = minimumSize;
         }
-        activate(window);
-        EXPECT_TRUE(eventually([&] {
+        const auto window = driver_->open(wanted);
+        driver_->activate(window);
+        EXPECT_TRUE(driver_->eventually([&] {
             return frontmost().bundleIdentifier == program && frameOf(focusedWindow()) == frame;
         }));
         return window;
     }
-    std::uint32_t openOnX11(test::ClientOptions options, const Rect& frame, bool isResizable) {
-        if (!isResizable) { // inside of what openbox puts around it
-            options.minimumSize = options.maximumSize = Size{frame.width - 2, frame.height - 21};
-        }
-        auto client = std::make_unique<test::TestClient>(x11_->desktop.display(), options);
-        const auto window = client->window();
-        clients_.emplace(window, std::move(client));
-        setFrame(window, frame);
-        return window;
-    }
-    void close(std::uint32_t window) {
-        x11_ ? void(clients_.erase(window)) : memory_.windows.closeWindow(window);
-    }
-    void activate(std::uint32_t window) {
-        x11_ ? x11_->desktop.x().activate(window) : memory_.windows.activateWindow(window);
-    }
-    /// As a user does.
-    void setFrame(std::uint32_t window, const Rect& frame) {
-        if (x11_) {
-            test::placeWindow(x11_->desktop.x(), window, frame);
-        } else {
-            memory_.windows.setFrame(window, frame);
-        }
-    }
     /// The application that is frontmost, with whatever identifier.
     RunningApplication frontmost() {
-        return ports_.workspace.frontmostApplication().value_or(RunningApplication{});
+        return driver_->workspace().frontmostApplication().value_or(RunningApplication{});
     }
     std::shared_ptr<AccessibilityElement> focusedWindow() {
-        return AccessibilityHelper(ports_.accessibility)
+        return AccessibilityHelper(driver_->accessibility())
             .focusedWindowForApplicationFromSystemElement();
     }
     /// All zero for a window that is gone.
@@ -87,36 +68,36 @@ protected:
                                 : Rect{};
     }
 
+    std::unique_ptr<WindowsDriver> driver_ = GetParam().make();
+
 private:
-    std::map<std::string, ProcessId> pids_{
-        {kOwnIdentifier, x11_ ? getpid() : MemoryDesktop::kOwnPid}};
-    std::map<std::uint32_t, std::unique_ptr<test::TestClient>> clients_;
+    std::map<std::string, ProcessId> pids_{{kOwnIdentifier, driver_->ownPid()}};
 };
 
 TEST_P(WindowsContract, FindsTheFocusedWindowAndTellsOfActivations) {
     CapturedLog log;
-    EXPECT_EQ(ports_.workspace.frontmostApplication(), std::nullopt);
+    EXPECT_EQ(driver_->workspace().frontmostApplication(), std::nullopt);
     EXPECT_EQ(focusedWindow(), nullptr);
     EXPECT_THAT(log.take(), ElementsAre("can't copy attribute kAXFocusedApplicationAttribute: "
                                         "kAXErrorNoValue"));
     int activations = 0;
-    const auto registration = ports_.workspace.onApplicationActivated([&] { ++activations; });
+    const auto registration = driver_->workspace().onApplicationActivated([&] { ++activations; });
     const auto editor = open("Editor");
     EXPECT_EQ(activations, 1);
     const auto pid = frontmost().processIdentifier;
     EXPECT_EQ(focusedWindow()->pid(), pid);
     EXPECT_TRUE(focusedWindow()->actsAsRole("AXWindow"));
     int windowChanges = 0;
-    const auto changes = ports_.accessibility.observe(
-        pid, ports_.accessibility.createApplication(pid),
+    const auto changes = driver_->accessibility().observe(
+        pid, driver_->accessibility().createApplication(pid),
         NSAccessibilityMainWindowChangedNotification, [&] { ++windowChanges; });
     open("Editor", {0, 0, 320, 240});
-    EXPECT_TRUE(eventually([&] { return windowChanges == 1; }));
+    EXPECT_TRUE(driver_->eventually([&] { return windowChanges == 1; }));
     EXPECT_EQ(activations, 1);
     open("Terminal", {0, 0, 320, 240});
     EXPECT_EQ(activations, 2);
-    activate(editor);
-    EXPECT_TRUE(eventually([&] { return activations == 3; }));
+    driver_->activate(editor);
+    EXPECT_TRUE(driver_->eventually([&] { return activations == 3; }));
     EXPECT_EQ(frameOf(focusedWindow()), kFirstFrame);
 }
 
@@ -132,15 +113,39 @@ TEST_P(WindowsContract, MovesAndResizesAWindowByItsOuterFrameButNotToNowhere) {
     window->setNSValue(Size{std::numeric_limits<double>::infinity(), 1}, kSize);
     window->setNSValue(Size{1, 1}, kPosition);
     EXPECT_EQ(frameOf(window), (Rect{200, 150, 640, 480}));
-    EXPECT_EQ(ports_.accessibility.setAttributeValue(nullptr, kPosition, Point{}),
+    EXPECT_EQ(driver_->accessibility().setAttributeValue(nullptr, kPosition, Point{}),
               AXError::kIllegalArgument);
-    EXPECT_EQ(ports_.accessibility.setAttributeValue(window->element(), "AXUnheardOf", Point{}),
+    EXPECT_EQ(driver_->accessibility().setAttributeValue(window->element(), "AXUnheardOf", Point{}),
               AXError::kAttributeUnsupported);
 
-    open("Dialog", kFirstFrame, false);
+    open("Dialog", kFirstFrame, kFirstFrame.size());
     EXPECT_TRUE(focusedWindow()->isAttributeSettable(kPosition));
     EXPECT_FALSE(focusedWindow()->isAttributeSettable(kSize));
     EXPECT_FALSE(focusedWindow()->isAttributeSettable(NSAccessibilityRoleAttribute));
+}
+
+TEST_P(WindowsContract, ReadsBackWhatWasWrittenWhileTheWindowStandsNearIt) {
+    const auto opened = open("Editor", kFirstFrame, {300, 200});
+    const auto window = focusedWindow();
+    const auto write = [&](const Rect& frame) {
+        window->setNSValue(frame.origin(), kPosition);
+        window->setNSValue(frame.size(), kSize);
+        window->setNSValue(frame.origin(), kPosition);
+    };
+    const auto settles = [&](const Rect& frame) {
+        int tries = 30; // what comes late may make it another one
+        driver_->eventually([&] { return --tries == 0 || frameOf(window) != frame; });
+        return frameOf(window) == frame;
+    };
+    write({50.25, 60, 640.4, 480.25});
+    EXPECT_EQ(frameOf(window), (Rect{51, 60, 640.4, 480.25}));
+    EXPECT_TRUE(settles({51, 60, 640.4, 480.25}));
+    write({50, 60, 280, 180}); // 20 less than the window allows
+    EXPECT_TRUE(settles({50, 60, 280, 180}));
+    write({50, 60, 200, 100}); // 100 less
+    EXPECT_TRUE(driver_->eventually([&] { return frameOf(window) == Rect{50, 60, 300, 200}; }));
+    driver_->setFrame(opened, {80, 60, 400, 300});
+    EXPECT_TRUE(driver_->eventually([&] { return frameOf(window) == Rect{80, 60, 400, 300}; }));
 }
 
 TEST_P(WindowsContract, TellsAnObserverOfAFrameThatReallyChanged) {
@@ -154,16 +159,16 @@ TEST_P(WindowsContract, TellsAnObserverOfAFrameThatReallyChanged) {
         return observer;
     };
     const auto hears = [&](std::string_view what) {
-        EXPECT_TRUE(eventually([&] { return !heard.empty(); }));
+        EXPECT_TRUE(driver_->eventually([&] { return !heard.empty(); }));
         EXPECT_THAT(heard, ElementsAre(what));
         heard.clear();
     };
     const auto moves = observe(NSAccessibilityWindowMovedNotification);
     const auto resizes = observe(NSAccessibilityWindowResizedNotification);
-    setFrame(opened, {120, 100, 400, 300});
+    driver_->setFrame(opened, {120, 100, 400, 300});
     hears(NSAccessibilityWindowMovedNotification);
-    activate(opened);
-    setFrame(opened, {120, 100, 500, 300});
+    driver_->activate(opened);
+    driver_->setFrame(opened, {120, 100, 500, 300});
     hears(NSAccessibilityWindowResizedNotification);
     window->removeObserver(resizes);
     EXPECT_THAT(window->observers(), ElementsAre(moves));
@@ -183,16 +188,16 @@ TEST_P(WindowsContract, KeepsObserversWithTheElementAndAnswersForAWindowThatIsGo
     window->addObserver(observer);
     sameWindow->addObserver(observer);
     EXPECT_THAT(window->observers(), ElementsAre(observer)) << "listed, but moved";
-    setFrame(opened, {120, 100, 400, 300});
-    EXPECT_TRUE(eventually([&] { return !heard.empty(); }));
+    driver_->setFrame(opened, {120, 100, 400, 300});
+    EXPECT_TRUE(driver_->eventually([&] { return !heard.empty(); }));
     EXPECT_THAT(heard, ElementsAre(sameWindow));
     EXPECT_EQ(window->NSValueForAttribute(NSAccessibilityRoleAttribute), std::nullopt);
     window->setNSValue(7.0, kPosition); // no point
     EXPECT_EQ(frameOf(window), (Rect{120, 100, 400, 300}));
     EXPECT_TRUE(window->areAttributesSettable({}));
 
-    close(opened);
-    EXPECT_TRUE(eventually([&] { return frameOf(window) == Rect{}; }));
+    driver_->close(opened);
+    EXPECT_TRUE(driver_->eventually([&] { return frameOf(window) == Rect{}; }));
     EXPECT_EQ(window->pid(), -1);
     EXPECT_FALSE(window->isAttributeSettable(kPosition));
     window->setNSValue(Point{1, 1}, kPosition);
@@ -202,14 +207,37 @@ TEST_P(WindowsContract, GivesTheKeyboardBackToTheProgramBeforeOurs) {
     open("Terminal");
     open("Editor");
     open(kOwnIdentifier);
-    ports_.workspace.hideThisApplication();
-    EXPECT_TRUE(eventually([&] { return frontmost().bundleIdentifier == "Editor"; }));
-    ports_.workspace.bringThisApplicationToFront();
-    EXPECT_TRUE(eventually([&] { return frontmost().bundleIdentifier == kOwnIdentifier; }));
+    driver_->workspace().hideThisApplication();
+    EXPECT_TRUE(driver_->eventually([&] { return frontmost().bundleIdentifier == "Editor"; }));
+    driver_->workspace().bringThisApplicationToFront();
+    EXPECT_TRUE(
+        driver_->eventually([&] { return frontmost().bundleIdentifier == kOwnIdentifier; }));
 }
 
-INSTANTIATE_TEST_SUITE_P(Everywhere, WindowsContract, testing::Values("memory", "X11"),
-                         [](const auto& windows) { return std::string(windows.param); });
+INSTANTIATE_TEST_SUITE_P(Everywhere, WindowsContract,
+                         testing::Values(NamedDriver{"memory", driveMemoryDesktop},
+                                         NamedDriver{"X11", driveX11},
+                                         NamedDriver{"late", driveLateDesktop}),
+                         [](const auto& driver) { return std::string(driver.param.name); });
+
+TEST(WindowsThatAnswerLate, AreNotNamedAsFocusedBeforeTheirFrameIsKnown) {
+    MemoryMainLoop loop;
+    LateCompositor compositor(loop);
+    LateWindows windows(compositor, loop);
+    WindowsAccessibility accessibility(windows);
+    constexpr ProcessId kEditor = 7;
+    compositor.addApplication({kEditor, "Editor", "Editor"});
+    compositor.activate(compositor.open({.pid = kEditor, .frame = kFirstFrame}));
+    const auto focused = [&] {
+        return accessibility.copyAttributeValue(accessibility.createApplication(kEditor),
+                                                NSAccessibilityFocusedWindowAttribute);
+    };
+    EXPECT_EQ(focused().error(), AXError::kNoValue);
+    loop.advance(std::chrono::milliseconds(5)); // the focus is told of, and its frame asked for
+    EXPECT_EQ(focused().error(), AXError::kCannotComplete);
+    loop.advance(std::chrono::milliseconds(10));
+    EXPECT_TRUE(focused().ok());
+}
 
 } // namespace
 } // namespace panewright

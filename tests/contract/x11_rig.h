@@ -21,14 +21,17 @@ public:
         ports = X11Desktop::open(loop, "com.quillfen.Panewright");
     }
 
-    /// Lets the main loop run until the condition holds; false if it never does.
+    /// Lets the main loop run until the condition holds; false if it never does. What asking found
+    /// has then been told of too.
     template <class Condition>
     bool eventually(Condition condition) {
-        return test::eventually([&] {
+        const bool holds = test::eventually([&] {
             loop.runPending();
             loop.advance(std::chrono::milliseconds(1)); // a try takes about that long
             return condition();
         });
+        loop.runPending();
+        return holds;
     }
 
     test::Desktop desktop;

@@ -18,6 +18,7 @@ namespace panewright {
 namespace {
 
 constexpr int kRows = 4'000;
+constexpr ProcessId kProgram = 1;
 constexpr DisplayId kSource = 1;
 constexpr DisplayId kTarget = 2;
 
@@ -30,10 +31,10 @@ Rect nextRect(std::istream& row) {
 class PlacementTable : public testing::Test {
 protected:
     PlacementTable() {
-        desktop_.windows.addApplication({1, "org.example.Editor", "Editor"});
-        window_ = desktop_.windows.openWindow({.pid = 1});
+        desktop_.windows.addApplication({kProgram, "org.example.Editor", "Editor"});
+        window_ = desktop_.windows.openWindow({.pid = kProgram});
         element_ = AccessibilityElement::elementWithAXUIElementRef(
-            desktop_.accessibility, MemoryAccessibility::elementOf(window_));
+            desktop_.accessibility, WindowsAccessibility::elementOf(kProgram, window_));
     }
 
     /// What is computed without touching the window, and what the window gets.
@@ -72,7 +73,7 @@ protected:
     }
 
     MemoryDesktop desktop_;
-    MemoryWindowId window_ = 0;
+    WindowId window_ = 0;
     std::shared_ptr<AccessibilityElement> element_;
 };
 

@@ -33,7 +33,7 @@ protected:
     void open(const MemoryWindows::Window& window) {
         window_ = desktop_.windows.openWindow(window);
         element_ = AccessibilityElement::elementWithAXUIElementRef(
-            desktop_.accessibility, MemoryAccessibility::elementOf(window_));
+            desktop_.accessibility, WindowsAccessibility::elementOf(kEditor, window_));
     }
     static std::shared_ptr<WindowState> userState(const Rect& window, const Rect& display) {
         auto state = WindowState::init();
@@ -60,7 +60,7 @@ protected:
     }
 
     MemoryDesktop desktop_;
-    MemoryWindowId window_ = 0;
+    WindowId window_ = 0;
     std::shared_ptr<AccessibilityElement> element_;
 };
 
@@ -156,15 +156,14 @@ TEST_F(WindowPlacementTest, LeavesAWindowAloneThatCannotBeMovedAndResized) {
 TEST_F(WindowPlacementTest, WritesThePositionAgainAfterTheSizeAlsoToAWindowThatVanishes) {
     // A window that its program holds back at the old place: the second position moves it.
     int writes = 0;
-    desktop_.accessibility.setBeforeWrite([&](MemoryWindowId window) {
+    desktop_.windows.setBeforeWrite([&](WindowId window) {
         if (++writes == 3) {
             desktop_.windows.setFrame(window, {5, 5, 800, 600});
         }
     });
     EXPECT_EQ(applied(*userState({100, 50, 800, 600}, kMain), kMainId), (Rect{100, 50, 800, 600}));
     EXPECT_EQ(writes, 3);
-    desktop_.accessibility.setBeforeWrite(
-        [&](MemoryWindowId window) { desktop_.windows.closeWindow(window); });
+    desktop_.windows.setBeforeWrite([&](WindowId window) { desktop_.windows.closeWindow(window); });
     EXPECT_TRUE(apply(*builtIn({1, 1}), kMainId));
 }
 

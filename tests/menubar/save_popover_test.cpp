@@ -53,7 +53,7 @@ protected:
     std::string eventName() { return desktop().analytics.events.back().name; }
 
     LaunchedProgram program_;
-    MemoryWindowId editor_ = 0;
+    WindowId editor_ = 0;
 };
 
 TEST_F(SavePopoverTest, SavesTheTrackedWindowUnderANameAndAShortcut) {

@@ -60,7 +60,7 @@ protected:
 
     LaunchedProgram program_;
     MemoryDesktop& desktop_ = program_.desktop;
-    MemoryWindowId window_ = 0;
+    WindowId window_ = 0;
 };
 
 TEST_F(StatusItemControllerTest, LetsTheApplicationWinOverGlobalAndBuiltInStates) {
@@ -116,9 +116,9 @@ TEST_F(StatusItemControllerTest, BeepsWhenThereIsNoWindowToPlace) {
 }
 
 TEST_F(StatusItemControllerTest, AsksForPermissionAndComesForwardWithoutIt) {
-    desktop_.accessibility.setTrusted(false);
+    desktop_.windows.setPermitted(false);
     EXPECT_EQ(frameAfter(19), kStart);
-    EXPECT_EQ(desktop_.accessibility.promptsShown(), 1);
+    EXPECT_EQ(desktop_.windows.promptsShown(), 1);
     EXPECT_EQ(desktop_.windows.frontmost()->processIdentifier, MemoryDesktop::kOwnPid);
     EXPECT_THAT(takeEvents(), IsEmpty());
 }

@@ -41,7 +41,7 @@ public:
     }
 
     /// A program with one window, which becomes the active one.
-    MemoryWindowId open(ProcessId pid, const std::string& bundleId, const Rect& frame) {
+    WindowId open(ProcessId pid, const std::string& bundleId, const Rect& frame) {
         desktop.windows.addApplication({pid, bundleId, bundleId});
         const auto window = desktop.windows.openWindow({.pid = pid, .frame = frame});
         desktop.windows.activateWindow(window);
@@ -72,7 +72,7 @@ public:
         return taken;
     }
 
-    Rect frame(MemoryWindowId window) const { return desktop.windows.find(window)->frame; }
+    Rect frame(WindowId window) const { return desktop.windows.find(window)->frame; }
 
     TemporaryFolder folder;
     MemoryStandardFolders folders{folder.path()};

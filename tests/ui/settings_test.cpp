@@ -31,7 +31,7 @@ protected:
     }
 
     LaunchedProgram program_;
-    MemoryWindowId window_;
+    WindowId window_;
 };
 
 TEST_F(SettingsTest, RecordsTheKeyThatMovesToTheNextDisplay) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "desktop/memory/memory_accessibility.h"
 #include "desktop/memory/memory_application_icons.h"
 #include "desktop/memory/memory_displays.h"
 #include "desktop/memory/memory_hot_keys.h"
@@ -13,6 +12,7 @@
 #include "desktop/memory/memory_windows.h"
 #include "desktop/memory/memory_work_areas.h"
 #include "desktop/memory/memory_workspace.h"
+#include "desktop/shared/windows_accessibility.h"
 #include "platform/ports.h"
 
 namespace panewright {
@@ -26,10 +26,10 @@ struct MemoryDesktop {
 
     MemoryMainLoop mainLoop;
     MemoryProgram program;
-    MemoryWindows windows;
+    MemoryWindows windows{mainLoop};
     MemoryDisplays displays;
     MemoryWorkAreas workAreas{displays};
-    MemoryAccessibility accessibility{windows, mainLoop};
+    WindowsAccessibility accessibility{windows};
     MemoryWorkspace workspace{windows, kOwnPid};
     MemoryApplicationIcons icons;
     MemoryHotKeys hotKeys{mainLoop};

@@ -36,7 +36,7 @@ public:
 private:
     MemoryWindows& windows_;
     ProcessId ownPid_;
-    std::optional<MemoryWindowId> window_;
+    std::optional<WindowId> window_;
 };
 
 /// The save popover's controls, which a test fills in and reads.

@@ -2,22 +2,22 @@
 
 #include "base/geometry.h"
 #include "base/observer_list.h"
-#include "platform/accessibility.h"
+#include "desktop/shared/windows.h"
+#include "desktop/shared/written_frames.h"
+#include "platform/main_loop.h"
 #include "platform/workspace.h"
 
 #include <map>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace panewright {
 
-using MemoryWindowId = std::uint32_t;
-
-/// Programs with windows that a test opens, moves, activates and closes. What its adapters
-/// MemoryAccessibility and MemoryWorkspace tell follows from this state alone.
-class MemoryWindows {
+/// Programs with windows that a test opens, moves, activates and closes. What the accessibility
+/// port and MemoryWorkspace tell follows from this state alone. Writes take effect at once, within
+/// the window's limits; notifications of windows come through the main loop.
+class MemoryWindows : public Windows {
 public:
     struct Window {
         ProcessId pid = 0;
@@ -30,17 +30,19 @@ public:
         bool isFullScreen = false;
     };
 
+    explicit MemoryWindows(MainLoop& mainLoop) : mainLoop_(mainLoop) {}
+
     void addApplication(RunningApplication application);
     /// Ends it, its windows with it. What was frontmost stays so until another one is activated.
     void removeApplication(ProcessId pid);
 
     /// Below its application's other windows: the first one is its focused window, a later one
     /// when it is activated.
-    MemoryWindowId openWindow(Window window);
-    void closeWindow(MemoryWindowId window);
+    WindowId openWindow(Window window);
+    void closeWindow(WindowId window);
 
     /// Makes the window's application the frontmost one and the window its focused one.
-    void activateWindow(MemoryWindowId window);
+    void activateWindow(WindowId window);
     /// Brings an application to the front whose focused window stays what it was, or none.
     void activateApplication(ProcessId pid);
     /// Brings back the application that was in front before this one; nothing unless this one is
@@ -48,35 +50,59 @@ public:
     void activateApplicationBefore(ProcessId pid);
 
     /// As the user or the program itself would, within the window's size limits.
-    void setFrame(MemoryWindowId window, const Rect& frame);
+    void setFrame(WindowId window, const Rect& frame);
+
+    /// What the user has allowed.
+    void setPermitted(bool permitted) { permitted_ = permitted; }
+    /// How often the desktop's request for permission was shown.
+    int promptsShown() const { return promptsShown_; }
+    /// Called before each write to a window, as the moment in which things can happen to it.
+    void setBeforeWrite(std::function<void(WindowId)> happening) {
+        beforeWrite_ = std::move(happening);
+    }
 
     /// Null for a window that is gone.
-    const Window* find(MemoryWindowId window) const;
-    std::optional<MemoryWindowId> focusedWindowOf(ProcessId pid) const;
+    const Window* find(WindowId window) const;
     const std::optional<RunningApplication>& frontmost() const { return frontmost_; }
-
     Registration onActivation(std::function<void()> callback) {
         return activated_.add(std::move(callback));
     }
-    /// Of a window or an application (then the id is its pid), by the notification's name.
-    Registration onNotification(std::int64_t subject, std::string_view notification,
-                                std::function<void()> callback);
+
+    bool isPermitted() const override { return permitted_; }
+    void askForPermission() override { ++promptsShown_; }
+    Answer<ProcessId> frontmostProcess() override;
+    Answer<WindowId> focusedWindowOf(ProcessId pid) override;
+    Answer<Rect> frameOf(WindowId window) override;
+    Answer<WindowAbilities> abilitiesOf(WindowId window) override;
+    Answer<std::string> titleOf(WindowId window) override;
+    bool writePosition(WindowId window, Point position) override;
+    bool writeSize(WindowId window, Size size) override;
+    Registration onFocusChange(ProcessId pid, std::function<void()> callback) override;
+    Registration onMoved(WindowId window, std::function<void()> callback) override;
+    Registration onResized(WindowId window, std::function<void()> callback) override;
 
 private:
-    void notify(std::int64_t subject, std::string_view notification);
     void bringToFront(ProcessId pid);
+    void write(WindowId window, const FrameWrite& change);
+    Registration addLater(ObserverList<>& observers, std::function<void()> callback);
 
+    MainLoop& mainLoop_;
+    bool permitted_ = true;
+    int promptsShown_ = 0;
+    std::function<void(WindowId)> beforeWrite_;
     std::map<ProcessId, RunningApplication> applications_;
-    std::map<MemoryWindowId, Window> windows_;
+    std::map<WindowId, Window> windows_;
+    WrittenFrames written_;
     /// Of each application, the focused one last.
-    std::map<ProcessId, std::vector<MemoryWindowId>> stacks_;
+    std::map<ProcessId, std::vector<WindowId>> stacks_;
     std::optional<RunningApplication> frontmost_;
     /// Those that were frontmost and still run, the last one last.
     std::vector<ProcessId> activations_;
     ObserverList<> activated_;
-    std::map<std::pair<std::int64_t, std::string>, ObserverList<>> notifications_;
-    /// Apart from pids, which share the key space of notifications.
-    MemoryWindowId nextWindow_ = 1'000'000;
+    std::map<ProcessId, ObserverList<>> focusChanged_;
+    std::map<WindowId, ObserverList<>> moved_;
+    std::map<WindowId, ObserverList<>> resized_;
+    WindowId nextWindow_ = 1;
 };
 
 } // namespace panewright

@@ -1,7 +1,5 @@
 #include "desktop/x11/active_windows.h"
 
-#include "desktop/x11/window_geometry.h"
-#include "desktop/x11/window_hints.h"
 #include "desktop/x11/x_properties.h"
 
 #include <algorithm>
@@ -23,10 +21,12 @@ bool isOurs(const std::optional<RunningApplication>& application) {
 
 } // namespace
 
-ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager, MainLoop& mainLoop,
+ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager,
+                             WindowFactsOfTurn& facts, MainLoop& mainLoop,
                              std::string ownBundleIdentifier)
-    : connection_(connection), manager_(manager),
+    : connection_(connection), manager_(manager), facts_(facts), mainLoop_(mainLoop),
       identity_(connection, mainLoop, std::move(ownBundleIdentifier)),
+      turnEnd_(mainLoop, [this] { isRefreshed_ = false; }),
       rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE |
                                                                     XCB_EVENT_MASK_FOCUS_CHANGE)),
       arrivals_(connection.onArrival([this](const auto& event) { noteArrival(event); })),
@@ -83,6 +83,7 @@ xcb_window_t ActiveWindows::lastOfOthers() const {
 void ActiveWindows::noteArrival(const xcb_generic_event_t& event) {
     if (isRootProperty(connection_, event, connection_.atoms()._NET_ACTIVE_WINDOW)) {
         changeArrived_ = true;
+        isRefreshed_ = false;
     } else if (event.response_type == XCB_UNMAP_NOTIFY && active_ != kNoWindow &&
                reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window == active_) {
         wentFirst_ = !changeArrived_; // destroying a window unmaps it too
@@ -105,8 +106,28 @@ void ActiveWindows::handle(const xcb_generic_event_t& event) {
     }
 }
 
+const std::optional<RunningApplication>& ActiveWindows::frontmost() {
+    if (!isRefreshed_) {
+        refresh();
+        if (hasUntoldActivation_ || hasUntoldWindowChange_) {
+            mainLoop_.post(lifetime_.guard([this] { tell(); }));
+        }
+    }
+    return frontmost_;
+}
+
 void ActiveWindows::update() {
+    refresh();
+    tell();
+}
+
+void ActiveWindows::refresh() {
+    if (active_ != kNoWindow) {
+        facts_.ask(active_); // it is most often the one that still is
+    }
     const auto active = readActiveWindow();
+    isRefreshed_ = true;
+    turnEnd_.await();
     if (active != kNoWindow || Clock::now() >= takeoverEnds_) {
         named_ = active;
     }
@@ -117,19 +138,47 @@ void ActiveWindows::update() {
     if (active == active_) {
         return;
     }
-    auto application = identity_.applicationOf(active);
-    if (!moveToFront(active, application.processIdentifier)) {
-        return;
+    const auto known = std::find_if(windows_.begin(), windows_.end(),
+                                    [&](const Window& w) { return w.window == active; });
+    Registration selection;
+    if (known == windows_.end()) {
+        selection = connection_.selectEvents(active, XCB_EVENT_MASK_STRUCTURE_NOTIFY |
+                                                         XCB_EVENT_MASK_FOCUS_CHANGE);
     }
+    facts_.follow(active);
+    facts_.ask(active);
+    XPropertyRequest types(connection_, active, connection_.atoms()._NET_WM_WINDOW_TYPE);
+    auto application = identity_.applicationOf(active);
+    if (known != windows_.end()) {
+        std::rotate(windows_.begin(), known, known + 1);
+    } else if (facts_.of(active)) {
+        windows_.insert(windows_.begin(), Window{active, application.processIdentifier,
+                                                 kindFrom(types.numbers()), std::move(selection)});
+    } else {
+        return; // it went before it could be watched: another may get its number later
+    }
+    becameActive(active, std::move(application));
+}
+
+void ActiveWindows::becameActive(xcb_window_t window, RunningApplication application) {
     wentFirst_ = false;
-    active_ = active;
+    active_ = window;
     if (application.processIdentifier == getpid() && !isOurs(frontmost_)) {
         beforeOurs_ = lastOfOthers();
     }
     if (frontmost_ != application) {
         frontmost_ = std::move(application);
-        activated_.notify();
+        hasUntoldActivation_ = true;
     } else {
+        hasUntoldWindowChange_ = true;
+    }
+}
+
+void ActiveWindows::tell() {
+    const bool isWindowChange = std::exchange(hasUntoldWindowChange_, false);
+    if (std::exchange(hasUntoldActivation_, false)) {
+        activated_.notify();
+    } else if (isWindowChange) {
         windowChanged_.notify(frontmost_->processIdentifier);
     }
 }
@@ -168,10 +217,9 @@ xcb_window_t ActiveWindows::readFocusedTopLevel() {
 
 /// By the first type that means something here; a program may put its own before it (EWMH,
 /// _NET_WM_WINDOW_TYPE).
-ActiveWindows::Kind ActiveWindows::kindOf(xcb_window_t window) {
+ActiveWindows::Kind ActiveWindows::kindFrom(const std::vector<std::uint32_t>& types) const {
     const auto& atoms = connection_.atoms();
-    for (const auto type :
-         XPropertyRequest(connection_, window, atoms._NET_WM_WINDOW_TYPE).numbers()) {
+    for (const auto type : types) {
         if (type == atoms._NET_WM_WINDOW_TYPE_DESKTOP) {
             return Kind::kDesktop;
         }
@@ -186,28 +234,12 @@ ActiveWindows::Kind ActiveWindows::kindOf(xcb_window_t window) {
 }
 
 bool ActiveWindows::isShown(xcb_window_t window) {
+    TraitsRequest traits(connection_, window); // answered in the same round trip
     const auto attributes = connection_.reply(xcb_get_window_attributes_reply,
                                               xcb_get_window_attributes(connection_, window));
     // Some managers unmap a window that they shade.
-    return attributes && (attributes->map_state == XCB_MAP_STATE_VIEWABLE ||
-                          readEwmhStates(connection_, window).shaded);
-}
-
-bool ActiveWindows::moveToFront(xcb_window_t window, ProcessId pid) {
-    const auto known = std::find_if(windows_.begin(), windows_.end(),
-                                    [&](const Window& w) { return w.window == window; });
-    if (known != windows_.end()) {
-        std::rotate(windows_.begin(), known, known + 1);
-        return true;
-    }
-    auto selection = connection_.selectEvents(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY |
-                                                          XCB_EVENT_MASK_FOCUS_CHANGE);
-    if (!connection_.reply(xcb_get_window_attributes_reply,
-                           xcb_get_window_attributes(connection_, window))) {
-        return false;
-    }
-    windows_.insert(windows_.begin(), Window{window, pid, kindOf(window), std::move(selection)});
-    return true;
+    return attributes &&
+           (attributes->map_state == XCB_MAP_STATE_VIEWABLE || traits.take().states.shaded);
 }
 
 } // namespace panewright

@@ -2,6 +2,8 @@
 
 #include "base/observer_list.h"
 #include "desktop/x11/client_identity.h"
+#include "desktop/x11/turn_end.h"
+#include "desktop/x11/window_facts.h"
 #include "desktop/x11/window_manager.h"
 #include "desktop/x11/x_connection.h"
 #include "platform/workspace.h"
@@ -21,14 +23,17 @@ namespace panewright {
 /// program, but never its focused window.
 class ActiveWindows {
 public:
-    ActiveWindows(XConnection& connection, WindowManager& manager, MainLoop& mainLoop,
-                  std::string ownBundleIdentifier);
+    ActiveWindows(XConnection& connection, WindowManager& manager, WindowFactsOfTurn& facts,
+                  MainLoop& mainLoop, std::string ownBundleIdentifier);
 
-    /// The application of the last active window; nil before there was one.
-    const std::optional<RunningApplication>& frontmost() const { return frontmost_; }
+    /// The application of the last active window, as it is now; nil before there was one. The
+    /// server is asked once in a turn of the main loop (see TurnEnd). A change that this finds is
+    /// told of later in the main loop.
+    const std::optional<RunningApplication>& frontmost();
 
     /// Asks the server which window is active and tells of a change at once. Otherwise that is done
-    /// when the event of a change comes, which may be after a key press that it was made for.
+    /// when the event of a change comes, which may be after a key press that it was made for. What
+    /// is known afterwards of the active window has been asked in the same round trip.
     void update();
 
     /// The application's last active window that is still active or shown; nil if there is none, or
@@ -85,14 +90,19 @@ private:
     /// By the desktop entries that have been read meanwhile.
     void identifyAgain();
     void noteArrival(const xcb_generic_event_t& event);
+    /// Asks the server and takes note of a change.
+    void refresh();
+    void tell();
+    void becameActive(xcb_window_t window, RunningApplication application);
     xcb_window_t readFocusedTopLevel();
     xcb_window_t lastOfOthers() const;
-    Kind kindOf(xcb_window_t window);
-    /// False for a window that went before it could be watched: another may get its number later.
-    bool moveToFront(xcb_window_t window, ProcessId pid);
+    /// By its _NET_WM_WINDOW_TYPE.
+    Kind kindFrom(const std::vector<std::uint32_t>& types) const;
 
     XConnection& connection_;
     WindowManager& manager_;
+    WindowFactsOfTurn& facts_;
+    MainLoop& mainLoop_;
     ClientIdentity identity_;
     /// The last active one first.
     std::vector<Window> windows_;
@@ -109,8 +119,15 @@ private:
     /// changes, and that it went before that.
     bool changeArrived_ = false;
     bool wentFirst_ = false;
+    /// Whether the server has been asked in this turn.
+    bool isRefreshed_ = false;
+    TurnEnd turnEnd_;
+    /// What has been found and not told of.
+    bool hasUntoldActivation_ = false;
+    bool hasUntoldWindowChange_ = false;
     ObserverList<> activated_;
     ObserverList<ProcessId> windowChanged_;
+    Lifetime lifetime_;
     Registration rootSelection_;
     Registration arrivals_;
     Registration events_;

@@ -1,7 +1,7 @@
 #include "desktop/x11/frame_writer.h"
 
 #include "desktop/x11/client_message.h"
-#include "desktop/x11/window_hints.h"
+#include "desktop/x11/frame_requests.h"
 
 #include <algorithm>
 #include <utility>
@@ -44,15 +44,16 @@ void leaveBlockingStates(XConnection& connection, xcb_window_t window, const Ewm
 
 } // namespace
 
-FrameWriter::FrameWriter(XConnection& connection, WindowManager& manager,
+FrameWriter::FrameWriter(XConnection& connection, WindowManager& manager, WindowFactsOfTurn& facts,
                          const X11WorkAreas& workAreas, MainLoop& mainLoop)
-    : connection_(connection), manager_(manager), workAreas_(workAreas), mainLoop_(mainLoop),
-      fence_(connection, manager),
+    : connection_(connection), manager_(manager), facts_(facts), workAreas_(workAreas),
+      mainLoop_(mainLoop), fence_(connection, manager),
       events_(connection.onEvent([this](const auto& event) { handle(event); })),
       managerChanges_(manager.onChange([this] {
           fence_.giveUp();
           for (auto& [window, job] : jobs_) {
               job.phase = Phase::kQueued; // what the manager before was asked for may be lost
+              job.known.reset();
           }
           advanceAllSoon();
       })) {}
@@ -61,7 +62,8 @@ bool FrameWriter::writePosition(xcb_window_t window, Point position) {
     if (!isExpressible(position)) {
         return false;
     }
-    queuedJob(window, Part::kPosition).position = position;
+    jobFor(window).frame.position = position;
+    queue(window, Part::kPosition);
     return true;
 }
 
@@ -69,19 +71,30 @@ bool FrameWriter::writeSize(xcb_window_t window, Size size) {
     if (!isExpressible(size)) {
         return false;
     }
-    queuedJob(window, Part::kSize).size =
-        Size{std::max(1.0, size.width), std::max(1.0, size.height)};
+    jobFor(window).frame.size = size;
+    queue(window, Part::kSize);
     return true;
 }
 
-FrameWriter::Job& FrameWriter::queuedJob(xcb_window_t window, Part part) {
+FrameWriter::Job& FrameWriter::jobFor(xcb_window_t window) {
     auto& job = jobs_[window];
     if (job.phase != Phase::kQueued) {
         job = Job{}; // what was asked for before is overtaken
     }
-    job.writes.push_back(part);
-    advanceAllSoon();
+    if (job.writes.empty()) {
+        job.known = facts_.known(window);
+    }
     return job;
+}
+
+void FrameWriter::queue(xcb_window_t window, Part part) {
+    auto& job = jobs_.at(window);
+    job.writes.push_back(part);
+    if (job.writes != kWholeFrame) {
+        advanceAllSoon();
+    } else if (!advance(window, job)) {
+        finish(window);
+    }
 }
 
 void FrameWriter::settle(xcb_window_t window, Clock::time_point deadline) {
@@ -110,14 +123,9 @@ void FrameWriter::giveUp(xcb_window_t window, Job& job) {
 
 std::optional<Rect> FrameWriter::settledFrame(xcb_window_t window) {
     settle(window, Clock::now() + kPatience);
-    const auto geometry = readGeometry(connection_, manager_, window);
-    if (!geometry) {
-        return std::nullopt;
-    }
-    const auto memory = memories_.find(window);
-    return frameToReport(geometry->frame(), memory == memories_.end()
-                                                ? std::nullopt
-                                                : std::optional(memory->second.frame));
+    const auto facts = facts_.of(window);
+    return facts ? std::optional(written_.frameToReport(window, facts->geometry.frame()))
+                 : std::nullopt;
 }
 
 bool FrameWriter::settleAll() {
@@ -167,32 +175,30 @@ bool FrameWriter::advance(xcb_window_t window, Job& job) {
 }
 
 bool FrameWriter::start(xcb_window_t window, Job& job) {
-    TraitsRequest request(connection_, window); // answered in the same round trip
-    const auto geometry = readGeometry(connection_, manager_, window);
-    if (!geometry) {
+    const auto facts = job.known ? job.known : facts_.of(window);
+    if (!facts) {
         return false;
     }
-    const auto traits = request.take();
-    const auto& states = traits.states;
-    job.gravity = traits.hints.gravity;
+    const auto& states = facts->traits.states;
+    job.gravity = facts->traits.hints.gravity;
     if (!states.blocksPlacing()) {
-        place(window, job, *geometry);
-        ask(job, Phase::kPlacing);
+        place(window, job, facts->geometry);
+        ask(window, job, Phase::kPlacing);
         return true;
     }
     job.selection = connection_.selectEvents(window, XCB_EVENT_MASK_PROPERTY_CHANGE);
     leaveBlockingStates(connection_, window, states);
-    ask(job, Phase::kLeavingStates);
+    ask(window, job, Phase::kLeavingStates);
     return true;
 }
 
 bool FrameWriter::placeWhereItStands(xcb_window_t window, Job& job, Phase phase) {
-    const auto geometry = readGeometry(connection_, manager_, window);
-    if (!geometry) {
+    const auto facts = facts_.anew(window);
+    if (!facts) {
         return false;
     }
-    place(window, job, *geometry);
-    ask(job, phase);
+    place(window, job, facts->geometry);
+    ask(window, job, phase);
     return true;
 }
 
@@ -252,13 +258,13 @@ void FrameWriter::askForSize(xcb_window_t window, const Rect& client,
 }
 
 bool FrameWriter::verify(xcb_window_t window, Job& job) {
-    const auto geometry = readGeometry(connection_, manager_, window);
-    if (!geometry) {
+    const auto facts = facts_.anew(window);
+    if (!facts) {
         return false;
     }
-    const Rect frame = geometry->frame();
+    const Rect frame = facts->geometry.frame();
+    const auto& states = facts->traits.states;
     const bool asAsked = frame == askedFrame(job, frame);
-    const auto states = readEwmhStates(connection_, window);
     if (asAsked || job.phase == Phase::kRepairing || states.blocksPlacing() || states.fullScreen) {
         remember(window, job, frame);
         return false;
@@ -268,8 +274,8 @@ bool FrameWriter::verify(xcb_window_t window, Job& job) {
         changeMaximized(connection_, window, kAddState);
         changeMaximized(connection_, window, kRemoveState);
     }
-    place(window, job, *geometry);
-    ask(job, Phase::kRepairing);
+    place(window, job, facts->geometry);
+    ask(window, job, Phase::kRepairing);
     return true;
 }
 
@@ -282,42 +288,37 @@ bool FrameWriter::hasAnswered(xcb_window_t window, const Job& job) {
         fence_.giveUp();
         return true;
     }
-    if (job.phase == Phase::kLeavingStates && readEwmhStates(connection_, window).blocksPlacing()) {
-        return false;
-    }
-    if (fence_.isReliable()) {
+    const bool fenced = fence_.isReliable();
+    const bool isLeaving = job.phase == Phase::kLeavingStates;
+    if (fenced && (!isLeaving || !fence_.isReached(job.fence))) {
         return fence_.isReached(job.fence);
     }
-    const auto geometry = readGeometry(connection_, manager_, window);
-    return !geometry || waited >= kUnfencedPatience ||
-           (job.phase != Phase::kLeavingStates && !job.stoodThere &&
-            geometry->frame() == askedFrame(job, geometry->frame()));
+    const auto facts = facts_.anew(window);
+    if (!facts || (isLeaving && facts->traits.states.blocksPlacing())) {
+        return !facts;
+    }
+    const Rect frame = facts->geometry.frame();
+    return fenced || waited >= kUnfencedPatience ||
+           (!isLeaving && !job.stoodThere && frame == askedFrame(job, frame));
 }
 
-void FrameWriter::ask(Job& job, Phase phase) {
+void FrameWriter::ask(xcb_window_t window, Job& job, Phase phase) {
     job.phase = phase;
     job.asked = Clock::now();
     const bool fenced = fence_.isReliable();
     if (fenced) {
         job.fence = fence_.send();
     }
-    job.timer = mainLoop_.after(fenced ? kPatience : kPollInterval, [this] { advanceAllSoon(); });
     connection_.flush();
-}
-
-Rect FrameWriter::askedFrame(const Job& job, const Rect& frame) const {
-    const Rect written = makeRect(job.position ? roundedPosition(*job.position) : frame.origin(),
-                                  job.size ? roundedSize(*job.size) : frame.size());
-    return job.position && job.size ? frameToAsk(written, workAreas_.all()) : written;
+    facts_.forget(window); // they are about to change
+    job.timer = mainLoop_.after(fenced ? kPatience : kPollInterval, [this] { advanceAllSoon(); });
 }
 
 void FrameWriter::remember(xcb_window_t window, const Job& job, const Rect& frame) {
-    const Rect written = makeRect(job.position ? roundedPosition(*job.position) : frame.origin(),
-                                  job.size ? *job.size : frame.size());
-    auto& memory = memories_[window];
-    memory.frame = {written, askedFrame(job, frame), frame};
-    if (!memory.selection) {
-        memory.selection = connection_.selectEvents(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    written_.keep(window, {job.frame.written(frame), askedFrame(job, frame), frame});
+    auto& selection = selections_[window];
+    if (!selection) {
+        selection = connection_.selectEvents(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     }
 }
 
@@ -329,7 +330,8 @@ void FrameWriter::finish(xcb_window_t window) {
 void FrameWriter::handle(const xcb_generic_event_t& event) {
     if (event.response_type == XCB_DESTROY_NOTIFY) {
         const auto gone = reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window;
-        memories_.erase(gone);
+        written_.forget(gone);
+        selections_.erase(gone);
         jobs_.erase(gone);
     } else if (event.response_type == XCB_PROPERTY_NOTIFY && !jobs_.empty()) {
         advanceAllSoon();

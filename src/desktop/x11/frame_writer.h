@@ -3,9 +3,9 @@
 #include "base/geometry.h"
 #include "base/lifetime.h"
 #include "base/observer_list.h"
-#include "desktop/x11/frame_requests.h"
+#include "desktop/shared/written_frames.h"
 #include "desktop/x11/manager_fence.h"
-#include "desktop/x11/window_geometry.h"
+#include "desktop/x11/window_facts.h"
 #include "desktop/x11/window_manager.h"
 #include "desktop/x11/x11_work_areas.h"
 #include "desktop/x11/x_connection.h"
@@ -19,7 +19,8 @@ namespace panewright {
 
 /// Writes outer frames (root coordinates) through the window manager, and reads them back.
 ///
-/// Writes to a window wait for the end of the turn and leave together. Then, in the background: a
+/// Writes to a window wait for each other and leave together: at the end of the turn, or at once
+/// when position, size and position again make a whole frame. Then, in the background: a
 /// window that is maximised, tiled or shaded is taken out of that state first; when the manager has
 /// done what it was asked, the frame is read, and asked for once more if it is another one. What
 /// then stands is what the manager or the window made of it.
@@ -30,8 +31,8 @@ public:
     /// How long anybody waits for a manager.
     static constexpr std::chrono::milliseconds kPatience{500};
 
-    FrameWriter(XConnection& connection, WindowManager& manager, const X11WorkAreas& workAreas,
-                MainLoop& mainLoop);
+    FrameWriter(XConnection& connection, WindowManager& manager, WindowFactsOfTurn& facts,
+                const X11WorkAreas& workAreas, MainLoop& mainLoop);
 
     /// False, and nothing is written, for what X cannot express.
     bool writePosition(xcb_window_t window, Point position);
@@ -56,15 +57,18 @@ public:
 
 private:
     enum class Part { kPosition, kSize };
+    /// What the program writes for a frame: nothing comes after it.
+    inline static const std::vector<Part> kWholeFrame{Part::kPosition, Part::kSize,
+                                                      Part::kPosition};
     using Clock = std::chrono::steady_clock;
     enum class Phase { kQueued, kLeavingStates, kPlacing, kRepairing };
 
     struct Job {
         /// In the order of writing.
         std::vector<Part> writes;
-        /// As written; what was not written is what the window had.
-        std::optional<Point> position;
-        std::optional<Size> size;
+        FrameWrite frame;
+        /// What was known of the window when it was written to.
+        std::optional<WindowFacts> known;
         /// The window's own.
         std::uint32_t gravity = XCB_GRAVITY_NORTH_WEST;
         Phase phase = Phase::kQueued;
@@ -77,13 +81,9 @@ private:
         Registration selection;
     };
 
-    struct Memory {
-        SettledFrame frame;
-        Registration selection;
-    };
-
-    /// Where the next write to the window is put.
-    Job& queuedJob(xcb_window_t window, Part part);
+    /// What the next write to the window is put into.
+    Job& jobFor(xcb_window_t window);
+    void queue(xcb_window_t window, Part part);
     void settle(xcb_window_t window, Clock::time_point deadline);
     void giveUp(xcb_window_t window, Job& job);
     void advanceAllSoon();
@@ -99,20 +99,25 @@ private:
                     std::uint32_t gravity);
     bool verify(xcb_window_t window, Job& job);
     bool hasAnswered(xcb_window_t window, const Job& job);
-    void ask(Job& job, Phase phase);
+    void ask(xcb_window_t window, Job& job, Phase phase);
     /// What to ask for, as the window stands now.
-    Rect askedFrame(const Job& job, const Rect& frame) const;
+    Rect askedFrame(const Job& job, const Rect& frame) const {
+        return job.frame.asked(frame, workAreas_.all());
+    }
     void remember(xcb_window_t window, const Job& job, const Rect& frame);
     void finish(xcb_window_t window);
     void handle(const xcb_generic_event_t& event);
 
     XConnection& connection_;
     WindowManager& manager_;
+    WindowFactsOfTurn& facts_;
     const X11WorkAreas& workAreas_;
     MainLoop& mainLoop_;
     ManagerFence fence_;
     std::map<xcb_window_t, Job> jobs_;
-    std::map<xcb_window_t, Memory> memories_;
+    WrittenFrames written_;
+    /// Of the windows that something was written to: they tell when they go.
+    std::map<xcb_window_t, Registration> selections_;
     ObserverList<xcb_window_t> settled_;
     bool advancePending_ = false;
     Lifetime lifetime_;

@@ -5,8 +5,9 @@
 
 namespace panewright {
 
-WindowFrameWatch::WindowFrameWatch(XConnection& connection, FrameWriter& writer, MainLoop& mainLoop)
-    : connection_(connection), writer_(writer), mainLoop_(mainLoop),
+WindowFrameWatch::WindowFrameWatch(XConnection& connection, WindowFactsOfTurn& facts,
+                                   FrameWriter& writer, MainLoop& mainLoop)
+    : connection_(connection), facts_(facts), writer_(writer), mainLoop_(mainLoop),
       events_(connection.onEvent([this](const auto& event) { handle(event); })),
       settled_(writer.onSettled([this](xcb_window_t window) { check(window); })) {}
 
@@ -43,8 +44,8 @@ std::shared_ptr<WindowFrameWatch::Watched> WindowFrameWatch::watch(xcb_window_t 
         watched = std::make_shared<Watched>();
         watched->selection = connection_.selectEvents(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY |
                                                                   XCB_EVENT_MASK_PROPERTY_CHANGE);
-        followAncestor(window, *watched);
         watched->reported = writer_.settledFrame(window).value_or(Rect{});
+        followAncestorSoon(window);
     }
     return watched;
 }
@@ -68,9 +69,21 @@ void WindowFrameWatch::forgetIfUnobserved(xcb_window_t window) {
     }
 }
 
+/// Not at once: whoever observes a window may be about to place it, and finding it asks the server.
+void WindowFrameWatch::followAncestorSoon(xcb_window_t window) {
+    mainLoop_.post(lifetime_.guard([this, window] {
+        mainLoop_.post(lifetime_.guard([this, window] {
+            if (const auto watched = watched_.find(window); watched != watched_.end()) {
+                followAncestor(window, *watched->second);
+                checkSoon(window, *watched->second); // it may have moved before
+            }
+        }));
+    }));
+}
+
 void WindowFrameWatch::followAncestor(xcb_window_t window, Watched& watched) {
     watched.ancestorSelection.release();
-    watched.ancestor = outermostAncestor(connection_, window).value_or(window);
+    watched.ancestor = facts_.ancestors().of(window).value_or(window);
     // While a person drags a window some managers move its frame and tell the client at the end.
     if (watched.ancestor != window) {
         watched.ancestorSelection =
@@ -112,6 +125,7 @@ void WindowFrameWatch::handle(const xcb_generic_event_t& event) {
 }
 
 void WindowFrameWatch::checkSoon(xcb_window_t window, Watched& watched) {
+    facts_.forget(window);
     if (!std::exchange(watched.isDirty, true)) {
         mainLoop_.post(lifetime_.guard([this, window] { check(window); }));
     }

@@ -13,7 +13,8 @@ namespace panewright {
 /// Tells when the outer frame of a window has really changed.
 class WindowFrameWatch {
 public:
-    WindowFrameWatch(XConnection& connection, FrameWriter& writer, MainLoop& mainLoop);
+    WindowFrameWatch(XConnection& connection, WindowFactsOfTurn& facts, FrameWriter& writer,
+                     MainLoop& mainLoop);
 
     Registration onMoved(xcb_window_t window, std::function<void()> callback);
     Registration onResized(xcb_window_t window, std::function<void()> callback);
@@ -37,11 +38,13 @@ private:
     Registration keepWhile(xcb_window_t window, Registration registration);
     void forgetIfUnobserved(xcb_window_t window);
     void followAncestor(xcb_window_t window, Watched& watched);
+    void followAncestorSoon(xcb_window_t window);
     void handle(const xcb_generic_event_t& event);
     void checkSoon(xcb_window_t window, Watched& watched);
     void check(xcb_window_t window);
 
     XConnection& connection_;
+    WindowFactsOfTurn& facts_;
     FrameWriter& writer_;
     MainLoop& mainLoop_;
     std::map<xcb_window_t, std::shared_ptr<Watched>> watched_;

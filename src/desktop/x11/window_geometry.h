@@ -1,11 +1,11 @@
 #pragma once
 
 #include "base/geometry.h"
-#include "desktop/x11/window_manager.h"
 #include "desktop/x11/x_connection.h"
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 namespace panewright {
 
@@ -21,6 +21,11 @@ struct Extents {
 
 Rect grownBy(const Rect& rect, const Extents& by);
 Rect shrunkBy(const Rect& rect, const Extents& by);
+Extents extentsBetween(const Rect& inner, const Rect& outer);
+
+/// CARDINAL[4] of left, right, top, bottom (EWMH, _NET_FRAME_EXTENTS). None where that is no frame:
+/// X has no coordinates beyond.
+Extents extentsFrom(const std::vector<std::uint32_t>& numbers);
 
 /// Where a window is, in root coordinates.
 struct WindowGeometry {
@@ -38,12 +43,24 @@ struct WindowGeometry {
     Rect clientOf(const Rect& frame) const { return shrunkBy(grownBy(frame, shadow), decoration); }
 };
 
-/// Nil for a window that is gone.
-std::optional<WindowGeometry> readGeometry(XConnection& connection, WindowManager& manager,
-                                           xcb_window_t window);
+/// A window with its X border, in root coordinates, that has been asked for.
+class BorderedRectRequest {
+public:
+    BorderedRectRequest(XConnection& connection, xcb_window_t window);
+    ~BorderedRectRequest();
+    BorderedRectRequest(const BorderedRectRequest&) = delete;
+    BorderedRectRequest& operator=(const BorderedRectRequest&) = delete;
 
-/// The child of the root that holds the window (the window itself if it is one); nil for a window
-/// that is gone.
-std::optional<xcb_window_t> outermostAncestor(XConnection& connection, xcb_window_t window);
+    /// Once. Nil for a window that is gone.
+    std::optional<Rect> take(std::int32_t* border = nullptr);
+
+    unsigned sequence() const { return geometry_.sequence; }
+
+private:
+    XConnection& connection_;
+    xcb_get_geometry_cookie_t geometry_;
+    xcb_translate_coordinates_cookie_t origin_;
+    bool taken_ = false;
+};
 
 } // namespace panewright

@@ -64,13 +64,4 @@ WindowTraits TraitsRequest::take() {
             actionsFrom(actions_.numbers(), atoms_)};
 }
 
-WindowTraits readTraits(XConnection& connection, xcb_window_t window) {
-    return TraitsRequest(connection, window).take();
-}
-
-EwmhStates readEwmhStates(XConnection& connection, xcb_window_t window) {
-    const auto& atoms = connection.atoms();
-    return statesFrom(XPropertyRequest(connection, window, atoms._NET_WM_STATE).numbers(), atoms);
-}
-
 } // namespace panewright

@@ -55,7 +55,4 @@ private:
     XPropertyRequest actions_;
 };
 
-WindowTraits readTraits(XConnection& connection, xcb_window_t window);
-EwmhStates readEwmhStates(XConnection& connection, xcb_window_t window);
-
 } // namespace panewright

@@ -21,16 +21,12 @@ std::unique_ptr<X11Desktop> X11Desktop::open(MainLoop& mainLoop, std::string own
 X11Desktop::X11Desktop(std::unique_ptr<XConnection> connection, MainLoop& mainLoop,
                        std::string ownBundleIdentifier)
     : connection_(std::move(connection)), manager_(*connection_), keymap_(*connection_, mainLoop),
-      activeWindows_(*connection_, manager_, mainLoop, std::move(ownBundleIdentifier)),
+      facts_(*connection_, manager_, mainLoop),
+      activeWindows_(*connection_, manager_, facts_, mainLoop, std::move(ownBundleIdentifier)),
       displays(*connection_, mainLoop), workAreas(*connection_, manager_, displays, mainLoop),
-      accessibility(*connection_, manager_, activeWindows_, workAreas, mainLoop),
-      hotKeys(*connection_, keymap_, mainLoop,
-              // A press means the window that is active now, and windows as the presses before it
-              // have left them.
-              [this] {
-                  activeWindows_.update();
-                  accessibility.settle();
-              }),
+      windows_(*connection_, manager_, facts_, activeWindows_, workAreas, mainLoop),
+      accessibility(windows_),
+      hotKeys(*connection_, keymap_, mainLoop, [this] { windows_.catchUp(); }),
       keyboardLayout(keymap_), workspace(*connection_, activeWindows_, mainLoop),
       icons(*connection_, activeWindows_), tray(*connection_), brightness(*connection_),
       ownWindows(*connection_, workspace), beeper(*connection_) {}

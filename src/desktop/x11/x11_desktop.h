@@ -1,13 +1,15 @@
 #pragma once
 
+#include "desktop/shared/windows_accessibility.h"
 #include "desktop/x11/active_windows.h"
 #include "desktop/x11/desktop_entry_icons.h"
 #include "desktop/x11/evdev_native_key_codes.h"
 #include "desktop/x11/randr_displays.h"
+#include "desktop/x11/window_facts.h"
 #include "desktop/x11/window_manager.h"
-#include "desktop/x11/x11_accessibility.h"
 #include "desktop/x11/x11_hot_keys.h"
 #include "desktop/x11/x11_own_windows.h"
+#include "desktop/x11/x11_windows.h"
 #include "desktop/x11/x11_work_areas.h"
 #include "desktop/x11/x11_workspace.h"
 #include "desktop/x11/x_bell.h"
@@ -35,6 +37,7 @@ private:
     std::unique_ptr<XConnection> connection_;
     WindowManager manager_;
     XkbKeymap keymap_;
+    WindowFactsOfTurn facts_;
     ActiveWindows activeWindows_;
 
     X11Desktop(std::unique_ptr<XConnection> connection, MainLoop& mainLoop,
@@ -43,7 +46,12 @@ private:
 public:
     RandrDisplays displays;
     X11WorkAreas workAreas;
-    X11Accessibility accessibility;
+
+private:
+    X11Windows windows_;
+
+public:
+    WindowsAccessibility accessibility;
     X11HotKeys hotKeys;
     EvdevNativeKeyCodes nativeKeyCodes;
     XkbKeyboardLayout keyboardLayout;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/lifetime.h"
-#include "desktop/x11/frame_requests.h"
+#include "desktop/shared/written_frames.h"
 #include "desktop/x11/window_manager.h"
 #include "desktop/x11/x_connection.h"
 #include "platform/work_areas.h"

@@ -1,7 +1,5 @@
 #include "desktop/x11/frame_requests.h"
 
-#include "support/print_geometry.h"
-
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -9,82 +7,13 @@
 namespace panewright {
 namespace {
 
-TEST(FrameRequests, RoundAPositionUpAndASizeToTheNearestAndDropWhatXCannotExpress) {
-    const std::pair<Point, Point> positions[] = {
-        {{68.3, 38.4}, {69, 39}},
-        {{157.5, -0.5}, {158, 0}},
-        {{-10.25, 1573.33337}, {-10, 1574}},
-        {{100.0019, 100.002}, {100, 101}}, // noise of 32-bit steps, and just more than that
-    };
-    for (const auto& [written, rounded] : positions) {
-        EXPECT_EQ(roundedPosition(written), rounded);
-    }
-    const std::pair<Size, Size> sizes[] = {
-        {{1229.4, 691.2}, {1229, 691}}, {{0.5, 0.4}, {1, 1}}, {{-5, 99.5}, {1, 100}}};
-    for (const auto& [written, rounded] : sizes) {
-        EXPECT_EQ(roundedSize(written), rounded);
-    }
+TEST(FrameRequests, DropWhatXCannotExpress) {
     EXPECT_TRUE(isExpressible(Point{-32768, 32767}));
     EXPECT_TRUE(isExpressible(Size{0, 32767}));
     using Limits = std::numeric_limits<double>;
     for (const double value : {Limits::infinity(), Limits::quiet_NaN(), 32768.0, -40000.0}) {
         EXPECT_FALSE(isExpressible(Point{value, 0})) << value;
         EXPECT_FALSE(isExpressible(Size{1, value})) << value;
-    }
-}
-
-TEST(FrameRequests, ReportWhatWasWrittenWhileTheWindowStandsNearIt) {
-    const Rect asked{69, 39, 1229, 691};
-    const SettledFrame settled{{69, 39, 1229.4, 691.2}, asked, asked};
-    const Rect moved{70, 39, 1229, 691};
-    EXPECT_EQ(frameToReport(settled.settled, settled), settled.written);
-    EXPECT_EQ(frameToReport(moved, settled), moved);
-    EXPECT_EQ(frameToReport(moved, std::nullopt), moved);
-    // What is 64 px from what was asked for is forgiven, 65 px are not; what was written does not
-    // matter.
-    const Rect full{0, 0, 1600, 900};
-    const Rect besidePanel{0, 200, 1600, 700};
-    const Rect pushed{0, 264, 1600, 636};
-    const Rect pushedFar{0, 265, 1600, 635};
-    EXPECT_EQ(frameToReport(pushed, SettledFrame{full, besidePanel, pushed}), full);
-    EXPECT_EQ(frameToReport(pushedFar, SettledFrame{full, besidePanel, pushedFar}), pushedFar);
-}
-
-TEST(FrameRequests, AskForTheWorkAreaWhereAFrameCoversAWholeDisplay) {
-    const Rect left{0, 0, 1600, 900};
-    const Rect right{1600, 100, 1000, 800};
-    const Rect below{0, 900, 1600, 900};
-    const Rect leftArea{0, 30, 1600, 870};
-    const Rect rightArea{1600, 100, 960, 800};
-    const std::vector<DisplayArea> both{{left, leftArea}, {right, rightArea}};
-    const std::vector<DisplayArea> mirrored{{left, leftArea}, {left, leftArea}};
-    const std::vector<DisplayArea> onlyRightHasAPanel{{left, left}, {right, rightArea}};
-    const Rect higher{0, -23, 1600, 923};
-    const struct {
-        const char* name;
-        Rect written;
-        std::vector<DisplayArea> displays;
-        Rect asked;
-    } cases[] = {
-        {"a whole display", left, both, leftArea},
-        {"the other one", right, both, rightArea},
-        {"more than a display", higher, both, leftArea},
-        {"a mirrored display", left, mirrored, leftArea},
-        {"a display without a panel", left, onlyRightHasAPanel, left},
-        {"more than one without a panel", higher, onlyRightHasAPanel, higher},
-        {"one pixel less", {0, 0, 1599, 900}, both, {0, 0, 1599, 900}},
-        {"one pixel aside", {1, 0, 1600, 900}, both, {1, 0, 1600, 900}},
-        {"one pixel of the next display", {0, 0, 1601, 900}, both, {0, 0, 1601, 900}},
-        {"both displays", {0, 0, 2600, 900}, both, {0, 0, 2600, 900}},
-        {"a display below that reaches up",
-         {0, 877, 1600, 923},
-         {{left, left}, {below, leftArea}},
-         {0, 877, 1600, 923}},
-        {"no display", left, {}, left},
-    };
-    for (const auto& test : cases) {
-        SCOPED_TRACE(test.name);
-        EXPECT_EQ(frameToAsk(test.written, test.displays), test.asked);
     }
 }
 
