@@ -6,6 +6,7 @@ namespace panewright {
 
 /// A window of ours as the window system names it: a number, or an object's address.
 using NativeWindow = std::uintptr_t;
+constexpr NativeWindow kNoNativeWindow = 0;
 
 /// What the window system does with the windows of this program. Main thread only.
 class OwnWindows {

@@ -15,10 +15,6 @@ using namespace std::chrono_literals;
 /// How long a manager that takes over may name no active window and have the one that is unmapped.
 constexpr auto kLongestTakeover = 1s;
 
-bool isOurs(const std::optional<RunningApplication>& application) {
-    return application && application->processIdentifier == getpid();
-}
-
 } // namespace
 
 ActiveWindows::ActiveWindows(XConnection& connection, WindowManager& manager,
@@ -60,19 +56,6 @@ std::vector<xcb_window_t> ActiveWindows::windowsOf(ProcessId pid) {
     return identity_.windowsOf(pid, clients.numbers());
 }
 
-std::optional<ActiveWindows::WayBack> ActiveWindows::wayBack() {
-    const auto active = readActiveWindow();
-    const bool isOursActive = active != kNoWindow && pidOf(active) == getpid();
-    // The events of a change may not have been handled yet, so what was frontmost counts too.
-    const bool wasOursActive = isOurs(frontmost_);
-    if (!isOursActive && !(wasOursActive && (active == kNoWindow || wentFirst_))) {
-        return std::nullopt;
-    }
-    const WayBack way{isOursActive ? active : active_,
-                      wasOursActive ? beforeOurs_ : lastOfOthers()};
-    return way.to != kNoWindow && isShown(way.to) ? std::optional(way) : std::nullopt;
-}
-
 xcb_window_t ActiveWindows::lastOfOthers() const {
     const auto found = std::find_if(windows_.begin(), windows_.end(), [](const Window& window) {
         return window.pid != getpid() && window.kind != Kind::kDock;
@@ -82,11 +65,7 @@ xcb_window_t ActiveWindows::lastOfOthers() const {
 
 void ActiveWindows::noteArrival(const xcb_generic_event_t& event) {
     if (isRootProperty(connection_, event, connection_.atoms()._NET_ACTIVE_WINDOW)) {
-        changeArrived_ = true;
         isRefreshed_ = false;
-    } else if (event.response_type == XCB_UNMAP_NOTIFY && active_ != kNoWindow &&
-               reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window == active_) {
-        wentFirst_ = !changeArrived_; // destroying a window unmaps it too
     }
 }
 
@@ -102,7 +81,6 @@ void ActiveWindows::handle(const xcb_generic_event_t& event) {
         std::erase_if(windows_, [gone](const Window& window) { return window.window == gone; });
         active_ = active_ == gone ? kNoWindow : active_;
         named_ = named_ == gone ? kNoWindow : named_;
-        beforeOurs_ = beforeOurs_ == gone ? kNoWindow : beforeOurs_;
     }
 }
 
@@ -131,13 +109,16 @@ void ActiveWindows::refresh() {
     if (active != kNoWindow || Clock::now() >= takeoverEnds_) {
         named_ = active;
     }
-    if (active == kNoWindow) {
-        return;
+    if (active != kNoWindow && active != active_) {
+        takeNote(active);
     }
-    changeArrived_ = false;
-    if (active == active_) {
-        return;
+    // A window that went before it could be watched is not active any more.
+    if (active == kNoWindow || active == active_) {
+        asked_.notify(active, active == kNoWindow ? 0 : frontmost_->processIdentifier);
     }
+}
+
+void ActiveWindows::takeNote(xcb_window_t active) {
     const auto known = std::find_if(windows_.begin(), windows_.end(),
                                     [&](const Window& w) { return w.window == active; });
     Registration selection;
@@ -161,11 +142,7 @@ void ActiveWindows::refresh() {
 }
 
 void ActiveWindows::becameActive(xcb_window_t window, RunningApplication application) {
-    wentFirst_ = false;
     active_ = window;
-    if (application.processIdentifier == getpid() && !isOurs(frontmost_)) {
-        beforeOurs_ = lastOfOthers();
-    }
     if (frontmost_ != application) {
         frontmost_ = std::move(application);
         hasUntoldActivation_ = true;

@@ -50,15 +50,8 @@ public:
     /// Whether it is mapped, on a workspace that is seen, or shaded.
     bool isShown(xcb_window_t window);
 
-    /// The keyboard's way from a window of ours back to the one that was active before.
-    struct WayBack {
-        xcb_window_t from = kNoWindow;
-        xcb_window_t to = kNoWindow;
-    };
-
-    /// Nil if that window is not shown any more, and while another program has the keyboard; but
-    /// not when the manager has given it to one only because our window went.
-    std::optional<WayBack> wayBack();
+    /// The last active window of another program, docks left out; kNoWindow if there is none.
+    xcb_window_t lastOfOthers() const;
 
     /// The process that a window belongs to.
     ProcessId pidOf(xcb_window_t window) { return identity_.pidOf(window); }
@@ -76,6 +69,12 @@ public:
         return windowChanged_.add(std::move(callback));
     }
 
+    /// Called each time after the server has been asked, with the active window and its process;
+    /// kNoWindow and 0 if there is none.
+    Registration onAsked(std::function<void(xcb_window_t, ProcessId)> callback) {
+        return asked_.add(std::move(callback));
+    }
+
 private:
     using Clock = std::chrono::steady_clock;
     enum class Kind { kOrdinary, kDesktop, kDock };
@@ -90,12 +89,12 @@ private:
     /// By the desktop entries that have been read meanwhile.
     void identifyAgain();
     void noteArrival(const xcb_generic_event_t& event);
-    /// Asks the server and takes note of a change.
+    /// Asks the server and takes note of a change, which tell() tells of.
     void refresh();
     void tell();
+    void takeNote(xcb_window_t active);
     void becameActive(xcb_window_t window, RunningApplication application);
     xcb_window_t readFocusedTopLevel();
-    xcb_window_t lastOfOthers() const;
     /// By its _NET_WM_WINDOW_TYPE.
     Kind kindFrom(const std::vector<std::uint32_t>& types) const;
 
@@ -112,19 +111,14 @@ private:
     /// the last one named. It counts as shown: it may be unmapped for a moment then.
     xcb_window_t named_ = kNoWindow;
     Clock::time_point takeoverEnds_;
-    /// The last active one of another program when one of ours became active, unless it is gone.
-    xcb_window_t beforeOurs_ = kNoWindow;
     std::optional<RunningApplication> frontmost_;
-    /// What has been heard, though not handled, since active_ became the active window: that it
-    /// changes, and that it went before that.
-    bool changeArrived_ = false;
-    bool wentFirst_ = false;
     /// Whether the server has been asked in this turn.
     bool isRefreshed_ = false;
     TurnEnd turnEnd_;
     /// What has been found and not told of.
     bool hasUntoldActivation_ = false;
     bool hasUntoldWindowChange_ = false;
+    ObserverList<xcb_window_t, ProcessId> asked_;
     ObserverList<> activated_;
     ObserverList<ProcessId> windowChanged_;
     Lifetime lifetime_;

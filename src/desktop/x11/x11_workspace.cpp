@@ -1,7 +1,6 @@
 #include "desktop/x11/x11_workspace.h"
 
 #include "desktop/x11/client_message.h"
-#include "desktop/x11/window_geometry.h"
 #include "desktop/x11/x_properties.h"
 
 #include <algorithm>
@@ -17,11 +16,6 @@ using namespace std::chrono_literals;
 constexpr auto kSlowestWindow = 1s;
 constexpr auto kUsualWindow = 100ms;
 
-/// How long a manager may take to focus what lies under the pointer after a window went. xfwm4
-/// waits 250 ms.
-constexpr auto kSlowestFocus = 500ms;
-constexpr int kMaxCrossings = 3;
-
 constexpr std::uint32_t kAllDesktops = 0xFFFFFFFF; // EWMH, _NET_WM_DESKTOP
 
 } // namespace
@@ -29,7 +23,7 @@ constexpr std::uint32_t kAllDesktops = 0xFFFFFFFF; // EWMH, _NET_WM_DESKTOP
 X11Workspace::X11Workspace(XConnection& connection, ActiveWindows& activeWindows,
                            MainLoop& mainLoop)
     : connection_(connection), activeWindows_(activeWindows), mainLoop_(mainLoop),
-      serverTime_(connection),
+      activator_(connection), keyboard_(connection, activeWindows, activator_, mainLoop),
       rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE)),
       events_(connection.onEvent([this](const auto& event) { handle(event); })) {}
 
@@ -41,9 +35,6 @@ void X11Workspace::handle(const xcb_generic_event_t& event) {
     } else if (newWindowWish_ &&
                isRootProperty(connection_, event, connection_.atoms()._NET_CLIENT_LIST)) {
         bringWantedToFront();
-    } else if (wayBackWatch_ &&
-               isRootProperty(connection_, event, connection_.atoms()._NET_ACTIVE_WINDOW)) {
-        insistOnWayBack();
     }
 }
 
@@ -53,7 +44,7 @@ void X11Workspace::makeKey(xcb_window_t window) {
 }
 
 void X11Workspace::bringThisApplicationToFront() {
-    wayBackWatch_.release();
+    keyboard_.keep();
     newWindowWish_ = mainLoop_.after(kSlowestWindow, [this] { newWindowWish_.release(); });
     knownWindowWish_ = mainLoop_.after(kUsualWindow, [this] {
         if (const auto shown = ownWindows(); key_ == kNoWindow && !shown.empty()) {
@@ -92,28 +83,7 @@ void X11Workspace::hideThisApplication() {
     newWindowWish_.release();
     knownWindowWish_.release();
     key_ = kNoWindow;
-    if (const auto way = activeWindows_.wayBack()) {
-        wayBack_ = *way;
-        crossings_ = 0;
-        wayBackWatch_ = mainLoop_.after(kSlowestFocus, [this] { wayBackWatch_.release(); });
-        activate(wayBack_.to);
-    }
-}
-
-void X11Workspace::insistOnWayBack() {
-    const auto active = activeWindows_.readActiveWindow();
-    const bool isCrossed = active != kNoWindow && active != wayBack_.to && active != wayBack_.from;
-    // A user who goes elsewhere so soon does so by keys, or while our window is still shown.
-    if (isCrossed && isUnderPointer(active) && !activeWindows_.isShown(wayBack_.from) &&
-        ++crossings_ <= kMaxCrossings) {
-        activate(wayBack_.to);
-    }
-}
-
-bool X11Workspace::isUnderPointer(xcb_window_t window) {
-    const auto pointer = connection_.reply(xcb_query_pointer_reply,
-                                           xcb_query_pointer(connection_, connection_.root()));
-    return pointer && outermostAncestor(connection_, window) == pointer->child;
+    keyboard_.giveBack();
 }
 
 std::vector<xcb_window_t> X11Workspace::ownWindows() {
@@ -130,13 +100,7 @@ void X11Workspace::bringToUser(xcb_window_t window) {
         sendToManager(connection_, window, atoms._NET_WM_DESKTOP,
                       {*desktop, kSourcePager, 0, 0, 0});
     }
-    activate(window);
-}
-
-void X11Workspace::activate(xcb_window_t window) {
-    sendToManager(connection_, window, connection_.atoms()._NET_ACTIVE_WINDOW,
-                  {kSourcePager, serverTime_.now(), 0, 0, 0});
-    connection_.flush();
+    activator_.activate(window);
 }
 
 } // namespace panewright

@@ -3,7 +3,8 @@
 #include "base/lifetime.h"
 #include "desktop/freedesktop/url_opener.h"
 #include "desktop/x11/active_windows.h"
-#include "desktop/x11/server_time.h"
+#include "desktop/x11/window_activator.h"
+#include "desktop/x11/x11_keyboard_loan.h"
 #include "platform/main_loop.h"
 #include "platform/workspace.h"
 
@@ -34,15 +35,13 @@ private:
     std::vector<xcb_window_t> ownWindows();
     void bringWantedToFront();
     void bringNewWindowToFront(const std::vector<xcb_window_t>& shown);
-    void insistOnWayBack();
-    bool isUnderPointer(xcb_window_t window);
     void bringToUser(xcb_window_t window);
-    void activate(xcb_window_t window);
 
     XConnection& connection_;
     ActiveWindows& activeWindows_;
     MainLoop& mainLoop_;
-    ServerTime serverTime_;
+    WindowActivator activator_;
+    X11KeyboardLoan keyboard_;
     /// Windows of ours that are known to have been shown.
     std::set<xcb_window_t> known_;
     /// The one that asked to come forward; kNoWindow when that is closed, or none did.
@@ -51,10 +50,6 @@ private:
     /// already is taken instead.
     Registration newWindowWish_;
     Registration knownWindowWish_;
-    /// While the keyboard's way back may still be crossed.
-    ActiveWindows::WayBack wayBack_;
-    int crossings_ = 0;
-    Registration wayBackWatch_;
     Lifetime lifetime_;
     Registration rootSelection_;
     Registration events_;
