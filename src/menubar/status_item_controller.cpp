@@ -69,10 +69,11 @@ void StatusItemController::showStatusItem() {
                                    self->clicked(click);
                                }
                            });
-    views_.exportedMenu.exportMenu([this]() -> const Menu& {
-        menuNeedsUpdate();
-        return menu_.menu;
-    });
+    views_.exportedMenu.exportMenu({[this]() -> const Menu& {
+                                        menuNeedsUpdate();
+                                        return *menu_.menu;
+                                    },
+                                    {}});
     statusItemChanges_ = ports_.statusItem.onShownChange([this] { lookForStatusItemLater(); });
     lookForStatusItemLater();
 }
@@ -138,7 +139,7 @@ PopoverAnchor StatusItemController::anchor() const {
 
 void StatusItemController::clicked(const StatusItemClick& /*click*/) {
     menuNeedsUpdate();
-    views_.menu.popUp(menu_.menu, anchor());
+    views_.menu.popUp(*menu_.menu, anchor(), {});
 }
 
 void StatusItemController::menuNeedsUpdate() {
@@ -146,7 +147,7 @@ void StatusItemController::menuNeedsUpdate() {
     updateHotKeys(HotKeyOccasion::kMenuOpened);
     auto& moveItem = *menu_.moveToNextDisplayItem;
     moveItem.isEnabled = QuartzDisplay::screens(ports_.displays).size() != 1;
-    moveItem.isKeyEquivalentTaken =
+    moveItem.shortcut.isTaken =
         moveToNextDisplayKey_ && isShortcutTaken(ports_.hotKeys, moveToNextDisplayKey_->keyCode(),
                                                  moveToNextDisplayKey_->modifierFlags());
 }
@@ -190,10 +191,12 @@ void StatusItemController::addEventHandlers() {
 void StatusItemController::showMoveToNextDisplayKey() {
     auto& item = *menu_.moveToNextDisplayItem;
     const auto& key = moveToNextDisplayKey_;
-    item.keyEquivalent =
-        key ? shortcutText_.keyEquivalentForKeyCode(static_cast<std::uint16_t>(key->keyCode()))
-            : "";
-    item.keyEquivalentModifierMask = key ? key->modifierFlags() : 0;
+    item.shortcut = {};
+    if (key) {
+        item.shortcut = {
+            shortcutText_.stringForRawKeyCode(static_cast<std::uint16_t>(key->keyCode())),
+            key->modifierFlags(), key->presentableKeyboardShortcut(shortcutText_), "", false};
+    }
 }
 
 void StatusItemController::moveToNextDisplay(const std::shared_ptr<CarbonKeyEvent>& /*sender*/) {

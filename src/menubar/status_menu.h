@@ -24,7 +24,7 @@ struct StatusMenu {
     std::shared_ptr<MenuItem> moveToNextDisplayItem;
     /// Checked while the program starts at login.
     std::shared_ptr<MenuItem> startupItem;
-    Menu menu;
+    const std::shared_ptr<Menu> menu = std::make_shared<Menu>();
 };
 
 } // namespace panewright

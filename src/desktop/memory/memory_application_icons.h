@@ -19,6 +19,8 @@ public:
         return icon ? icon->bundleIdentifier : std::string();
     }
 
+    Size size() const override { return {32, 32}; }
+
     const std::string bundleIdentifier;
 };
 

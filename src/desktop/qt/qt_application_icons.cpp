@@ -12,6 +12,9 @@ namespace {
 /// Of the theme's files that which is sharp in a popover on a screen of high density.
 constexpr int kWantedSize = 64;
 
+/// What an icon that nobody has resized takes, in points.
+constexpr Size kIconSize{32, 32};
+
 QIcon namedIcon(const QString& name) {
     const QImage image =
         readIconFile(QDir::isAbsolutePath(name) ? name : iconThemeFile(name, kWantedSize));
@@ -40,7 +43,7 @@ ImagePtr QtApplicationIcons::iconOf(const RunningApplication& application) {
     if (!canBeDrawn(icon)) {
         icon = pictureIcon(source_.iconPicturesOf(application));
     }
-    return canBeDrawn(icon) ? std::make_shared<QtImage>(icon) : nullptr;
+    return canBeDrawn(icon) ? std::make_shared<QtImage>(icon, kIconSize) : nullptr;
 }
 
 } // namespace panewright

@@ -9,15 +9,22 @@
 namespace panewright {
 
 /// A picture that Qt can draw at any size.
-struct QtImage : Image {
-    explicit QtImage(QIcon anIcon) : icon(std::move(anIcon)) {}
+class QtImage : public Image {
+public:
+    QtImage(QIcon anIcon, Size size) : icon_(std::move(anIcon)), size_(size) {}
 
-    QIcon icon;
+    Size size() const override { return size_; }
+    const QIcon& icon() const { return icon_; }
+
+private:
+    QIcon icon_;
+    Size size_;
 };
 
-/// Null gives a null icon.
+/// A null icon for null, and for a picture of another toolkit.
 inline QIcon iconOf(const ImagePtr& image) {
-    return image ? static_cast<const QtImage&>(*image).icon : QIcon();
+    const auto* ours = dynamic_cast<const QtImage*>(image.get());
+    return ours ? ours->icon() : QIcon();
 }
 
 } // namespace panewright

@@ -14,10 +14,16 @@ public:
     QtMenuView();
     ~QtMenuView() override;
 
-    void popUp(const Menu& menu, const PopoverAnchor& anchor) override;
+    void popUp(const Menu& menu, const PopoverAnchor& anchor, Handlers handlers) override;
+    bool isOpen() const override;
+    void close() override;
 
 private:
+    bool open(const PopoverAnchor& anchor);
+    void tellClosed();
+
     std::unique_ptr<QMenu> menu_;
+    Handlers handlers_;
 };
 
 } // namespace panewright
