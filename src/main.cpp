@@ -17,6 +17,7 @@
 #include "desktop/linux/running_place.h"
 #include "desktop/linux/termination_signals.h"
 #include "desktop/qt/qt_application_icons.h"
+#include "desktop/qt/qt_images.h"
 #include "desktop/qt/qt_main_loop.h"
 #include "desktop/qt/qt_menu_view.h"
 #include "desktop/qt/qt_status_item.h"
@@ -119,6 +120,7 @@ struct Adapters {
                 .crashReporter = crashReporter,
                 .displays = desktop.displays,
                 .hotKeys = desktop.hotKeys,
+                .images = images,
                 .keyboardLayout = desktop.keyboardLayout,
                 .loginItems = loginItems,
                 .mainLoop = mainLoop,
@@ -144,6 +146,7 @@ struct Adapters {
     ApplicationService application;
     NotifierHosts notifierHosts;
     QtApplicationIcons icons;
+    QtImages images;
     QtStatusItem statusItem;
     ExportedMenu exportedMenu;
     Registration iconShown =

@@ -130,11 +130,14 @@ QString fileIn(const Theme& theme, const QString& name) {
 
 QImage readIconFile(const QString& path) {
     const auto content = readFile(path.toStdString(), kMaxBytes);
-    if (!content) {
+    return content ? readIcon(content.value()) : QImage();
+}
+
+QImage readIcon(const Bytes& content) {
+    if (content.size() > kMaxBytes) {
         return {};
     }
-    const auto& bytes = content.value();
-    QByteArray data(reinterpret_cast<const char*>(bytes.data()), qsizetype(bytes.size()));
+    QByteArray data(reinterpret_cast<const char*>(content.data()), qsizetype(content.size()));
     QBuffer buffer(&data);
     QImageReader reader(&buffer);
     const bool isPacked = data.startsWith("\x1F\x8B"); // how large it gets is not known

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/bytes.h"
+
 #include <QImage>
 #include <QString>
 
@@ -9,6 +11,8 @@ namespace panewright {
 /// what is no regular file or no picture, and for one that would take too much memory or time, or
 /// read other files.
 QImage readIconFile(const QString& path);
+/// The same for the content of such a file.
+QImage readIcon(const Bytes& content);
 
 /// The file of that name in the icon theme (Icon Theme Specification, "Icon Lookup") whose size in
 /// pixels is nearest; empty if there is none. Folders never lead out of the theme's.

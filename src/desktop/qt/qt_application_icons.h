@@ -11,8 +11,11 @@ public:
     explicit QtApplicationIcons(ApplicationIconSource& source) : source_(source) {}
 
     ImagePtr iconOf(const RunningApplication& application) override;
+    ImagePtr iconForBundleIdentifier(const std::string& bundleIdentifier) override;
 
 private:
+    ImagePtr namedIcon(const std::string& bundleIdentifier);
+
     ApplicationIconSource& source_;
 };
 

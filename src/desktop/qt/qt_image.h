@@ -3,28 +3,41 @@
 #include "base/image.h"
 
 #include <QIcon>
+#include <QImage>
+#include <QList>
+#include <QRectF>
 
+#include <functional>
 #include <utility>
+
+class QPainter;
 
 namespace panewright {
 
-/// A picture that Qt can draw at any size.
+/// A picture that Qt can paint at any size and scale. Nothing is rasterised before it is painted.
 class QtImage : public Image {
 public:
-    QtImage(QIcon anIcon, Size size) : icon_(std::move(anIcon)), size_(size) {}
+    /// Paints the whole picture into the rectangle, and nothing outside it.
+    using Paint = std::function<void(QPainter& painter, const QRectF& target)>;
+
+    QtImage(Size size, Paint paint) : size_(size), paint_(std::move(paint)) {}
 
     Size size() const override { return size_; }
-    const QIcon& icon() const { return icon_; }
+    const Paint& paint() const { return paint_; }
 
 private:
-    QIcon icon_;
     Size size_;
+    Paint paint_;
 };
 
-/// A null icon for null, and for a picture of another toolkit.
-inline QIcon iconOf(const ImagePtr& image) {
-    const auto* ours = dynamic_cast<const QtImage*>(image.get());
-    return ours ? ours->icon() : QIcon();
-}
+/// Null for null, and for a picture of another toolkit.
+const QtImage* qtImageOf(const ImagePtr& image);
+
+/// An icon that paints the image, as large as fits, in its own proportions; a null icon where
+/// qtImageOf() is null.
+QIcon iconOf(const ImagePtr& image);
+
+/// Paints the picture that suits the size best. What it has scaled is kept for the next time.
+QtImage::Paint paintOf(QList<QImage> pictures);
 
 } // namespace panewright
