@@ -23,6 +23,8 @@ struct MenuChoice {
 
 /// The hot key that does the same as an item, as the item shows it. Texts are UTF-8.
 struct MenuShortcut {
+    /// Virtual key code.
+    std::uint64_t keyCode = 0;
     /// The key's name in the keyboard layout, without modifiers. Empty for no shortcut and for a
     /// key that types nothing; a blank for Space.
     std::string keyEquivalent;

@@ -18,8 +18,8 @@ ImagePtr windowStateImageForCustomState(const WindowState& state, Images& images
 ImagePtr windowStateImageForDefaultState(const std::shared_ptr<WindowState>& state, Images& images);
 
 /// The images of window states, each made when it is first asked for and kept by its state. The
-/// icon of a program is sought once in the life of this object, however many states the program
-/// has, so it should not live longer than a menu is filled. Main thread only.
+/// icon of a program is sought once until icons are forgotten, however many states the program
+/// has. Main thread only.
 class WindowStateImages {
 public:
     /// Both must outlive it.
@@ -34,6 +34,9 @@ public:
     /// Both side by side, or the picture alone while there is no icon, which is not kept, so that
     /// an icon that turns up later is shown.
     ImagePtr appIconAndWindowStateImage(const std::shared_ptr<WindowState>& state);
+
+    /// From now on icons are sought again, those too that were not found.
+    void forgetIcons() { sought_.clear(); }
 
 private:
     ImagePtr iconFor(const std::string& bundleIdentifier);
