@@ -105,10 +105,12 @@ struct Process {
 
 /// What goes with the desktop's own adapters.
 struct Adapters {
-    Adapters(X11Desktop& desktop, SessionBus& bus, const ProgramInformation& program)
+    Adapters(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus,
+             const ProgramInformation& program)
         : sounds(desktop.beeper), application(bus, program.bundleIdentifier()), notifierHosts(bus),
-          icons(desktop.icons), statusItem({notifierHosts, desktop.tray}, desktop.brightness,
-                                           desktop.displays, desktop.workAreas),
+          icons(desktop.icons, mainLoop),
+          statusItem({notifierHosts, desktop.tray}, desktop.brightness, desktop.displays,
+                     desktop.workAreas),
           views(desktop.nativeKeyCodes, desktop.ownWindows) {}
 
     Ports portsOf(X11Desktop& desktop, MainLoop& mainLoop, const Process& process) {
@@ -156,7 +158,7 @@ struct Adapters {
 };
 
 int runOn(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus, const Process& process) {
-    Adapters adapters(desktop, bus, process.program);
+    Adapters adapters(desktop, mainLoop, bus, process.program);
     const Ports ports = adapters.portsOf(desktop, mainLoop, process);
     const SharedInstances shared(ports, process.lock);
     AppDelegate delegate(ports, {adapters.views, adapters.menuView, adapters.exportedMenu});

@@ -1,6 +1,5 @@
 #include "desktop/qt/qt_application_icons.h"
 
-#include "desktop/qt/icon_file.h"
 #include "desktop/qt/qt_image.h"
 
 #include <QDir>
@@ -44,10 +43,17 @@ ImagePtr QtApplicationIcons::iconForBundleIdentifier(const std::string& bundleId
     return icon ? icon : imageOf(source_.iconPicturesOf(bundleIdentifier));
 }
 
+IconThemeFiles& QtApplicationIcons::themeFiles() {
+    if (!themeFiles_) {
+        themeFiles_.emplace(kWantedSize);
+        mainLoop_.post(lifetime_.guard([this] { themeFiles_.reset(); }));
+    }
+    return *themeFiles_;
+}
+
 ImagePtr QtApplicationIcons::namedIcon(const std::string& bundleIdentifier) {
     const auto name = QString::fromStdString(source_.iconNameOf(bundleIdentifier));
-    const QImage image =
-        readIconFile(QDir::isAbsolutePath(name) ? name : iconThemeFile(name, kWantedSize));
+    const QImage image = readIconFile(QDir::isAbsolutePath(name) ? name : themeFiles().file(name));
     return image.isNull() ? nullptr : imageOf(QList<QImage>{image});
 }
 
