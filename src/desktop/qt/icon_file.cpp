@@ -90,7 +90,7 @@ QList<ThemeFolder> themeFolders(const QSettings& index, int size) {
 
 QString fileIn(const QString& folder, const QString& name) {
     for (const char* extension : {".png", ".svg", ".xpm"}) {
-        const QString file = folder + '/' + name + extension;
+        QString file = folder + '/' + name + extension;
         if (isUsable(file, kMaxBytes)) {
             return file;
         }
