@@ -111,7 +111,7 @@ struct Adapters {
           icons(desktop.icons, mainLoop),
           statusItem({notifierHosts, desktop.tray}, desktop.brightness, desktop.displays,
                      desktop.workAreas),
-          views(desktop.nativeKeyCodes, desktop.ownWindows) {}
+          menuView(desktop.nativeKeyCodes), views(desktop.nativeKeyCodes, desktop.ownWindows) {}
 
     Ports portsOf(X11Desktop& desktop, MainLoop& mainLoop, const Process& process) {
         return {.accessibility = desktop.accessibility,

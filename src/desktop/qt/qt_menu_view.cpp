@@ -1,13 +1,12 @@
 #include "desktop/qt/qt_menu_view.h"
 
 #include "desktop/qt/key_events.h"
+#include "desktop/qt/menu_row.h"
 #include "desktop/qt/native_geometry.h"
-#include "desktop/qt/qt_image.h"
-#include "desktop/qt/visible_boxes.h"
 #include "ui/popover_placement.h"
 
 #include <QGuiApplication>
-#include <QMenu>
+#include <QTimer>
 #include <QWindow>
 
 #include <utility>
@@ -15,60 +14,23 @@
 namespace panewright {
 namespace {
 
-/// The text with nothing in it that a menu makes something of.
-QString plain(const std::string& text) {
-    return QString::fromStdString(text).simplified().replace('&', "&&");
-}
+using namespace std::chrono_literals;
 
-/// A shortcut stands in a column of its own, behind a tab.
-QString textOf(const MenuItem& item) {
-    if (item.shortcut.text.empty()) {
-        return plain(item.title);
-    }
-    const auto shortcut = plain(item.shortcut.text);
-    return plain(item.title) + '\t' +
-           (item.shortcut.isTaken ? QMenu::tr("%1 (in use elsewhere)").arg(shortcut) : shortcut);
-}
+/// How long another program, such as a window manager whose binding has opened the menu, may hold
+/// the keyboard while its key is down.
+constexpr auto kPatienceForKeyboard = 1s;
+constexpr auto kKeyboardTry = 20ms;
 
-void addItem(QMenu& menu, const std::shared_ptr<MenuItem>& item);
-
-void fill(QMenu& menu, const Menu& model) {
-    for (const auto& item : model.items()) {
-        addItem(menu, item);
-    }
-}
-
-void addItem(QMenu& menu, const std::shared_ptr<MenuItem>& item) {
-    if (item->isSeparator) {
-        menu.addSeparator();
-        return;
-    }
-    auto* action = menu.addAction(iconOf(item->image), textOf(*item));
-    action->setEnabled(item->canBeChosen());
-    action->setCheckable(item->isCheckable);
-    action->setChecked(item->isChecked);
-    action->setToolTip(QString::fromStdString(item->toolTip));
-    if (item->submenu) {
-        auto* submenu = new QMenu(&menu);
-        action->setMenu(submenu);
-        QObject::connect(submenu, &QMenu::aboutToShow, submenu, [submenu, model = item->submenu] {
-            if (submenu->isEmpty()) {
-                fill(*submenu, *model);
-            }
-        });
-        return;
-    }
-    QObject::connect(action, &QAction::triggered, qApp, [item] {
-        const MenuChoice choice{modifierFlagsOf(QGuiApplication::keyboardModifiers())};
-        // Queued: by then the menu has closed and let go of keyboard and pointer.
-        QMetaObject::invokeMethod(
-            qApp, [item, choice] { item->action(choice); }, Qt::QueuedConnection);
-    });
-}
+/// A window that the manager does not see, and that holds keyboard and pointer while it is open.
+constexpr Qt::WindowFlags kWindowKind = Qt::Popup;
 
 } // namespace
 
-QtMenuView::QtMenuView() = default;
+QtMenuView::QtMenuView(const NativeKeyCodes& keyCodes)
+    : keys_{keyCodes, [this](const KeyEvent& key) {
+                return handlers_.hotKeyPressed && handlers_.hotKeyPressed(key);
+            }} {}
+
 QtMenuView::~QtMenuView() {
     handlers_ = {}; // whom they belong to may be gone
 }
@@ -76,29 +38,53 @@ QtMenuView::~QtMenuView() {
 void QtMenuView::popUp(const Menu& menu, const PopoverAnchor& anchor, Handlers handlers) {
     close();
     handlers_ = std::move(handlers);
-    menu_ = std::make_unique<QMenu>();
-    menu_->setStyle(new VisibleBoxes(menu_.get()));
+    menu_ = std::make_unique<MenuPopup>(menu, keys_);
+    menu_->setWindowFlags(kWindowKind);
     menu_->setWindowTitle("Panewright menu");
     menu_->setAccessibleName(menu_->windowTitle());
-    fill(*menu_, menu);
     QObject::connect(menu_.get(), &QMenu::aboutToHide, menu_.get(), [this] { tellClosed(); });
-    if (!open(anchor)) {
-        close();
-        tellClosed();
-    }
+    QObject::connect(menu_.get(), &QMenu::triggered, menu_.get(),
+                     [this](const QAction* action) { choose(*action); });
+    place(anchor);
 }
 
-bool QtMenuView::open(const PopoverAnchor& anchor) {
+void QtMenuView::place(const PopoverAnchor& anchor) {
     const auto* screen = screenAt(anchor.rect.size() == Size{} ? anchor.workArea : anchor.rect);
     if (!screen) {
-        return false;
+        tellClosed();
+        return;
     }
     const auto frame = placeMenu(fromQt(menu_->sizeHint()), fromNative(anchor, *screen));
     menu_->popup(toQt(frame.origin()));
-    // A key that another connection holds down, such as a hot key, keeps the menu from getting
-    // keyboard and pointer, and neither Escape nor a click beside it would close it.
+    takeKeyboardAndPointer(Clock::now() + kPatienceForKeyboard);
+}
+
+/// Without them neither Escape nor a click beside the menu would close it.
+void QtMenuView::takeKeyboardAndPointer(Clock::time_point deadline) {
+    if (!isOpen()) {
+        return;
+    }
     auto* window = menu_->windowHandle();
-    return window->setKeyboardGrabEnabled(true) && window->setMouseGrabEnabled(true);
+    if (window->setKeyboardGrabEnabled(true) && window->setMouseGrabEnabled(true)) {
+        return;
+    }
+    if (Clock::now() >= deadline) {
+        close();
+        return;
+    }
+    QTimer::singleShot(kKeyboardTry, menu_.get(),
+                       [this, deadline] { takeKeyboardAndPointer(deadline); });
+}
+
+/// The action is called later: the menu has closed then and let go of keyboard and pointer.
+void QtMenuView::choose(const QAction& action) {
+    const auto* row = dynamic_cast<const MenuRow*>(&action);
+    if (!row || !row->item()->action) {
+        return;
+    }
+    const MenuChoice choice{modifierFlagsOf(QGuiApplication::keyboardModifiers())};
+    QMetaObject::invokeMethod(
+        qApp, [item = row->item(), choice] { item->action(choice); }, Qt::QueuedConnection);
 }
 
 bool QtMenuView::isOpen() const {

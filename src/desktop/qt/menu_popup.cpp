@@ -1,0 +1,177 @@
+#include "desktop/qt/menu_popup.h"
+
+#include "desktop/qt/key_events.h"
+#include "desktop/qt/menu_row.h"
+#include "desktop/qt/menu_style.h"
+
+#include <QKeyEvent>
+#include <QStyleOption>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace panewright {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// After a pause of this length typing starts anew.
+constexpr auto kTypingPause = 1s;
+/// Room for a check mark.
+constexpr int kLeastPictureWidth = 16;
+
+/// Keys that Qt's menus know, whatever is held with them.
+bool isMenuKey(int key) {
+    switch (key) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Escape:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool isTyping(const QKeyEvent& event) {
+    constexpr auto kCommands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    return !(event.modifiers() & kCommands) && !event.text().isEmpty() &&
+           event.text().front().isPrint();
+}
+
+} // namespace
+
+MenuPopup::MenuPopup(const Menu& model, const Keys& keys)
+    : keys_(keys), pictureWidth_(kLeastPictureWidth) {
+    fill(model, *new MenuStyle(this));
+}
+
+/// There may be thousands of them, of which few are opened.
+MenuPopup::MenuPopup(std::shared_ptr<Menu> model, MenuPopup& opener)
+    : QMenu(&opener), keys_(opener.keys_), pictureWidth_(kLeastPictureWidth) {
+    connect(this, &QMenu::aboutToShow, this, [this, model = std::move(model), &opener] {
+        if (isEmpty()) {
+            fill(*model, *opener.style());
+        }
+    });
+}
+
+void MenuPopup::fill(const Menu& model, QStyle& style) {
+    setStyle(&style);
+    setToolTipsVisible(true);
+    typingEnd_.setSingleShot(true);
+    connect(&typingEnd_, &QTimer::timeout, this, [this] { typed_.clear(); });
+    QList<QAction*> rows;
+    rows.reserve(static_cast<qsizetype>(model.items().size()));
+    for (const auto& item : model.items()) {
+        auto* row = new MenuRow(item, this);
+        if (item->image) {
+            pictureWidth_ =
+                std::max(pictureWidth_, static_cast<int>(std::ceil(item->image->size().width)));
+        }
+        if (item->submenu) {
+            addSubmenu(*row);
+        }
+        rows.append(row);
+    }
+    addActions(rows);
+}
+
+void MenuPopup::addSubmenu(MenuRow& row) {
+    auto* submenu = new MenuPopup(row.item()->submenu, *this);
+    submenu->setAccessibleName(row.title());
+    row.setMenu(submenu);
+}
+
+/// Tells the style which row it is, and how wide the column of pictures.
+void MenuPopup::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const {
+    QMenu::initStyleOption(option, action);
+    option->maxIconWidth = pictureWidth_;
+    option->styleObject = const_cast<QAction*>(action);
+}
+
+void MenuPopup::hideEvent(QHideEvent* event) {
+    typed_.clear();
+    QMenu::hideEvent(event);
+}
+
+void MenuPopup::keyPressEvent(QKeyEvent* event) {
+    event->accept();
+    if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown) {
+        moveByPage(event->key() == Qt::Key_PageUp ? -1 : 1);
+    } else if (isMenuKey(event->key())) {
+        QMenu::keyPressEvent(event);
+    } else if (event->isAutoRepeat() || isModifierKey(*event, keys_.nativeKeyCodes)) {
+        return; // what is held was meant for what came before
+    } else if (isTyping(*event)) {
+        typeAhead(event->text());
+    } else if (const auto key = keyEventOf(*event, keys_.nativeKeyCodes);
+               key && keys_.pressed && keys_.pressed(*key)) {
+        hideAll();
+    }
+}
+
+void MenuPopup::hideAll() {
+    QWidget* root = this;
+    while (qobject_cast<MenuPopup*>(root->parentWidget())) {
+        root = root->parentWidget();
+    }
+    root->hide();
+}
+
+void MenuPopup::typeAhead(const QString& text) {
+    typed_ += text;
+    typingEnd_.start(kTypingPause);
+    const bool isOneLetter = typed_.count(typed_.front()) == typed_.size();
+    auto* row = rowBeginningWith(typed_, typed_.size() == 1);
+    if (!row && isOneLetter) {
+        row = rowBeginningWith(typed_.left(1), true); // the same letter again: the next such row
+    }
+    if (row) {
+        setActiveAction(row);
+    }
+}
+
+/// Looks from the current row on, or after it, and then from the top.
+MenuRow* MenuPopup::rowBeginningWith(const QString& text, bool isAfterCurrent) const {
+    auto rows = actions();
+    if (const auto current = rows.indexOf(activeAction()); current >= 0) {
+        std::rotate(rows.begin(), rows.begin() + current + (isAfterCurrent ? 1 : 0), rows.end());
+    }
+    const auto found = std::find_if(rows.begin(), rows.end(), [&](QAction* action) {
+        const auto& row = static_cast<MenuRow&>(*action);
+        return row.isEnabled() && !row.isSeparator() &&
+               row.title().startsWith(text, Qt::CaseInsensitive);
+    });
+    return found == rows.end() ? nullptr : static_cast<MenuRow*>(*found);
+}
+
+/// To the row a page further, else to the last that can be chosen on the way.
+void MenuPopup::moveByPage(int direction) {
+    const auto rows = actions();
+    auto index = rows.indexOf(activeAction());
+    if (index < 0) {
+        index = direction > 0 ? -1 : rows.size();
+    }
+    int left = height();
+    QAction* target = nullptr;
+    for (index += direction; index >= 0 && index < rows.size() && left > 0; index += direction) {
+        left -= actionGeometry(rows[index]).height();
+        if (rows[index]->isEnabled() && !rows[index]->isSeparator()) {
+            target = rows[index];
+        }
+    }
+    if (target) {
+        setActiveAction(target);
+    }
+}
+
+} // namespace panewright
