@@ -136,7 +136,19 @@ void MenuPopup::typeAhead(const QString& text) {
         row = rowBeginningWith(typed_.left(1), true); // the same letter again: the next such row
     }
     if (row) {
-        setActiveAction(row);
+        select(*row);
+    }
+}
+
+/// Qt opens the submenu of the row too, to which the next keys would go, unless it is disabled.
+void MenuPopup::select(QAction& row) {
+    auto* submenu = row.menu();
+    if (submenu) {
+        submenu->setAttribute(Qt::WA_Disabled, true);
+    }
+    setActiveAction(&row);
+    if (submenu) {
+        submenu->setAttribute(Qt::WA_Disabled, false);
     }
 }
 
@@ -170,7 +182,7 @@ void MenuPopup::moveByPage(int direction) {
         }
     }
     if (target) {
-        setActiveAction(target);
+        select(*target);
     }
 }
 

@@ -40,6 +40,7 @@ private:
 
     void fill(const Menu& model, QStyle& style);
     void addSubmenu(MenuRow& row);
+    void select(QAction& row);
     void typeAhead(const QString& text);
     MenuRow* rowBeginningWith(const QString& text, bool isAfterCurrent) const;
     void moveByPage(int direction);
