@@ -18,6 +18,8 @@ using namespace std::chrono_literals;
 
 /// After a pause of this length typing starts anew.
 constexpr auto kTypingPause = 1s;
+constexpr int kHigherThanAnyScreen = 1 << 20;
+constexpr double kFarAside = 1 << 20;
 /// Room for a check mark.
 constexpr int kLeastPictureWidth = 16;
 
@@ -49,14 +51,14 @@ bool isTyping(const QKeyEvent& event) {
 
 } // namespace
 
-MenuPopup::MenuPopup(const Menu& model, const Keys& keys)
-    : keys_(keys), pictureWidth_(kLeastPictureWidth) {
+MenuPopup::MenuPopup(const Menu& model, const Context& context)
+    : context_(context), pictureWidth_(kLeastPictureWidth) {
     fill(model, *new MenuStyle(this));
 }
 
 /// There may be thousands of them, of which few are opened.
 MenuPopup::MenuPopup(std::shared_ptr<Menu> model, MenuPopup& opener)
-    : QMenu(&opener), keys_(opener.keys_), pictureWidth_(kLeastPictureWidth) {
+    : QMenu(&opener), context_(opener.context_), pictureWidth_(kLeastPictureWidth) {
     connect(this, &QMenu::aboutToShow, this, [this, model = std::move(model), &opener] {
         if (isEmpty()) {
             fill(*model, *opener.style());
@@ -91,6 +93,27 @@ void MenuPopup::addSubmenu(MenuRow& row) {
     row.setMenu(submenu);
 }
 
+QSize MenuPopup::shownSize() const {
+    const auto size = QMenu::sizeHint();
+    return {size.width(), std::min(size.height(), context_.workArea.height())};
+}
+
+/// The toolkit lets a menu scroll only if its screen is too low for it.
+QSize MenuPopup::sizeHint() const {
+    const auto size = QMenu::sizeHint();
+    return size == shownSize() ? size : QSize(size.width(), kHigherThanAnyScreen);
+}
+
+/// The toolkit has placed the menu on its screen, where panels are.
+void MenuPopup::showEvent(QShowEvent* event) {
+    const auto& area = context_.workArea;
+    auto place = geometry();
+    place.setHeight(std::min(place.height(), area.height()));
+    place.moveTop(std::clamp(place.top(), area.top(), area.top() + area.height() - place.height()));
+    setGeometry(place);
+    QMenu::showEvent(event);
+}
+
 /// Tells the style which row it is, and how wide the column of pictures.
 void MenuPopup::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const {
     QMenu::initStyleOption(option, action);
@@ -109,20 +132,47 @@ void MenuPopup::keyPressEvent(QKeyEvent* event) {
         moveByPage(event->key() == Qt::Key_PageUp ? -1 : 1);
     } else if (isMenuKey(event->key())) {
         QMenu::keyPressEvent(event);
-    } else if (event->isAutoRepeat() || isModifierKey(*event, keys_.nativeKeyCodes)) {
+    } else if (event->isAutoRepeat() || isModifierKey(*event, context_.nativeKeyCodes)) {
         return; // what is held was meant for what came before
     } else if (isTyping(*event)) {
         typeAhead(event->text());
-    } else if (const auto key = keyEventOf(*event, keys_.nativeKeyCodes);
-               key && keys_.pressed && keys_.pressed(*key)) {
+    } else if (const auto key = keyEventOf(*event, context_.nativeKeyCodes);
+               key && context_.keyPressed(*key)) {
         hideAll();
     }
 }
 
+/// The toolkit scrolls a menu while the pointer is anywhere above or below it, as on the panel that
+/// it hangs from. So what is outside counts as far to the left.
+bool MenuPopup::event(QEvent* event) {
+    const bool isOfPointer = event->type() == QEvent::MouseMove ||
+                             event->type() == QEvent::MouseButtonPress ||
+                             event->type() == QEvent::MouseButtonRelease;
+    if (!isOfPointer) {
+        return QMenu::event(event);
+    }
+    const auto& mouse = static_cast<QMouseEvent&>(*event);
+    if (isOverMenus(mouse.globalPosition().toPoint())) {
+        return QMenu::event(event);
+    }
+    const QPointF aside(kFarAside, 0);
+    QMouseEvent outside(mouse.type(), mouse.position() - aside, mouse.globalPosition() - aside,
+                        mouse.button(), mouse.buttons(), mouse.modifiers());
+    return QMenu::event(&outside);
+}
+
+bool MenuPopup::isOverMenus(QPoint global) const {
+    return geometry().contains(global) || (opener() && opener()->isOverMenus(global));
+}
+
+MenuPopup* MenuPopup::opener() const {
+    return qobject_cast<MenuPopup*>(parentWidget());
+}
+
 void MenuPopup::hideAll() {
-    QWidget* root = this;
-    while (qobject_cast<MenuPopup*>(root->parentWidget())) {
-        root = root->parentWidget();
+    auto* root = this;
+    while (root->opener()) {
+        root = root->opener();
     }
     root->hide();
 }

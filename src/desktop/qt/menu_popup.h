@@ -21,16 +21,27 @@ class MenuPopup : public QMenu {
     Q_OBJECT
 
 public:
-    struct Keys {
+    /// What a menu shares with its submenus.
+    struct Context {
         const NativeKeyCodes& nativeKeyCodes;
-        /// Sees what does nothing in a menu. True closes the whole menu.
-        std::function<bool(const KeyEvent&)> pressed;
+        /// Sees each key that does nothing in a menu. True closes the whole menu.
+        std::function<bool(const KeyEvent&)> keyPressed;
+        /// What no menu leaves, in the toolkit's coordinates.
+        QRect workArea;
     };
 
-    /// What is in its submenus is looked at when they open. The keys must outlive it.
-    MenuPopup(const Menu& model, const Keys& keys);
+    /// What is in its submenus is looked at when they open. The context must outlive it.
+    MenuPopup(const Menu& model, const Context& context);
+
+    /// Of the whole menu, as far as the work area has room for it.
+    QSize shownSize() const;
+
+    /// For the toolkit: higher than any screen where the work area has not room for all.
+    QSize sizeHint() const override;
 
 protected:
+    bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override;
@@ -44,9 +55,12 @@ private:
     void typeAhead(const QString& text);
     MenuRow* rowBeginningWith(const QString& text, bool isAfterCurrent) const;
     void moveByPage(int direction);
+    /// The menu that this is a submenu of; null for the outermost.
+    MenuPopup* opener() const;
+    bool isOverMenus(QPoint global) const;
     void hideAll();
 
-    const Keys& keys_;
+    const Context& context_;
     /// Of the column for pictures and check marks, in the toolkit's units.
     int pictureWidth_;
     QString typed_;

@@ -27,9 +27,11 @@ constexpr Qt::WindowFlags kWindowKind = Qt::Popup;
 } // namespace
 
 QtMenuView::QtMenuView(const NativeKeyCodes& keyCodes)
-    : keys_{keyCodes, [this](const KeyEvent& key) {
-                return handlers_.hotKeyPressed && handlers_.hotKeyPressed(key);
-            }} {}
+    : context_{keyCodes,
+               [this](const KeyEvent& key) {
+                   return handlers_.hotKeyPressed && handlers_.hotKeyPressed(key);
+               },
+               QRect()} {}
 
 QtMenuView::~QtMenuView() {
     handlers_ = {}; // whom they belong to may be gone
@@ -38,7 +40,7 @@ QtMenuView::~QtMenuView() {
 void QtMenuView::popUp(const Menu& menu, const PopoverAnchor& anchor, Handlers handlers) {
     close();
     handlers_ = std::move(handlers);
-    menu_ = std::make_unique<MenuPopup>(menu, keys_);
+    menu_ = std::make_unique<MenuPopup>(menu, context_);
     menu_->setWindowFlags(kWindowKind);
     menu_->setWindowTitle("Panewright menu");
     menu_->setAccessibleName(menu_->windowTitle());
@@ -54,7 +56,11 @@ void QtMenuView::place(const PopoverAnchor& anchor) {
         tellClosed();
         return;
     }
-    const auto frame = placeMenu(fromQt(menu_->sizeHint()), fromNative(anchor, *screen));
+    const auto here = fromNative(anchor, *screen);
+    context_.workArea =
+        QRectF(here.workArea.x, here.workArea.y, here.workArea.width, here.workArea.height)
+            .toRect();
+    const auto frame = placeMenu(fromQt(menu_->shownSize()), here);
     menu_->popup(toQt(frame.origin()));
     takeKeyboardAndPointer(Clock::now() + kPatienceForKeyboard);
 }

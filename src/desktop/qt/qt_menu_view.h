@@ -26,7 +26,7 @@ private:
     void choose(const QAction& action);
     void tellClosed();
 
-    MenuPopup::Keys keys_;
+    MenuPopup::Context context_;
     Handlers handlers_;
     std::unique_ptr<MenuPopup> menu_;
 };
