@@ -4,6 +4,7 @@
 #include "desktop/dbus/application_service.h"
 #include "desktop/dbus/exported_menu.h"
 #include "desktop/dbus/notifier_hosts.h"
+#include "desktop/dbus/portal_colour_scheme.h"
 #include "desktop/dbus/running_instance.h"
 #include "desktop/dbus/session_bus.h"
 #include "desktop/freedesktop/autostart_entry.h"
@@ -23,6 +24,7 @@
 #include "desktop/qt/qt_status_item.h"
 #include "desktop/qt/qt_text_services.h"
 #include "desktop/qt/qt_views.h"
+#include "desktop/qt/theme_colours.h"
 #include "desktop/qt/toolkit_exit_status.h"
 #include "desktop/shared/absent_services.h"
 #include "desktop/x11/x11_desktop.h"
@@ -108,7 +110,7 @@ struct Adapters {
     Adapters(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus,
              const ProgramInformation& program)
         : sounds(desktop.beeper), application(bus, program.bundleIdentifier()), notifierHosts(bus),
-          icons(desktop.icons, mainLoop),
+          colourScheme(bus), colours(colourScheme), icons(desktop.icons, mainLoop),
           statusItem({notifierHosts, desktop.tray}, desktop.brightness, desktop.displays,
                      desktop.workAreas),
           menuView(desktop.nativeKeyCodes), views(desktop.nativeKeyCodes, desktop.ownWindows) {}
@@ -147,6 +149,8 @@ struct Adapters {
     NoSoftwareUpdater softwareUpdater;
     ApplicationService application;
     NotifierHosts notifierHosts;
+    PortalColourScheme colourScheme;
+    ThemeColours colours;
     QtApplicationIcons icons;
     QtImages images;
     QtStatusItem statusItem;

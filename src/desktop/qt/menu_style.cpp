@@ -21,18 +21,33 @@ constexpr int kTextPadding = 4;  // above and below
 constexpr int kPicturePadding = 3;
 constexpr int kArrowSize = 10;
 constexpr int kMarkSize = 14;
+constexpr double kSeparatorShade = 0.2;
+constexpr double kDisabledShade = 0.55;
 
-/// Null for a separator, and for what is no row of a MenuPopup.
+/// Null for what is no row of a MenuPopup.
 const MenuRow* rowOf(const QStyleOptionMenuItem* option) {
-    const auto* row = option ? dynamic_cast<const MenuRow*>(option->styleObject) : nullptr;
-    return row && !row->isSeparator() ? row : nullptr;
+    return option ? dynamic_cast<const MenuRow*>(option->styleObject) : nullptr;
 }
 
+/// What cannot be chosen says something all the same: themes make it too faint to read.
 QColor textColour(const QStyleOptionMenuItem& option) {
-    const bool isEnabled = option.state & QStyle::State_Enabled;
-    const bool isSelected = isEnabled && (option.state & QStyle::State_Selected);
-    return option.palette.color(isEnabled ? QPalette::Active : QPalette::Disabled,
-                                isSelected ? QPalette::HighlightedText : QPalette::Text);
+    const auto& palette = option.palette;
+    const auto text = palette.color(QPalette::Active, QPalette::Text);
+    if (!(option.state & QStyle::State_Enabled)) {
+        return between(palette.color(QPalette::Active, QPalette::Base), text, kDisabledShade);
+    }
+    return option.state & QStyle::State_Selected
+               ? palette.color(QPalette::Active, QPalette::HighlightedText)
+               : text;
+}
+
+/// The style's own is as dark as a dark ground.
+void drawSeparator(const QStyleOptionMenuItem& option, QPainter& painter) {
+    const auto& palette = option.palette;
+    const auto middle = option.rect.center().y();
+    painter.fillRect(
+        QRect(option.rect.left() + kMargin / 2, middle, option.rect.width() - kMargin, 1),
+        between(palette.color(QPalette::Base), palette.color(QPalette::Text), kSeparatorShade));
 }
 
 /// The image's own size, at the right end of the column.
@@ -64,7 +79,7 @@ QSize MenuStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
                                   const QWidget* widget) const {
     const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
     const auto* row = type == CT_MenuItem ? rowOf(item) : nullptr;
-    if (!row) {
+    if (!row || row->isSeparator()) {
         return VisibleBoxes::sizeFromContents(type, option, size, widget);
     }
     const auto& metrics = item->fontMetrics;
@@ -89,6 +104,10 @@ void MenuStyle::drawControl(ControlElement element, const QStyleOption* option, 
     const auto* row = element == CE_MenuItem ? rowOf(item) : nullptr;
     if (!row) {
         VisibleBoxes::drawControl(element, option, painter, widget);
+        return;
+    }
+    if (row->isSeparator()) {
+        drawSeparator(*item, *painter);
         return;
     }
     painter->save();
