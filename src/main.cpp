@@ -17,6 +17,7 @@
 #include "desktop/linux/linux_program.h"
 #include "desktop/linux/running_place.h"
 #include "desktop/linux/termination_signals.h"
+#include "desktop/qt/key_events.h"
 #include "desktop/qt/qt_application_icons.h"
 #include "desktop/qt/qt_images.h"
 #include "desktop/qt/qt_main_loop.h"
@@ -154,7 +155,7 @@ struct Adapters {
     QtApplicationIcons icons;
     QtImages images;
     QtStatusItem statusItem;
-    ExportedMenu exportedMenu;
+    ExportedMenu exportedMenu{heldModifierFlags};
     Registration iconShown =
         statusItem.onShownChange([this] { exportedMenu.publishForToolkitItem(); });
     QtMenuView menuView;

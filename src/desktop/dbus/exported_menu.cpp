@@ -12,10 +12,11 @@ namespace {
 
 constexpr int kRoot = 0;
 
-// What the toolkit calls the connection of its first item, and where that says it has no menu: some
-// panels, such as mate-panel, take the path for one.
+// What the toolkit calls the connection of its first item, where that says that its menu is, and
+// where it says that it has none: some panels, such as mate-panel, take that path for one.
 constexpr const char* kItemConnection = "org.kde.StatusNotifierItem-%1-1";
 constexpr const char* kNoMenuPath = "/NO_DBUSMENU";
+constexpr const char* kMenuPath = "/MenuBar";
 
 /// "_" stands there before the letter that chooses an item, and twice for itself.
 QString busLabel(const std::string& title) {
@@ -71,7 +72,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, BusMenuEvent& eve
     return argument;
 }
 
-ExportedMenu::ExportedMenu() {
+ExportedMenu::ExportedMenu(HeldModifiers heldModifiers) : heldModifiers_(std::move(heldModifiers)) {
     qDBusRegisterMetaType<BusMenuItem>();
     qDBusRegisterMetaType<BusMenuProperties>();
     qDBusRegisterMetaType<QList<BusMenuProperties>>();
@@ -86,8 +87,12 @@ void ExportedMenu::exportMenu(Handlers handlers) {
 
 void ExportedMenu::publishForToolkitItem() {
     QDBusConnection item(QString(kItemConnection).arg(QCoreApplication::applicationPid()));
-    if (item.isConnected()) {
-        item.registerObject(kNoMenuPath, this,
+    if (!item.isConnected()) {
+        return;
+    }
+    for (const char* path : {kNoMenuPath, kMenuPath}) {
+        item.unregisterObject(path); // the toolkit may have put an empty one there
+        item.registerObject(path, this,
                             QDBusConnection::ExportScriptableContents |
                                 QDBusConnection::ExportAllProperties);
     }
@@ -175,7 +180,7 @@ void ExportedMenu::Event(int id, const QString& name, const QDBusVariant& /*data
     if (name == "clicked" && line != lines_.end() && line->second.item &&
         line->second.item->canBeChosen() && line->second.item->action) {
         const auto item = line->second.item; // the action may bring the menu up to date
-        item->action({});
+        item->action({heldModifiers_()});
     }
 }
 

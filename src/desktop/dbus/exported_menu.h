@@ -9,6 +9,8 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 
@@ -48,12 +50,16 @@ class ExportedMenu : public QObject, protected QDBusContext, public MenuExporter
     Q_PROPERTY(QStringList IconThemePath READ iconThemePath)
 
 public:
-    ExportedMenu();
+    /// What is held now, in the application's form.
+    using HeldModifiers = std::function<std::uint64_t()>;
+
+    explicit ExportedMenu(HeldModifiers heldModifiers);
 
     void exportMenu(Handlers handlers) override;
 
-    /// Puts the menu where panels look for it that do not know that the toolkit's item has none.
-    /// Nothing while the item is not on the bus.
+    /// Puts the menu where panels look for it: where the toolkit's item says that its menu is, and
+    /// where panels look that do not know that it has none. Nothing while the item is not on the
+    /// bus.
     void publishForToolkitItem();
 
     uint version() const { return 3; }
@@ -91,6 +97,7 @@ private:
     QVariantMap propertiesOf(int id) const;
     BusMenuItem layoutOf(int id, int depth) const;
 
+    HeldModifiers heldModifiers_;
     Handlers handlers_;
     std::map<int, Line> lines_;
     int lastId_ = 0;

@@ -10,10 +10,10 @@ TEST(ExportedMenu, ShowsThePanelTheMenuAsItIsAndDoesWhatIsChosen) {
     int chosen = 0;
     const auto item = std::make_shared<MenuItem>();
     item->title = "Save “a_b” & more";
-    item->action = [&](const MenuChoice&) { ++chosen; };
+    item->action = [&](const MenuChoice& choice) { chosen += choice.modifierFlags == 0x80000; };
     menu.insertItems({separatorItemWithTag(0), item}, 0);
     int timesClosed = 0;
-    ExportedMenu exported;
+    ExportedMenu exported([] { return std::uint64_t{0x80000}; });
     exported.exportMenu({[&]() -> const Menu& { return menu; }, [&] { ++timesClosed; }});
     const auto layout = [&] {
         BusMenuItem root;
