@@ -4,6 +4,7 @@
 #include "desktop/dbus/application_service.h"
 #include "desktop/dbus/exported_menu.h"
 #include "desktop/dbus/notifier_hosts.h"
+#include "desktop/dbus/portal_colour_scheme.h"
 #include "desktop/dbus/running_instance.h"
 #include "desktop/dbus/session_bus.h"
 #include "desktop/freedesktop/autostart_entry.h"
@@ -16,12 +17,15 @@
 #include "desktop/linux/linux_program.h"
 #include "desktop/linux/running_place.h"
 #include "desktop/linux/termination_signals.h"
+#include "desktop/qt/key_events.h"
 #include "desktop/qt/qt_application_icons.h"
+#include "desktop/qt/qt_images.h"
 #include "desktop/qt/qt_main_loop.h"
 #include "desktop/qt/qt_menu_view.h"
 #include "desktop/qt/qt_status_item.h"
 #include "desktop/qt/qt_text_services.h"
 #include "desktop/qt/qt_views.h"
+#include "desktop/qt/theme_colours.h"
 #include "desktop/qt/toolkit_exit_status.h"
 #include "desktop/shared/absent_services.h"
 #include "desktop/x11/x11_desktop.h"
@@ -104,11 +108,13 @@ struct Process {
 
 /// What goes with the desktop's own adapters.
 struct Adapters {
-    Adapters(X11Desktop& desktop, SessionBus& bus, const ProgramInformation& program)
+    Adapters(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus,
+             const ProgramInformation& program)
         : sounds(desktop.beeper), application(bus, program.bundleIdentifier()), notifierHosts(bus),
-          icons(desktop.icons), statusItem({notifierHosts, desktop.tray}, desktop.brightness,
-                                           desktop.displays, desktop.workAreas),
-          views(desktop.nativeKeyCodes, desktop.ownWindows) {}
+          colourScheme(bus), colours(colourScheme), icons(desktop.icons, mainLoop),
+          statusItem({notifierHosts, desktop.tray}, desktop.brightness, desktop.displays,
+                     desktop.workAreas),
+          menuView(desktop.nativeKeyCodes), views(desktop.nativeKeyCodes, desktop.ownWindows) {}
 
     Ports portsOf(X11Desktop& desktop, MainLoop& mainLoop, const Process& process) {
         return {.accessibility = desktop.accessibility,
@@ -119,6 +125,7 @@ struct Adapters {
                 .crashReporter = crashReporter,
                 .displays = desktop.displays,
                 .hotKeys = desktop.hotKeys,
+                .images = images,
                 .keyboardLayout = desktop.keyboardLayout,
                 .loginItems = loginItems,
                 .mainLoop = mainLoop,
@@ -143,9 +150,12 @@ struct Adapters {
     NoSoftwareUpdater softwareUpdater;
     ApplicationService application;
     NotifierHosts notifierHosts;
+    PortalColourScheme colourScheme;
+    ThemeColours colours;
     QtApplicationIcons icons;
+    QtImages images;
     QtStatusItem statusItem;
-    ExportedMenu exportedMenu;
+    ExportedMenu exportedMenu{heldModifierFlags};
     Registration iconShown =
         statusItem.onShownChange([this] { exportedMenu.publishForToolkitItem(); });
     QtMenuView menuView;
@@ -153,7 +163,7 @@ struct Adapters {
 };
 
 int runOn(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus, const Process& process) {
-    Adapters adapters(desktop, bus, process.program);
+    Adapters adapters(desktop, mainLoop, bus, process.program);
     const Ports ports = adapters.portsOf(desktop, mainLoop, process);
     const SharedInstances shared(ports, process.lock);
     AppDelegate delegate(ports, {adapters.views, adapters.menuView, adapters.exportedMenu});

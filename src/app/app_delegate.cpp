@@ -134,7 +134,7 @@ void AppDelegate::checkForUpdatesInBackground() {
 }
 
 void AppDelegate::sendFeedback() {
-    ports_.workspace.openUrl(kFeedbackUrl);
+    ports_.workspace.openUrl(feedbackUrl(ports_.program));
 }
 
 void AppDelegate::crash() {
@@ -142,7 +142,7 @@ void AppDelegate::crash() {
 }
 
 void AppDelegate::openFAQ() {
-    ports_.workspace.openUrl(kFAQUrl);
+    ports_.workspace.openUrl(faqUrl(ports_.program));
     tracking_.trackEvent(kOpenFAQEvent);
 }
 

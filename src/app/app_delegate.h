@@ -43,12 +43,12 @@ public:
     /// Opens the settings window, which is made the first time.
     void settings() override;
     void runAtStartup() override;
-    void restoreWindowStates();
+    void restoreWindowStates() override;
     void quit() override;
     void checkForUpdates() override;
     void checkForUpdatesInBackground();
     void sendFeedback() override;
-    void openFAQ();
+    void openFAQ() override;
     void crash() override;
 
 private:

@@ -1,14 +1,19 @@
 #pragma once
 
+#include "base/geometry.h"
+
 #include <memory>
 
 namespace panewright {
 
-/// A picture of the desktop's toolkit. Only its type is known here: the layer that draws makes it
-/// and the view that shows it knows what it is.
+/// A picture of the desktop's toolkit. Only the adapter of the images port makes one and looks
+/// inside; to all others it is a size and something to show.
 class Image {
 public:
     virtual ~Image() = default;
+
+    /// In points.
+    virtual Size size() const = 0;
 };
 
 using ImagePtr = std::shared_ptr<const Image>;

@@ -9,9 +9,11 @@ public:
 
     virtual void settings() = 0;
     virtual void runAtStartup() = 0;
+    virtual void restoreWindowStates() = 0;
     virtual void quit() = 0;
     virtual void checkForUpdates() = 0;
     virtual void sendFeedback() = 0;
+    virtual void openFAQ() = 0;
     virtual void crash() = 0;
 };
 

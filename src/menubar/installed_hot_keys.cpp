@@ -3,6 +3,7 @@
 #include "menubar/hot_key_collisions.h"
 #include "model/model.h"
 #include "shortcuts/carbon_event_manager.h"
+#include "shortcuts/modifier_flags.h"
 
 namespace panewright {
 namespace {
@@ -31,6 +32,7 @@ HotKeyChange hotKeyChangeAt(HotKeyOccasion occasion, bool isSavePopoverShown) {
     case HotKeyOccasion::kStart:
     case HotKeyOccasion::kMenuOpened:
     case HotKeyOccasion::kStateRemoved:
+    case HotKeyOccasion::kStatesRestored:
     case HotKeyOccasion::kSettingsChanged:
     case HotKeyOccasion::kSavingFinished:
         return HotKeyChange::kInstall;
@@ -42,14 +44,29 @@ void installHotKeys(const Model& model, const std::optional<RunningApplication>&
                     const std::shared_ptr<CarbonKeyEvent>& moveToNextDisplay) {
     auto& registry = CarbonEventManager::sharedManager();
     registry.removeAllEvents();
-    for (const auto& state : statesWithoutCollisions({statesIn(model.defaultWindowStates()),
-                                                      statesIn(model.globalWindowStates()),
-                                                      statesOf(frontmost, model)})) {
+    for (const auto& state : statesWithoutCollisions(applicableWindowStates(model, frontmost))) {
         state->installKeyEvent();
     }
     if (moveToNextDisplay) {
         registry.addCarbonKeyEvent(moveToNextDisplay);
     }
+}
+
+std::vector<WindowStateArray>
+applicableWindowStates(const Model& model, const std::optional<RunningApplication>& frontmost) {
+    return {statesIn(model.defaultWindowStates()), statesIn(model.globalWindowStates()),
+            statesOf(frontmost, model)};
+}
+
+std::shared_ptr<CarbonKeyEvent> installedHotKey(const KeyEvent& key) {
+    const auto held = key.modifierFlags & kShortcutModifiers;
+    for (const auto& [number, event] : CarbonEventManager::sharedManager().keyEvents()) {
+        if (event->keyCode() == key.keyCode &&
+            (event->modifierFlags() & kShortcutModifiers) == held) {
+            return event;
+        }
+    }
+    return nullptr;
 }
 
 void releaseHotKeys() {

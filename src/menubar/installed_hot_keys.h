@@ -1,13 +1,15 @@
 #pragma once
 
+#include "model/window_state.h"
+#include "platform/key_event.h"
 #include "platform/workspace.h"
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace panewright {
 
-class CarbonKeyEvent;
 class Model;
 
 /// What may change which hot keys are installed.
@@ -16,6 +18,7 @@ enum class HotKeyOccasion {
     kActivation, // of another program
     kMenuOpened,
     kStateRemoved,
+    kStatesRestored,
     kSettingsChanged,
     kSavingBegun,
     kSavingFinished,  // by saving or cancelling
@@ -34,6 +37,14 @@ HotKeyChange hotKeyChangeAt(HotKeyOccasion occasion, bool isSavePopoverShown);
 /// wins over all. Without an application its own states are none.
 void installHotKeys(const Model& model, const std::optional<RunningApplication>& frontmost,
                     const std::shared_ptr<CarbonKeyEvent>& moveToNextDisplay);
+
+/// The states that apply while the application is frontmost: the built-in ones, the global ones and
+/// its own, from the weakest claim on a hot key to the strongest.
+std::vector<WindowStateArray>
+applicableWindowStates(const Model& model, const std::optional<RunningApplication>& frontmost);
+
+/// The installed hot key of that key and those modifiers, lock keys aside; null if there is none.
+std::shared_ptr<CarbonKeyEvent> installedHotKey(const KeyEvent& key);
 
 /// Lets all of them go.
 void releaseHotKeys();

@@ -13,6 +13,7 @@
 #include "services/product_website.h"
 #include "services/workspace_additions.h"
 #include "shortcuts/carbon_event_manager.h"
+#include "shortcuts/modifier_flags.h"
 #include "ui/shortcut_remark.h"
 
 #include <utility>
@@ -45,10 +46,7 @@ StatusItemController::StatusItemController(const Ports& ports, const Views& view
           {ports.accessibility, ports.displays, ports.workspace, ports.program})),
       placer_({ports.accessibility, ports.displays, ports.workspace, ports.program, ports.beeper,
                usage_, shortcutText_},
-              *tracking_),
-      menu_(ports.text, {[this] { saveWindowPosition(); }, [this] { moveToNextDisplay(nullptr); },
-                         [this] { actions_.settings(); }, [this] { actions_.runAtStartup(); },
-                         [this] { actions_.quit(); }}) {}
+              *tracking_) {}
 
 void StatusItemController::startStatusItem() {
     if (std::exchange(started_, true)) {
@@ -69,10 +67,11 @@ void StatusItemController::showStatusItem() {
                                    self->clicked(click);
                                }
                            });
-    views_.exportedMenu.exportMenu([this]() -> const Menu& {
-        menuNeedsUpdate();
-        return menu_.menu;
-    });
+    views_.exportedMenu.exportMenu({[this]() -> const Menu& {
+                                        menu_->menuNeedsUpdate(false);
+                                        return menu_->statusItemMenu();
+                                    },
+                                    [this] { menu_->menuDidClose(); }});
     statusItemChanges_ = ports_.statusItem.onShownChange([this] { lookForStatusItemLater(); });
     lookForStatusItemLater();
 }
@@ -91,10 +90,12 @@ void StatusItemController::logIfNotShown() const {
 void StatusItemController::awakeFromNib() {
     setupModel();
     setupStartupItem();
+    setupMenu();
     setupUI();
     setupCarbonEventManager();
     setupNotifications();
     setupSavePopover();
+    setupMenuItems();
 }
 
 void StatusItemController::setupModel() {
@@ -105,6 +106,29 @@ void StatusItemController::setupStartupItem() {
     startupItem_.emplace(ports_.loginItems, ports_.program.executablePath(), kLaunchAgentFileName,
                          kLaunchAgentLabel);
     startupItem_->updateExecutablePath();
+}
+
+void StatusItemController::setupMenu() {
+    const FixedMenuItems::Actions fixedActions{
+        .saveWindowPosition = [this] { saveWindowPosition(); },
+        .moveToNextDisplay = [this] { moveToNextDisplay(nullptr); },
+        .settings = [this] { actions_.settings(); },
+        .runAtStartup = [this] { actions_.runAtStartup(); },
+        .restoreWindowStates = [this] { restoreWindowStates(); },
+        .checkForUpdates = [this] { checkForUpdates(); },
+        .sendFeedback = [this] { sendFeedback(); },
+        .openFAQ = [this] { actions_.openFAQ(); },
+        .crash = [this] { crash(); },
+        .quit = [this] { actions_.quit(); }};
+    menu_.emplace(
+        StatusMenu::Services{ports_.applicationIcons, ports_.displays, ports_.hotKeys,
+                             ports_.images, ports_.mainLoop, ports_.text, shortcutText_, usage_,
+                             *model_, *tracking_},
+        StatusMenu::Actions{[this] { updateHotKeys(HotKeyOccasion::kMenuOpened); },
+                            [this](const auto& state) { applyWindowStateToActiveWindow(state); },
+                            [this](const auto& state) { editWindowState(state); },
+                            [this](const auto& state) { removeWindowState(state); }},
+        FixedMenuItems(ports_.text, ports_.program, ports_.softwareUpdater, fixedActions));
 }
 
 void StatusItemController::setupUI() {
@@ -131,24 +155,30 @@ void StatusItemController::setupSavePopover() {
         *tracking_);
 }
 
+void StatusItemController::setupMenuItems() {
+    removeFromContainingMenu(*menu_->fixedItems().crashItem);
+}
+
 PopoverAnchor StatusItemController::anchor() const {
     return statusItemAnchor(ports_.statusItem, ports_.displays, ports_.workAreas,
                             tracking_->currentDisplay());
 }
 
-void StatusItemController::clicked(const StatusItemClick& /*click*/) {
-    menuNeedsUpdate();
-    views_.menu.popUp(menu_.menu, anchor());
+void StatusItemController::clicked(const StatusItemClick& click) {
+    views_.menu.close(); // so that its clean-up does not come while the next one is open
+    menu_->menuNeedsUpdate(click.isRightButton || (click.modifierFlags & kOptionFlag) != 0);
+    views_.menu.popUp(menu_->statusItemMenu(), anchor(),
+                      {[this] { menu_->menuDidClose(); },
+                       [this](const KeyEvent& key) { return hotKeyPressed(key); }});
 }
 
-void StatusItemController::menuNeedsUpdate() {
-    tracking_->updateApplicationTracking();
-    updateHotKeys(HotKeyOccasion::kMenuOpened);
-    auto& moveItem = *menu_.moveToNextDisplayItem;
-    moveItem.isEnabled = QuartzDisplay::screens(ports_.displays).size() != 1;
-    moveItem.isKeyEquivalentTaken =
-        moveToNextDisplayKey_ && isShortcutTaken(ports_.hotKeys, moveToNextDisplayKey_->keyCode(),
-                                                 moveToNextDisplayKey_->modifierFlags());
+bool StatusItemController::hotKeyPressed(const KeyEvent& key) {
+    const auto event = installedHotKey(key);
+    if (!event || isShortcutTaken(ports_.hotKeys, event->keyCode(), event->modifierFlags())) {
+        return false;
+    }
+    event->invoke(ports_.mainLoop);
+    return true;
 }
 
 void StatusItemController::workspaceDidActiveApplication() {
@@ -184,16 +214,7 @@ void StatusItemController::addEventHandlers() {
                                          &StatusItemController::moveToNextDisplay);
     }
     installHotKeys(*model_, tracking_->currentApplication(), moveToNextDisplayKey_);
-    showMoveToNextDisplayKey();
-}
-
-void StatusItemController::showMoveToNextDisplayKey() {
-    auto& item = *menu_.moveToNextDisplayItem;
-    const auto& key = moveToNextDisplayKey_;
-    item.keyEquivalent =
-        key ? shortcutText_.keyEquivalentForKeyCode(static_cast<std::uint16_t>(key->keyCode()))
-            : "";
-    item.keyEquivalentModifierMask = key ? key->modifierFlags() : 0;
+    menu_->showMoveToNextDisplayKey(moveToNextDisplayKey_.get());
 }
 
 void StatusItemController::moveToNextDisplay(const std::shared_ptr<CarbonKeyEvent>& /*sender*/) {
@@ -244,6 +265,10 @@ void StatusItemController::removeWindowState(const std::shared_ptr<WindowState>&
     updateHotKeys(HotKeyOccasion::kStateRemoved);
 }
 
+void StatusItemController::editWindowState(const std::shared_ptr<WindowState>& /*state*/) {
+    ports_.beeper.beep();
+}
+
 void StatusItemController::saveWindowPosition() {
     if (!isFrameSettable(tracking_->windowElement(), kSizeThenPosition)) {
         ports_.beeper.beep();
@@ -271,6 +296,11 @@ void StatusItemController::abandonSavingWindowState() {
     savePopover_->close();
 }
 
+void StatusItemController::restoreWindowStates() {
+    actions_.restoreWindowStates();
+    updateHotKeys(HotKeyOccasion::kStatesRestored);
+}
+
 void StatusItemController::sendFeedback() {
     actions_.sendFeedback();
 }
@@ -282,7 +312,7 @@ void StatusItemController::checkForUpdates() {
 
 /// Unlike the program's own action sends no event.
 void StatusItemController::openFAQ() {
-    ports_.workspace.openUrl(kFAQUrl);
+    ports_.workspace.openUrl(faqUrl(ports_.program));
 }
 
 void StatusItemController::crash() {

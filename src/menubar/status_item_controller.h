@@ -41,8 +41,8 @@ public:
     FocusTracking& tracking() { return *tracking_; }
     const LaunchAgentStartupItem& launchAgentStartupItem() const { return *startupItem_; }
     /// Whether the start-at-login item is checked.
-    void setStartupItemState(bool on) { menu_.startupItem->isChecked = on; }
-    const MenuItem& moveToNextDisplayItem() const { return *menu_.moveToNextDisplayItem; }
+    void setStartupItemState(bool on) { menu_->fixedItems().startupItem->isChecked = on; }
+    StatusMenu& menu() { return *menu_; }
 
     /// Sets everything up, shows the status item and, with an application known already, tracks it
     /// and installs the hot keys. Once only: repeating does nothing. The store is loaded here.
@@ -68,6 +68,9 @@ public:
     /// Only adds: the caller saves and refreshes the hot keys.
     void addWindowState(const std::shared_ptr<WindowState>& state) override;
 
+    /// Beeps: a state cannot be edited yet.
+    void editWindowState(const std::shared_ptr<WindowState>& state);
+
     /// Removes and saves, and gives the hot key that the state overrode back to its owner. Null
     /// removes nothing.
     void removeWindowState(const std::shared_ptr<WindowState>& state);
@@ -77,6 +80,8 @@ public:
     void abandonSavingWindowState() override;
 
     // Actions that concern the whole program and are passed on to it.
+    /// Installs the hot keys of the built-in states too.
+    void restoreWindowStates();
     void sendFeedback();
     void checkForUpdates();
     void openFAQ();
@@ -89,23 +94,24 @@ private:
 
     void awakeFromNib();
     void setupModel();
+    void setupMenu();
     void setupStartupItem();
     void setupUI();
     void setupCarbonEventManager();
     void setupNotifications();
     void setupSavePopover();
+    void setupMenuItems();
     void showStatusItem();
     void lookForStatusItemLater();
     void logIfNotShown() const;
     void clicked(const StatusItemClick& click);
-    /// Brings everything that the menu shows up to date.
-    void menuNeedsUpdate();
+    /// A key in the open menu; true when it is that of a hot key, which then does its work.
+    bool hotKeyPressed(const KeyEvent& key);
     void workspaceDidActiveApplication();
     void updateHotKeys(HotKeyOccasion occasion);
     /// Takes the tracked window as it is now into an open save popover.
     void updateSaveShortcutViewControllerIfOpen();
     PopoverAnchor anchor() const;
-    void showMoveToNextDisplayKey();
     bool applyFirst(std::string_view name, std::optional<std::string_view> applicationName);
 
     Ports ports_;
@@ -115,9 +121,9 @@ private:
     ShortcutText shortcutText_;
     std::shared_ptr<FocusTracking> tracking_;
     ActiveWindowPlacer placer_;
-    StatusMenu menu_;
-    std::optional<SavePopover> savePopover_;
     Model* model_ = nullptr;
+    std::optional<StatusMenu> menu_;
+    std::optional<SavePopover> savePopover_;
     std::optional<LaunchAgentStartupItem> startupItem_;
     /// Null while none is set.
     std::shared_ptr<CarbonKeyEvent> moveToNextDisplayKey_;

@@ -1,30 +1,103 @@
 #pragma once
 
+#include "base/registration.h"
+#include "menubar/fixed_menu_items.h"
+#include "menubar/focus_tracking.h"
 #include "menubar/menu.h"
+#include "model/window_state.h"
+#include "platform/displays.h"
+#include "platform/hot_keys.h"
+#include "platform/main_loop.h"
 #include "platform/text_services.h"
+#include "services/tracking.h"
+#include "shortcuts/shortcut_text.h"
+#include "ui/window_state_images.h"
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace panewright {
 
-/// The status item's menu and those of its items that change.
-struct StatusMenu {
+class Model;
+
+/// The tag of all that stands in the menu only while it is open, and of nothing else.
+inline constexpr std::int64_t kInsertedItemTag = 210;
+/// Where that begins.
+inline constexpr std::size_t kInsertedItemIndex = 3;
+
+/// The status item's menu: its fixed items, and between these the saved states, which are put in
+/// when the menu opens and go half a second after it has closed. Main thread only.
+class StatusMenu {
+public:
+    /// All of it must outlive the menu.
+    struct Services {
+        ApplicationIcons& icons;
+        const Displays& displays;
+        const HotKeys& hotKeys;
+        Images& images;
+        MainLoop& mainLoop;
+        const TextServices& text;
+        ShortcutText shortcutText;
+        Tracking tracking;
+        const Model& model;
+        FocusTracking& focus;
+    };
     struct Actions {
-        std::function<void()> saveWindowPosition;
-        std::function<void()> moveToNextDisplay;
-        std::function<void()> settings;
-        std::function<void()> runAtStartup;
-        std::function<void()> quit;
+        using OnState = std::function<void(const std::shared_ptr<WindowState>&)>;
+
+        std::function<void()> addEventHandlers;
+        OnState applyWindowStateToActiveWindow;
+        OnState editWindowState;
+        OnState removeWindowState;
     };
 
-    StatusMenu(const TextServices& text, const Actions& actions);
+    StatusMenu(const Services& services, Actions actions, FixedMenuItems fixedItems);
 
-    std::shared_ptr<MenuItem> saveItem;
-    std::shared_ptr<MenuItem> moveToNextDisplayItem;
-    /// Checked while the program starts at login.
-    std::shared_ptr<MenuItem> startupItem;
-    Menu menu;
+    const Menu& statusItemMenu() const { return *menu_; }
+    const FixedMenuItems& fixedItems() const { return fixed_; }
+
+    /// To be called when the menu is about to open: brings what it shows, and the hot keys, up to
+    /// date with the application that is frontmost then. `flat` puts the states of applications
+    /// one below the other instead of in a submenu for each application.
+    void menuNeedsUpdate(bool flat);
+    /// To be called when it has closed.
+    void menuDidClose();
+    /// Takes out what is there only while the menu is open.
+    void removeMenuItems();
+
+    void rebuildMenuFlat(bool flat);
+
+    /// An item for the application of the states, with a submenu of them in their order, which
+    /// begins with the application's bundle identifier if that is included. There must be one.
+    std::shared_ptr<MenuItem> itemWithMenuForKeyEvents(const WindowStateArray& states,
+                                                       bool includeAppBundle);
+
+    /// Applies the item's state; with Option edits it, with Option and Shift deletes it and the
+    /// item.
+    void onMenuItemClicked(MenuItem& item, const MenuChoice& choice);
+
+    /// Shows the key beside its item; null for none.
+    void showMoveToNextDisplayKey(const CarbonKeyEvent* key);
+
+private:
+    MenuItems quickItems();
+    void addApplications(MenuItems& section, bool flat);
+    void addFlat(MenuItems& section, const WindowStates& states);
+    void addGrouped(MenuItems& section, const WindowStates& states);
+    std::shared_ptr<MenuItem> stateItem(const std::shared_ptr<WindowState>& state, ImagePtr image);
+    std::shared_ptr<MenuItem> titleItem(std::string title) const;
+    std::shared_ptr<MenuItem> helpItem() const;
+    MenuShortcut shortcutOf(const CarbonKeyEvent& key) const;
+    void markTakenShortcuts();
+
+    Services services_;
+    Actions actions_;
+    FixedMenuItems fixed_;
+    const std::unique_ptr<Menu> menu_ = std::make_unique<Menu>();
+    /// Made anew for each opening.
+    WindowStateImages images_;
+    Registration destroyMenuTimer_;
 };
 
 } // namespace panewright

@@ -10,6 +10,7 @@ class Beeper;
 class CrashReporter;
 class Displays;
 class HotKeys;
+class Images;
 class KeyboardLayout;
 class LoginItemFormat;
 class MainLoop;
@@ -34,6 +35,7 @@ struct Ports {
     CrashReporter& crashReporter;
     Displays& displays;
     HotKeys& hotKeys;
+    Images& images;
     const KeyboardLayout& keyboardLayout;
     const LoginItemFormat& loginItems;
     MainLoop& mainLoop;

@@ -16,6 +16,10 @@ public:
     virtual std::string shortVersion() const = 0;
     virtual std::string buildVersion() const = 0;
 
+    /// The address of the site that the product's pages are on, such as "https://example.org";
+    /// empty if it has none.
+    virtual std::string website() const = 0;
+
     /// The file name of the program.
     virtual std::string executableName() const = 0;
 

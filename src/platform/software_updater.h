@@ -10,6 +10,9 @@ class SoftwareUpdater {
 public:
     virtual ~SoftwareUpdater() = default;
 
+    /// Whether anybody looks for newer versions at all.
+    virtual bool isAvailable() const = 0;
+
     /// Called on the main loop before the updater shows a window of its own; replaces the handler
     /// set before, and an empty one ends it.
     virtual void setWillShowHandler(std::function<void()> handler) = 0;

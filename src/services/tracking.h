@@ -27,6 +27,7 @@ constexpr std::string_view kCheckForUpdatesEvent = "CheckForUpdates";
 constexpr std::string_view kInstallStartupItemEvent = "InstallStartupItem";
 constexpr std::string_view kMoveToNextDisplayEvent = "MoveToNextDisplay";
 constexpr std::string_view kOpenFAQEvent = "OpenFAQ";
+constexpr std::string_view kOpenMenuEvent = "OpenMenu";
 constexpr std::string_view kPreferencesFAQEvent = "PreferencesFAQ";
 constexpr std::string_view kPreferencesFeedbackEvent = "PreferencesFeedback";
 constexpr std::string_view kPreferencesWebsiteEvent = "PreferencesWebsite";

@@ -1,5 +1,6 @@
 #include "shortcuts/shortcut_text.h"
 
+#include "shortcuts/carbon_event_manager.h"
 #include "shortcuts/modifier_flags.h"
 
 #include <algorithm>
@@ -64,6 +65,11 @@ std::string_view fixedName(std::uint64_t keyCode) {
                                                                      : std::string_view();
 }
 
+std::uint32_t hotKeyForm(std::uint64_t modifierFlags) {
+    return static_cast<std::uint32_t>(
+        CarbonEventManager::cocoaToCarbonModifierFlags(modifierFlags));
+}
+
 } // namespace
 
 std::string modifierSymbols(std::uint64_t modifierFlags) {
@@ -93,9 +99,13 @@ std::string ShortcutText::stringForRawKeyCode(std::uint16_t keyCode) const {
     return text_.upperCased(layout_.displayText(keyCode));
 }
 
-std::string ShortcutText::keyEquivalentForKeyCode(std::uint16_t keyCode) const {
-    const auto raw = stringForRawKeyCode(keyCode);
-    return text_.trimmedOfWhitespace(raw).empty() ? stringFromKeyCode(keyCode, 0) : raw;
+std::string ShortcutText::shortcutInWords(std::uint64_t keyCode,
+                                          std::uint64_t modifierFlags) const {
+    return layout_.inWords(static_cast<std::uint32_t>(keyCode), hotKeyForm(modifierFlags));
+}
+
+std::string ShortcutText::modifierInWords(std::uint64_t modifierFlag) const {
+    return layout_.modifierInWords(hotKeyForm(modifierFlag));
 }
 
 } // namespace panewright

@@ -28,9 +28,11 @@ public:
     /// nothing.
     std::string stringForRawKeyCode(std::uint16_t keyCode) const;
 
-    /// The key as a menu shows it: by its raw name, and where that shows nothing, as for Space and
-    /// the function keys, by the name that it has in a shortcut.
-    std::string keyEquivalentForKeyCode(std::uint16_t keyCode) const;
+    /// The shortcut for whoever hears it, such as "Alt+2".
+    std::string shortcutInWords(std::uint64_t keyCode, std::uint64_t modifierFlags) const;
+
+    /// What people call the modifier, such as "Alt" for Option.
+    std::string modifierInWords(std::uint64_t modifierFlag) const;
 
 private:
     const KeyboardLayout& layout_;

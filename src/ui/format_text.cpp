@@ -11,6 +11,11 @@ std::string textWith(std::string text, const std::string& replacement) {
                                       : text.replace(place, kPlaceholder.size(), replacement);
 }
 
+std::string versionText(const ProgramInformation& program, const TextServices& text) {
+    return textWith(textWith(text.localized("Version: %@.%@"), program.shortVersion()),
+                    program.buildVersion());
+}
+
 void localizeLabels(QFShortcutRecorder& recorder, const TextServices& text) {
     recorder.setDefaultLabel(text.localized(recorder.defaultLabel().c_str()));
     recorder.setWaitingForKeysLabel(text.localized(recorder.waitingForKeysLabel().c_str()));

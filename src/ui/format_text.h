@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/program_information.h"
 #include "platform/text_services.h"
 #include "shortcuts/qf_shortcut_recorder.h"
 
@@ -9,6 +10,9 @@ namespace panewright {
 
 /// The text with the first "%@" in it replaced.
 std::string textWith(std::string text, const std::string& replacement);
+
+/// The program's version and the number of its build, as people are told them.
+std::string versionText(const ProgramInformation& program, const TextServices& text);
 
 /// Puts the recorder's own labels into the user's language.
 void localizeLabels(QFShortcutRecorder& recorder, const TextServices& text);

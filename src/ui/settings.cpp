@@ -23,10 +23,8 @@ void Settings::awakeFromNib() {
     view_->setStartupItem(services_.launchAgentStartupItem.isInstalled());
     recorder_.setDelegate(weak_from_this());
     showStoredShortcut();
-    const auto& program = services_.program;
-    view_->setVersion(
-        textWith(textWith(services_.text.localized("Version: %@.%@"), program.shortVersion()),
-                 program.buildVersion()));
+    view_->setVersion(versionText(services_.program, services_.text));
+    view_->setWebsiteShown(!services_.program.website().empty());
     view_->setAllowMoveWindow(services_.model.allowWindowStateShortcutsToMoveWindowNextDisplay());
     showSavingUnlessInStatusBar();
     statusItemChanges_ =
@@ -94,17 +92,17 @@ void Settings::restoreDefaultWindowStates() {
 
 void Settings::feedback() {
     services_.tracking.trackEvent(kPreferencesFeedbackEvent);
-    services_.workspace.openUrl(kFeedbackUrl);
+    services_.workspace.openUrl(feedbackUrl(services_.program));
 }
 
 void Settings::faq() {
     services_.tracking.trackEvent(kPreferencesFAQEvent);
-    services_.workspace.openUrl(kFAQUrl);
+    services_.workspace.openUrl(faqUrl(services_.program));
 }
 
 void Settings::website() {
     services_.tracking.trackEvent(kPreferencesWebsiteEvent);
-    services_.workspace.openUrl(kWebsiteUrl);
+    services_.workspace.openUrl(websiteUrl(services_.program));
 }
 
 } // namespace panewright

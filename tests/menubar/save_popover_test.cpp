@@ -32,7 +32,7 @@ protected:
 
     void saveFromMenu() {
         desktop().statusItem.click();
-        EXPECT_TRUE(desktop().menuView.choose("&Save Current Window…"));
+        EXPECT_TRUE(desktop().menuView.choose("Save Current Window…"));
         desktop().mainLoop.runPending();
     }
     void record(std::uint16_t keyCode, std::uint64_t flags) {

@@ -133,8 +133,10 @@ TEST_F(StatusItemControllerTest, AppliesStatesByName) {
 }
 
 TEST_F(StatusItemControllerTest, MovesToTheNextDisplayWithItsKeyAndShowsIt) {
-    EXPECT_EQ(controller().moveToNextDisplayItem().keyEquivalent, "N");
-    EXPECT_EQ(controller().moveToNextDisplayItem().keyEquivalentModifierMask, 0x80000U);
+    EXPECT_EQ(controller().menu().fixedItems().moveToNextDisplayItem->shortcut.keyEquivalent, "N");
+    EXPECT_EQ(
+        controller().menu().fixedItems().moveToNextDisplayItem->shortcut.keyEquivalentModifierMask,
+        0x80000U);
     EXPECT_EQ(frameAfter(kNextKey),
               (Rect{1573.3333740234375, 60.000003814697266, 1066.666748046875, 720}));
     EXPECT_THAT(takeEvents(), ElementsAre("MoveToNextDisplay"));
@@ -142,7 +144,7 @@ TEST_F(StatusItemControllerTest, MovesToTheNextDisplayWithItsKeyAndShowsIt) {
     EXPECT_EQ(frameAfter(kNextKey), kMiddle);
     desktop_.userDefaults.removeObjectForKey("MoveToNextWindowKeyEventKeyCode");
     controller().addEventHandlers();
-    EXPECT_EQ(controller().moveToNextDisplayItem().keyEquivalent, "");
+    EXPECT_EQ(controller().menu().fixedItems().moveToNextDisplayItem->shortcut.keyEquivalent, "");
     EXPECT_FALSE(program_.press(kNextKey));
 }
 

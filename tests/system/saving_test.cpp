@@ -62,7 +62,7 @@ protected:
     void openPopover(const TestClient& window) const {
         ASSERT_TRUE(window.isActive());
         openMenu(window);
-        press({"s"});
+        press({"Down", "Return"}); // the first item
         // While the focus changes no window is active, and keys go nowhere.
         ASSERT_TRUE(eventually([&] { return isPopoverActive(); }));
     }
@@ -156,7 +156,7 @@ TEST_P(Saving, GivesTheKeyboardBackWhenItIsCancelled) {
     }
     expectAfter(KEY_2, kLarge, desktop_, window.window());
     openMenu(window);
-    press({"q"});
+    press({"Up", "Return"}); // the last item
     EXPECT_EQ((*program_)->waitForEnd(), 0);
 }
 
@@ -216,7 +216,7 @@ TEST_P(SettingsWindow, IsUsedWithKeysAndMouse) {
     const TestClient window(desktop_.display());
     window.activate();
     openMenu(window);
-    press({"e"});
+    press({"Down", "Down", "Return"}); // past the next display, of which there is none
     ASSERT_TRUE(eventually([&] { return !window.isActive(); }));
     pause();
     press({"alt+p"});

@@ -23,7 +23,7 @@ protected:
     }
     void open() {
         program_.desktop.statusItem.click();
-        EXPECT_TRUE(program_.desktop.menuView.choose("S&ettings…"));
+        EXPECT_TRUE(program_.desktop.menuView.choose("Settings…"));
     }
     MemorySettingsView& view() { return *program_.desktop.views.settings; }
     bool isSet(const char* key) {
@@ -47,8 +47,8 @@ TEST_F(SettingsTest, RecordsTheKeyThatMovesToTheNextDisplay) {
     EXPECT_EQ(program_.desktop.hotKeys.registeredCount(), 5U);
     EXPECT_EQ(view().remark, "Another program uses this shortcut.");
     open();
-    const auto& moveItem = program_.delegate.statusItemController()->moveToNextDisplayItem();
-    EXPECT_TRUE(moveItem.isKeyEquivalentTaken);
+    const auto& menu = program_.delegate.statusItemController()->menu();
+    EXPECT_TRUE(menu.fixedItems().moveToNextDisplayItem->shortcut.isTaken);
     recorder.keyDown({kDelete, 0});
     EXPECT_FALSE(isSet(kKeyCodeKey));
     EXPECT_EQ(program_.desktop.hotKeys.registeredCount(), 4U);

@@ -12,15 +12,15 @@ namespace {
 
 constexpr int kRoot = 0;
 
-// What the toolkit calls the connection of its first item, and where that says it has no menu: some
-// panels, such as mate-panel, take the path for one.
+// What the toolkit calls the connection of its first item, where that says that its menu is, and
+// where it says that it has none: some panels, such as mate-panel, take that path for one.
 constexpr const char* kItemConnection = "org.kde.StatusNotifierItem-%1-1";
 constexpr const char* kNoMenuPath = "/NO_DBUSMENU";
+constexpr const char* kMenuPath = "/MenuBar";
 
-/// The letter that chooses an item stands behind "_" there, and behind "&" here.
+/// "_" stands there before the letter that chooses an item, and twice for itself.
 QString busLabel(const std::string& title) {
-    auto label = QString::fromStdString(title).replace('_', "__");
-    return label.replace("&&", QChar(0)).replace('&', '_').replace(QChar(0), '&');
+    return QString::fromStdString(title).replace('_', "__");
 }
 
 } // namespace
@@ -72,7 +72,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, BusMenuEvent& eve
     return argument;
 }
 
-ExportedMenu::ExportedMenu() {
+ExportedMenu::ExportedMenu(HeldModifiers heldModifiers) : heldModifiers_(std::move(heldModifiers)) {
     qDBusRegisterMetaType<BusMenuItem>();
     qDBusRegisterMetaType<BusMenuProperties>();
     qDBusRegisterMetaType<QList<BusMenuProperties>>();
@@ -81,29 +81,53 @@ ExportedMenu::ExportedMenu() {
     qDBusRegisterMetaType<QList<int>>();
 }
 
-void ExportedMenu::exportMenu(std::function<const Menu&()> bringUpToDate) {
-    bringUpToDate_ = std::move(bringUpToDate);
+void ExportedMenu::exportMenu(Handlers handlers) {
+    handlers_ = std::move(handlers);
 }
 
 void ExportedMenu::publishForToolkitItem() {
     QDBusConnection item(QString(kItemConnection).arg(QCoreApplication::applicationPid()));
-    if (item.isConnected()) {
-        item.registerObject(kNoMenuPath, this,
+    if (!item.isConnected()) {
+        return;
+    }
+    for (const char* path : {kNoMenuPath, kMenuPath}) {
+        item.unregisterObject(path); // the toolkit may have put an empty one there
+        item.registerObject(path, this,
                             QDBusConnection::ExportScriptableContents |
                                 QDBusConnection::ExportAllProperties);
     }
 }
 
 void ExportedMenu::update() {
-    if (bringUpToDate_) {
-        shown_ = bringUpToDate_();
-        ++revision_;
+    if (!handlers_.bringUpToDate) {
+        return;
     }
+    const Menu& menu = handlers_.bringUpToDate();
+    // Until the new lines have been counted the old items live, so that no two share an address.
+    const auto before = std::exchange(lines_, {});
+    std::map<const MenuItem*, int> numbers;
+    for (const auto& [id, line] : before) {
+        numbers.emplace(line.item.get(), id);
+    }
+    const auto children = addLines(menu, numbers);
+    lines_[kRoot].children = children;
+    ++revision_;
+}
+
+QList<int> ExportedMenu::addLines(const Menu& menu, const std::map<const MenuItem*, int>& numbers) {
+    QList<int> ids;
+    for (const auto& item : menu.items()) {
+        const auto known = numbers.find(item.get());
+        const int id = known == numbers.end() ? ++lastId_ : known->second;
+        lines_[id] = {item, item->submenu ? addLines(*item->submenu, numbers) : QList<int>()};
+        ids.append(id);
+    }
+    return ids;
 }
 
 const MenuItem* ExportedMenu::find(int id) const {
-    const auto index = static_cast<std::size_t>(id) - 1;
-    return id > kRoot && index < shown_.items.size() ? shown_.items[index].get() : nullptr;
+    const auto line = lines_.find(id);
+    return line == lines_.end() ? nullptr : line->second.item.get();
 }
 
 QVariantMap ExportedMenu::propertiesOf(int id) const {
@@ -117,8 +141,10 @@ QVariantMap ExportedMenu::propertiesOf(int id) const {
     if (item->isSeparator) {
         return {{"type", "separator"}};
     }
-    QVariantMap properties{{"label", busLabel(item->title)},
-                           {"enabled", item->action && item->isEnabled}};
+    QVariantMap properties{{"label", busLabel(item->title)}, {"enabled", item->canBeChosen()}};
+    if (item->submenu) {
+        properties.insert("children-display", "submenu");
+    }
     if (item->isCheckable) {
         properties.insert("toggle-type", "checkmark");
         properties.insert("toggle-state", item->isChecked ? 1 : 0);
@@ -147,10 +173,14 @@ QList<int> ExportedMenu::AboutToShowGroup(const QList<int>& ids, QList<int>& /*i
 
 void ExportedMenu::Event(int id, const QString& name, const QDBusVariant& /*data*/,
                          uint /*timestamp*/) {
-    const auto* item = find(id);
-    if (name == "clicked" && item && item->action && item->isEnabled) {
-        const auto action = item->action; // which may bring the menu up to date
-        action();
+    const auto line = lines_.find(id);
+    if (name == "closed" && id == kRoot && handlers_.closed) {
+        handlers_.closed();
+    }
+    if (name == "clicked" && line != lines_.end() && line->second.item &&
+        line->second.item->canBeChosen() && line->second.item->action) {
+        const auto item = line->second.item; // the action may bring the menu up to date
+        item->action({heldModifiers_()});
     }
 }
 
@@ -177,11 +207,20 @@ uint ExportedMenu::GetLayout(int parent, int depth, const QStringList& /*names*/
     if (revision_ == 0) {
         update();
     }
-    layout = {parent, propertiesOf(parent), {}};
-    for (int id = 1; parent == kRoot && depth != 0 && find(id); ++id) {
-        layout.children.append(QVariant::fromValue(BusMenuItem{id, propertiesOf(id), {}}));
-    }
+    layout = layoutOf(parent, depth);
     return revision_;
+}
+
+/// `depth` is how many levels of children there are; below 0 all.
+BusMenuItem ExportedMenu::layoutOf(int id, int depth) const {
+    BusMenuItem layout{id, propertiesOf(id), {}};
+    const auto line = lines_.find(id);
+    if (depth != 0 && line != lines_.end()) {
+        for (const int child : line->second.children) {
+            layout.children.append(QVariant::fromValue(layoutOf(child, depth - 1)));
+        }
+    }
+    return layout;
 }
 
 QDBusVariant ExportedMenu::GetProperty(int id, const QString& name) {

@@ -9,6 +9,11 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+
 namespace panewright {
 
 /// A menu item as the bus has it, with its children, each a variant of this again.
@@ -34,7 +39,8 @@ struct BusMenuEvent {
 
 /// The menu on the session bus (interface com.canonical.dbusmenu, version 3), for panels that draw
 /// the menu of an item themselves, whether the item says that it has one or not. The root is item
-/// 0, the lines follow from 1 on.
+/// 0. Each line keeps its number for as long as it is in the menu, and no other gets that number: a
+/// choice that comes late means what the user saw, or nothing.
 class ExportedMenu : public QObject, protected QDBusContext, public MenuExporter {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "com.canonical.dbusmenu")
@@ -44,12 +50,16 @@ class ExportedMenu : public QObject, protected QDBusContext, public MenuExporter
     Q_PROPERTY(QStringList IconThemePath READ iconThemePath)
 
 public:
-    ExportedMenu();
+    /// What is held now, in the application's form.
+    using HeldModifiers = std::function<std::uint64_t()>;
 
-    void exportMenu(std::function<const Menu&()> bringUpToDate) override;
+    explicit ExportedMenu(HeldModifiers heldModifiers);
 
-    /// Puts the menu where panels look for it that do not know that the toolkit's item has none.
-    /// Nothing while the item is not on the bus.
+    void exportMenu(Handlers handlers) override;
+
+    /// Puts the menu where panels look for it: where the toolkit's item says that its menu is, and
+    /// where panels look that do not know that it has none. Nothing while the item is not on the
+    /// bus.
     void publishForToolkitItem();
 
     uint version() const { return 3; }
@@ -75,12 +85,22 @@ signals:
     // NOLINTEND(readability-identifier-naming)
 
 private:
+    /// A line, or the root, with what was in the menu when it was brought up to date.
+    struct Line {
+        std::shared_ptr<MenuItem> item;
+        QList<int> children;
+    };
+
     void update();
+    QList<int> addLines(const Menu& menu, const std::map<const MenuItem*, int>& numbers);
     const MenuItem* find(int id) const;
     QVariantMap propertiesOf(int id) const;
+    BusMenuItem layoutOf(int id, int depth) const;
 
-    std::function<const Menu&()> bringUpToDate_;
-    Menu shown_;
+    HeldModifiers heldModifiers_;
+    Handlers handlers_;
+    std::map<int, Line> lines_;
+    int lastId_ = 0;
     uint revision_ = 0;
 };
 

@@ -11,6 +11,7 @@ namespace panewright {
 namespace {
 
 constexpr const char* kWatcher = "org.kde.StatusNotifierWatcher";
+constexpr const char* kShell = "org.gnome.Shell";
 constexpr const char* kWatcherPath = "/StatusNotifierWatcher";
 constexpr const char* kHostsProperty = "IsStatusNotifierHostRegistered";
 /// The watcher tells of hosts that come and, where it knows of it, of those that go.
@@ -57,8 +58,35 @@ void NotifierHosts::ask() {
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
         answer->deleteLater();
         const QDBusPendingReply<QDBusVariant> reply = *answer;
-        set(reply.isValid() && reply.value().variant().toBool());
+        askForOwners(reply.isValid() && reply.value().variant().toBool());
     });
+}
+
+/// Who owns the watcher's name is known before anybody hears of a host.
+void NotifierHosts::askForOwners(bool isPresent) {
+    if (!isPresent) {
+        set(false);
+        return;
+    }
+    ownerOf(kWatcher, [this](const QString& watcher) {
+        ownerOf(kShell, [this, watcher](const QString& shell) {
+            isShell_ = !watcher.isEmpty() && watcher == shell;
+            set(true);
+        });
+    });
+}
+
+void NotifierHosts::ownerOf(const char* name, std::function<void(const QString&)> answered) {
+    auto question = QDBusMessage::createMethodCall("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                                   "org.freedesktop.DBus", "GetNameOwner");
+    question << name;
+    auto* answer = new QDBusPendingCallWatcher(bus_.connection()->asyncCall(question), this);
+    connect(answer, &QDBusPendingCallWatcher::finished, this,
+            [answer, answered = std::move(answered)] {
+                answer->deleteLater();
+                const QDBusPendingReply<QString> reply = *answer;
+                answered(reply.isValid() ? reply.value() : QString());
+            });
 }
 
 void NotifierHosts::set(bool isPresent) {

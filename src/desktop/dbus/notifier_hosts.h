@@ -7,6 +7,7 @@
 #include <QDBusServiceWatcher>
 #include <QObject>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -21,6 +22,8 @@ public:
     explicit NotifierHosts(SessionBus& bus);
 
     std::optional<bool> isPresent() const override { return isPresent_; }
+    /// So does GNOME's host, which lives in the shell.
+    bool onlyOpensMenus() const override { return isShell_; }
     Registration onChange(std::function<void()> callback) override {
         return changed_.add(std::move(callback));
     }
@@ -31,11 +34,15 @@ private slots:
 
 private:
     void watch();
+    void askForOwners(bool isPresent);
+    /// Empty for a name that nobody owns.
+    void ownerOf(const char* name, std::function<void(const QString&)> answered);
     void set(bool isPresent);
 
     SessionBus& bus_;
     std::unique_ptr<QDBusServiceWatcher> watchers_;
     std::optional<bool> isPresent_;
+    bool isShell_ = false;
     ObserverList<> changed_;
     Registration busKnown_;
 };

@@ -16,6 +16,7 @@ public:
     std::string bundleIdentifier() const override { return "com.quillfen.Panewright"; }
     std::string shortVersion() const override { return kProgramShortVersion; }
     std::string buildVersion() const override { return kProgramBuildVersion; }
+    std::string website() const override { return kProgramWebsite; }
     std::string executableName() const override { return "panewright"; }
     std::string executablePath() const override {
         std::error_code ignored;

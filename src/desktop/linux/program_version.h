@@ -6,4 +6,7 @@ namespace panewright {
 extern const char* const kProgramShortVersion;
 extern const char* const kProgramBuildVersion;
 
+/// As ProgramInformation::website() has it.
+extern const char* const kProgramWebsite;
+
 } // namespace panewright

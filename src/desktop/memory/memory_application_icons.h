@@ -3,6 +3,7 @@
 #include "platform/application_icons.h"
 
 #include <map>
+#include <set>
 #include <string>
 #include <utility>
 
@@ -19,6 +20,8 @@ public:
         return icon ? icon->bundleIdentifier : std::string();
     }
 
+    Size size() const override { return {32, 32}; }
+
     const std::string bundleIdentifier;
 };
 
@@ -26,15 +29,24 @@ public:
 class MemoryApplicationIcons : public ApplicationIcons {
 public:
     ImagePtr iconOf(const RunningApplication& application) override {
-        if (!application.bundleIdentifier) {
+        return application.bundleIdentifier ? iconForBundleIdentifier(*application.bundleIdentifier)
+                                            : nullptr;
+    }
+    ImagePtr iconForBundleIdentifier(const std::string& bundleIdentifier) override {
+        ++timesSought[bundleIdentifier];
+        if (missing.contains(bundleIdentifier)) {
             return nullptr;
         }
-        auto& icon = icons_[*application.bundleIdentifier];
+        auto& icon = icons_[bundleIdentifier];
         if (!icon) {
-            icon = std::make_shared<const MemoryIcon>(*application.bundleIdentifier);
+            icon = std::make_shared<const MemoryIcon>(bundleIdentifier);
         }
         return icon;
     }
+
+    /// Programs that have no icon.
+    std::set<std::string> missing;
+    std::map<std::string, int> timesSought;
 
 private:
     std::map<std::string, ImagePtr> icons_;

@@ -3,6 +3,7 @@
 #include "desktop/memory/memory_application_icons.h"
 #include "desktop/memory/memory_displays.h"
 #include "desktop/memory/memory_hot_keys.h"
+#include "desktop/memory/memory_images.h"
 #include "desktop/memory/memory_keyboard_layout.h"
 #include "desktop/memory/memory_main_loop.h"
 #include "desktop/memory/memory_services.h"
@@ -32,6 +33,7 @@ struct MemoryDesktop {
     WindowsAccessibility accessibility{windows};
     MemoryWorkspace workspace{windows, kOwnPid};
     MemoryApplicationIcons icons;
+    MemoryImages images;
     MemoryHotKeys hotKeys{mainLoop};
     MemoryKeyboardLayout keyboardLayout;
     MemoryStatusItem statusItem;
@@ -58,6 +60,7 @@ struct MemoryDesktop {
                 .crashReporter = crashReporter,
                 .displays = displays,
                 .hotKeys = hotKeys,
+                .images = images,
                 .keyboardLayout = keyboardLayout,
                 .loginItems = loginItems,
                 .mainLoop = mainLoop,

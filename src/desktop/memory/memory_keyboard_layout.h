@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/hot_keys.h"
 #include "platform/keyboard_layout.h"
 
 #include <map>
@@ -25,7 +26,28 @@ public:
         return key == keys_.end() ? "" : key->second;
     }
 
+    std::string inWords(std::uint32_t virtualKeyCode, std::uint32_t modifiers) const override {
+        std::string text;
+        for (const auto& [modifier, word] : kWords) {
+            text += modifiers & modifier ? std::string(word) + '+' : std::string();
+        }
+        return text + displayText(static_cast<std::uint16_t>(virtualKeyCode));
+    }
+    std::string modifierInWords(std::uint32_t modifier) const override {
+        for (const auto& [each, word] : kWords) {
+            if (each == modifier) {
+                return word;
+            }
+        }
+        return {};
+    }
+
 private:
+    static constexpr std::pair<std::uint32_t, const char*> kWords[] = {{kHotKeyControl, "Control"},
+                                                                       {kHotKeyOption, "Option"},
+                                                                       {kHotKeyShift, "Shift"},
+                                                                       {kHotKeyCommand, "Command"}};
+
     Keys keys_;
     bool broken_ = false;
 };

@@ -75,10 +75,12 @@ public:
     void setWillShowHandler(std::function<void()> handler) override {
         willShow = std::move(handler);
     }
+    bool isAvailable() const override { return looksForUpdates; }
     void checkForUpdates() override { ++checks; }
     void checkForUpdatesInBackground() override { ++backgroundChecks; }
 
     std::function<void()> willShow;
+    bool looksForUpdates = true;
     int checks = 0;
     int backgroundChecks = 0;
 };
@@ -101,10 +103,12 @@ public:
     std::string bundleIdentifier() const override { return "com.quillfen.Panewright"; }
     std::string shortVersion() const override { return "1.2.8"; }
     std::string buildVersion() const override { return "57"; }
+    std::string website() const override { return site; }
     std::string executableName() const override { return "panewright"; }
     std::string executablePath() const override { return path; }
 
     std::string path = "/opt/panewright/bin/panewright";
+    std::string site = "http://quillfen.com";
 };
 
 /// Knows the letters and white space of ASCII, and no language but English.
@@ -118,6 +122,9 @@ public:
         return upper;
     }
     std::string localized(const char* text) const override { return text; }
+    int localizedCaseInsensitiveCompare(std::string_view a, std::string_view b) const override {
+        return upperCased(a).compare(upperCased(b));
+    }
     std::string trimmedOfWhitespace(std::string_view text) const override {
         const auto first = text.find_first_not_of(" \t");
         if (first == std::string_view::npos) {

@@ -5,7 +5,8 @@
 #include "menubar/menu_view.h"
 #include "platform/status_item.h"
 
-#include <algorithm>
+#include <cstdint>
+#include <memory>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -46,34 +47,71 @@ private:
 /// Gives the menu as a status bar would draw it.
 class MemoryMenuExporter : public MenuExporter {
 public:
-    void exportMenu(std::function<const Menu&()> source) override {
-        bringUpToDate = std::move(source);
-    }
+    void exportMenu(Handlers newHandlers) override { handlers = std::move(newHandlers); }
 
-    std::function<const Menu&()> bringUpToDate;
+    Handlers handlers;
 };
 
-/// Keeps the menu that was opened last.
+/// A menu that a test uses as a person would.
 class MemoryMenuView : public MenuView {
 public:
-    void popUp(const Menu& menu, const PopoverAnchor& anchor) override {
-        opened = menu;
+    void popUp(const Menu& menu, const PopoverAnchor& anchor, Handlers handlers) override {
+        close();
+        open_ = &menu;
         openedAt = anchor;
+        handlers_ = std::move(handlers);
+    }
+    bool isOpen() const override { return open_ != nullptr; }
+    void close() override {
+        open_ = nullptr;
+        if (const auto closed = std::exchange(handlers_, {}).closed) {
+            closed();
+        }
     }
 
-    /// Chooses the item with that title; false when the menu has none, or it cannot be chosen.
-    bool choose(std::string_view title) const {
-        const auto item = std::find_if(opened.items.begin(), opened.items.end(),
-                                       [&](const auto& each) { return each->title == title; });
-        if (item == opened.items.end() || !(*item)->action || !(*item)->isEnabled) {
+    /// The open menu, or the submenu of that title in it; null if there is none.
+    const Menu* shown(std::string_view submenu = {}) const {
+        const auto opener = submenu.empty() ? nullptr : find(open_, submenu);
+        return submenu.empty() ? open_ : opener ? opener->submenu.get() : nullptr;
+    }
+
+    /// Chooses the item with that title in the open menu, or in a submenu of it, with these
+    /// modifiers held (in the application's form), which closes the menu. False when there is none,
+    /// or it cannot be chosen.
+    bool choose(std::string_view title, std::uint64_t modifierFlags = 0,
+                std::string_view submenu = {}) {
+        const auto item = find(shown(submenu), title);
+        if (!item || !item->canBeChosen() || !item->action) {
             return false;
         }
-        (*item)->action();
+        close();
+        item->action({modifierFlags});
         return true;
     }
 
-    Menu opened;
+    /// Presses a key that does nothing in a menu. True when it was a hot key's.
+    bool press(const KeyEvent& key) {
+        const bool isHotKey = handlers_.hotKeyPressed && handlers_.hotKeyPressed(key);
+        if (isHotKey) {
+            close();
+        }
+        return isHotKey;
+    }
+
     PopoverAnchor openedAt;
+
+private:
+    static std::shared_ptr<MenuItem> find(const Menu* menu, std::string_view title) {
+        for (const auto& item : menu ? menu->items() : MenuItems()) {
+            if (item->title == title) {
+                return item;
+            }
+        }
+        return nullptr;
+    }
+
+    const Menu* open_ = nullptr;
+    Handlers handlers_;
 };
 
 } // namespace panewright

@@ -112,6 +112,7 @@ public:
     bool allowMoveWindow() const override { return allowsMove; }
     void setAllowMoveWindow(bool on) override { allowsMove = on; }
     void setVersion(const std::string& text) override { version = text; }
+    void setWebsiteShown(bool isShown) override { leadsToWebsite = isShown; }
     void setShortcutRemark(const std::string& text) override { remark = text; }
     void setSavingShown(bool isShown) override { offersSaving = isShown; }
 
@@ -123,6 +124,7 @@ public:
     bool startsAtLogin = false;
     bool allowsMove = false;
     bool offersSaving = false;
+    bool leadsToWebsite = false;
     std::string version;
     std::string remark;
 

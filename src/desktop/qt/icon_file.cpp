@@ -61,53 +61,36 @@ bool isUsable(const QString& file, qint64 maxBytes) {
     return info.isFile() && info.size() <= maxBytes;
 }
 
-/// What an index.theme says, and the folders with such a theme.
-struct Theme {
-    struct Folder {
-        QString name;
-        int distance = 0;
-    };
-
-    Theme(const QString& name, int size) {
-        for (const auto& base : name.isEmpty() ? QStringList() : QIcon::themeSearchPaths()) {
-            const QString root = base + '/' + name;
-            const QString index = root + "/index.theme";
-            if (QFileInfo(root).isDir()) {
-                roots.append(root);
-            }
-            if (folders.isEmpty() && isUsable(index, kMaxIndexBytes)) {
-                readIndex(QSettings(index, QSettings::IniFormat), size);
-            }
-        }
-        std::ranges::stable_sort(folders, {}, &Theme::Folder::distance);
-    }
-
-    void readIndex(const QSettings& index, int size) {
-        inherited = index.value("Icon Theme/Inherits").toStringList();
-        const auto names = index.value("Icon Theme/Directories").toStringList();
-        for (const auto& name : names.first(std::min(names.size(), kMaxFolders))) {
-            const auto number = [&](const char* key, int fallback) {
-                return index.value(name + '/' + key, fallback).toInt();
-            };
-            const int own = number("Size", 0);
-            const bool isScalable = index.value(name + "/Type").toString() == "Scalable";
-            const int nearest = isScalable ? std::max(number("MinSize", own),
-                                                      std::min(number("MaxSize", own), size))
-                                           : own;
-            if (!name.contains("..")) {
-                folders.append({name, std::abs(nearest - size)});
-            }
-        }
-    }
-
-    QStringList roots;
-    QStringList inherited;
-    QList<Folder> folders;
+/// A folder of a theme, and how far its pictures are from the size that is wanted.
+struct ThemeFolder {
+    QString name;
+    int distance = 0;
 };
+
+/// The nearest first.
+QList<ThemeFolder> themeFolders(const QSettings& index, int size) {
+    QList<ThemeFolder> folders;
+    const auto names = index.value("Icon Theme/Directories").toStringList();
+    for (const auto& name : names.first(std::min(names.size(), kMaxFolders))) {
+        const auto number = [&](const char* key, int fallback) {
+            return index.value(name + '/' + key, fallback).toInt();
+        };
+        const int own = number("Size", 0);
+        const bool isScalable = index.value(name + "/Type").toString() == "Scalable";
+        const int nearest =
+            isScalable ? std::max(number("MinSize", own), std::min(number("MaxSize", own), size))
+                       : own;
+        if (!name.contains("..")) {
+            folders.append({name, std::abs(nearest - size)});
+        }
+    }
+    std::ranges::stable_sort(folders, {}, &ThemeFolder::distance);
+    return folders;
+}
 
 QString fileIn(const QString& folder, const QString& name) {
     for (const char* extension : {".png", ".svg", ".xpm"}) {
-        const QString file = folder + '/' + name + extension;
+        QString file = folder + '/' + name + extension;
         if (isUsable(file, kMaxBytes)) {
             return file;
         }
@@ -115,12 +98,10 @@ QString fileIn(const QString& folder, const QString& name) {
     return {};
 }
 
-QString fileIn(const Theme& theme, const QString& name) {
-    for (const auto& folder : theme.folders) {
-        for (const auto& root : theme.roots) {
-            if (auto file = fileIn(root + '/' + folder.name, name); !file.isEmpty()) {
-                return file;
-            }
+QString fileIn(const QStringList& folders, const QString& name) {
+    for (const auto& folder : folders) {
+        if (auto file = fileIn(folder, name); !file.isEmpty()) {
+            return file;
         }
     }
     return {};
@@ -130,11 +111,14 @@ QString fileIn(const Theme& theme, const QString& name) {
 
 QImage readIconFile(const QString& path) {
     const auto content = readFile(path.toStdString(), kMaxBytes);
-    if (!content) {
+    return content ? readIcon(content.value()) : QImage();
+}
+
+QImage readIcon(const Bytes& content) {
+    if (content.size() > kMaxBytes) {
         return {};
     }
-    const auto& bytes = content.value();
-    QByteArray data(reinterpret_cast<const char*>(bytes.data()), qsizetype(bytes.size()));
+    QByteArray data(reinterpret_cast<const char*>(content.data()), qsizetype(content.size()));
     QBuffer buffer(&data);
     QImageReader reader(&buffer);
     const bool isPacked = data.startsWith("\x1F\x8B"); // how large it gets is not known
@@ -153,30 +137,55 @@ QImage readIconFile(const QString& path) {
     return reader.read();
 }
 
-QString iconThemeFile(const QString& name, int size) {
+const IconThemeFiles::Theme& IconThemeFiles::theme(const QString& name) {
+    const auto [place, isNew] = themes_.try_emplace(name);
+    auto& theme = place->second;
+    if (!isNew || name.isEmpty()) {
+        return theme;
+    }
+    QStringList roots;
+    QList<ThemeFolder> folders;
+    for (const auto& base : QIcon::themeSearchPaths()) {
+        const QString root = base + '/' + name;
+        const QString index = root + "/index.theme";
+        if (QFileInfo(root).isDir()) {
+            roots.append(root);
+        }
+        if (folders.isEmpty() && isUsable(index, kMaxIndexBytes)) {
+            const QSettings settings(index, QSettings::IniFormat);
+            theme.inherited = settings.value("Icon Theme/Inherits").toStringList();
+            folders = themeFolders(settings, size_);
+        }
+    }
+    for (const auto& folder : folders) {
+        for (const auto& root : roots) {
+            if (const QString path = root + '/' + folder.name; QFileInfo(path).isDir()) {
+                theme.folders.append(path);
+            }
+        }
+    }
+    return theme;
+}
+
+QString IconThemeFiles::file(const QString& name) {
     if (name.isEmpty() || name.contains('/')) {
         return {};
     }
-    QStringList themes{QIcon::themeName(), QIcon::fallbackThemeName()};
-    for (qsizetype i = 0; i < themes.size(); ++i) {
-        const Theme theme(themes[i], size);
-        if (auto file = fileIn(theme, name); !file.isEmpty()) {
+    QStringList names{QIcon::themeName(), QIcon::fallbackThemeName()};
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        const auto& [folders, inherited] = theme(names[i]);
+        if (auto file = fileIn(folders, name); !file.isEmpty()) {
             return file;
         }
         if (i + 1 < kMaxThemes) {
-            themes.append(theme.inherited);
+            names.append(inherited);
         }
-        themes.removeDuplicates();
-        if (i + 1 == themes.size() && !themes.contains("hicolor")) {
-            themes.append("hicolor"); // the one that all others inherit at last
-        }
-    }
-    for (const auto& folder : QIcon::fallbackSearchPaths() + QStringList{"/usr/share/pixmaps"}) {
-        if (auto file = fileIn(folder, name); !file.isEmpty()) {
-            return file;
+        names.removeDuplicates();
+        if (i + 1 == names.size() && !names.contains("hicolor")) {
+            names.append("hicolor"); // the one that all others inherit at last
         }
     }
-    return {};
+    return fileIn(QIcon::fallbackSearchPaths() + QStringList{"/usr/share/pixmaps"}, name);
 }
 
 } // namespace panewright

@@ -3,6 +3,8 @@
 #include "shortcuts/modifier_flags.h"
 #include "shortcuts/virtual_key_codes.h"
 
+#include <QGuiApplication>
+
 namespace panewright {
 
 std::uint64_t modifierFlagsOf(Qt::KeyboardModifiers modifiers) {
@@ -10,6 +12,10 @@ std::uint64_t modifierFlagsOf(Qt::KeyboardModifiers modifiers) {
            (modifiers & Qt::ControlModifier ? kControlFlag : 0) |
            (modifiers & Qt::AltModifier ? kOptionFlag : 0) |
            (modifiers & Qt::MetaModifier ? kCommandFlag : 0);
+}
+
+std::uint64_t heldModifierFlags() {
+    return modifierFlagsOf(QGuiApplication::queryKeyboardModifiers());
 }
 
 bool isModifierKey(const QKeyEvent& event, const NativeKeyCodes& keyCodes) {

@@ -13,6 +13,9 @@ namespace panewright {
 /// What is held, in the application's form: Alt is Option, Super is Command.
 std::uint64_t modifierFlagsOf(Qt::KeyboardModifiers modifiers);
 
+/// What is held now, as the window system says.
+std::uint64_t heldModifierFlags();
+
 /// Whether the event is of a modifier or lock key, whatever the layout makes of that key (such as
 /// one that switches to another layout).
 bool isModifierKey(const QKeyEvent& event, const NativeKeyCodes& keyCodes);

@@ -1,74 +1,111 @@
 #include "desktop/qt/qt_menu_view.h"
 
+#include "desktop/qt/key_events.h"
+#include "desktop/qt/menu_row.h"
 #include "desktop/qt/native_geometry.h"
-#include "desktop/qt/visible_boxes.h"
-#include "shortcuts/shortcut_text.h"
 #include "ui/popover_placement.h"
 
-#include <QMenu>
+#include <QGuiApplication>
+#include <QTimer>
 #include <QWindow>
+
+#include <utility>
 
 namespace panewright {
 namespace {
 
-/// A shortcut stands in a column of its own, behind a tab.
-QString textOf(const MenuItem& item) {
-    auto title = QString::fromStdString(item.title);
-    if (item.keyEquivalent.empty()) {
-        return title;
-    }
-    auto shortcut = QString::fromStdString(modifierSymbols(item.keyEquivalentModifierMask) +
-                                           item.keyEquivalent);
-    shortcut.replace('&', "&&"); // there is a key of that name
-    return title + '\t' +
-           (item.isKeyEquivalentTaken ? QMenu::tr("%1 (in use elsewhere)").arg(shortcut)
-                                      : shortcut);
-}
+using namespace std::chrono_literals;
 
-void addItem(QMenu& menu, const std::shared_ptr<MenuItem>& item) {
-    if (item->isSeparator) {
-        menu.addSeparator();
-        return;
-    }
-    auto* action = menu.addAction(textOf(*item));
-    action->setEnabled(item->action && item->isEnabled);
-    action->setCheckable(item->isCheckable);
-    action->setChecked(item->isChecked);
-    // Queued: by then the menu has closed and let go of keyboard and pointer.
-    QObject::connect(
-        action, &QAction::triggered, &menu,
-        [item] {
-            if (item->action) {
-                item->action();
-            }
-        },
-        Qt::QueuedConnection);
-}
+/// How long another program, such as a window manager whose binding has opened the menu, may hold
+/// the keyboard while its key is down.
+constexpr auto kPatienceForKeyboard = 1s;
+constexpr auto kKeyboardTry = 20ms;
+
+/// A window that the manager does not see, and that holds keyboard and pointer while it is open.
+constexpr Qt::WindowFlags kWindowKind = Qt::Popup;
 
 } // namespace
 
-QtMenuView::QtMenuView() = default;
-QtMenuView::~QtMenuView() = default;
+QtMenuView::QtMenuView(const NativeKeyCodes& keyCodes)
+    : context_{keyCodes,
+               [this](const KeyEvent& key) {
+                   return handlers_.hotKeyPressed && handlers_.hotKeyPressed(key);
+               },
+               QRect()} {}
 
-void QtMenuView::popUp(const Menu& menu, const PopoverAnchor& anchor) {
-    menu_ = std::make_unique<QMenu>();
-    menu_->setStyle(new VisibleBoxes(menu_.get()));
+QtMenuView::~QtMenuView() {
+    handlers_ = {}; // whom they belong to may be gone
+}
+
+void QtMenuView::popUp(const Menu& menu, const PopoverAnchor& anchor, Handlers handlers) {
+    close();
+    handlers_ = std::move(handlers);
+    menu_ = std::make_unique<MenuPopup>(menu, context_);
+    menu_->setWindowFlags(kWindowKind);
     menu_->setWindowTitle("Panewright menu");
     menu_->setAccessibleName(menu_->windowTitle());
-    for (const auto& item : menu.items) {
-        addItem(*menu_, item);
-    }
+    QObject::connect(menu_.get(), &QMenu::aboutToHide, menu_.get(), [this] { tellClosed(); });
+    QObject::connect(menu_.get(), &QMenu::triggered, menu_.get(),
+                     [this](const QAction* action) { choose(*action); });
+    place(anchor);
+}
+
+void QtMenuView::place(const PopoverAnchor& anchor) {
     const auto* screen = screenAt(anchor.rect.size() == Size{} ? anchor.workArea : anchor.rect);
     if (!screen) {
+        tellClosed();
         return;
     }
-    const auto frame = placeMenu(fromQt(menu_->sizeHint()), fromNative(anchor, *screen));
+    const auto here = fromNative(anchor, *screen);
+    context_.workArea =
+        QRectF(here.workArea.x, here.workArea.y, here.workArea.width, here.workArea.height)
+            .toRect();
+    const auto frame = placeMenu(fromQt(menu_->shownSize()), here);
     menu_->popup(toQt(frame.origin()));
-    // A key that another connection holds down, such as a hot key, keeps the menu from getting
-    // keyboard and pointer, and neither Escape nor a click beside it would close it.
+    takeKeyboardAndPointer(Clock::now() + kPatienceForKeyboard);
+}
+
+/// Without them neither Escape nor a click beside the menu would close it.
+void QtMenuView::takeKeyboardAndPointer(Clock::time_point deadline) {
+    if (!isOpen()) {
+        return;
+    }
     auto* window = menu_->windowHandle();
-    if (!window->setKeyboardGrabEnabled(true) || !window->setMouseGrabEnabled(true)) {
+    if (window->setKeyboardGrabEnabled(true) && window->setMouseGrabEnabled(true)) {
+        return;
+    }
+    if (Clock::now() >= deadline) {
+        close();
+        return;
+    }
+    QTimer::singleShot(kKeyboardTry, menu_.get(),
+                       [this, deadline] { takeKeyboardAndPointer(deadline); });
+}
+
+/// The action is called later: the menu has closed then and let go of keyboard and pointer.
+void QtMenuView::choose(const QAction& action) {
+    const auto* row = dynamic_cast<const MenuRow*>(&action);
+    if (!row || !row->item()->action) {
+        return;
+    }
+    const MenuChoice choice{modifierFlagsOf(QGuiApplication::keyboardModifiers())};
+    QMetaObject::invokeMethod(
+        qApp, [item = row->item(), choice] { item->action(choice); }, Qt::QueuedConnection);
+}
+
+bool QtMenuView::isOpen() const {
+    return menu_ && menu_->isVisible();
+}
+
+void QtMenuView::close() {
+    if (isOpen()) {
         menu_->close();
+    }
+}
+
+void QtMenuView::tellClosed() {
+    if (const auto closed = std::exchange(handlers_, {}).closed) {
+        closed();
     }
 }
 

@@ -67,6 +67,10 @@ void QtStatusItem::showIcon() {
     icon_->setToolTip(QString::fromStdString(look_.name));
     connect(icon_.get(), &QSystemTrayIcon::activated, this, &QtStatusItem::activated);
     suitPanel();
+    if (isOnBus_ && trays_.onBus.onlyOpensMenus()) {
+        announcedMenu_ = std::make_unique<QMenu>();
+        icon_->setContextMenu(announcedMenu_.get());
+    }
     icon_->show();
     for (const auto delay : kLooks) {
         QTimer::singleShot(delay, this, &QtStatusItem::suitPanel);
@@ -101,8 +105,7 @@ void QtStatusItem::activated(QSystemTrayIcon::ActivationReason reason) {
         lastClick_ = makeRect(toNative(QRect(pointer, QSize()), *screen).origin(), {});
     }
     suitPanel();
-    clicked_({reason == QSystemTrayIcon::Context,
-              modifierFlagsOf(QGuiApplication::queryKeyboardModifiers())});
+    clicked_({reason == QSystemTrayIcon::Context, heldModifierFlags()});
 }
 
 std::optional<Rect> QtStatusItem::trayGeometry() const {

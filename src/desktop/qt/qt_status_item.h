@@ -8,6 +8,7 @@
 #include "platform/status_item.h"
 #include "platform/work_areas.h"
 
+#include <QMenu>
 #include <QObject>
 #include <QSystemTrayIcon>
 
@@ -18,6 +19,8 @@ namespace panewright {
 /// The status item as a tray icon, of either kind: StatusNotifierItem on the session bus, or a
 /// window in an XEmbed tray. Qt chooses between them the first time that it is asked for an icon
 /// and never again, so it is asked only once there is a panel that shows one.
+/// Where a click does nothing but open a menu, the item says that it has one; what is in it,
+/// another adapter puts on the bus.
 class QtStatusItem : public QObject, public StatusItem {
     Q_OBJECT
 
@@ -56,6 +59,8 @@ private:
     StatusItemLook look_;
     std::function<void(const StatusItemClick&)> clicked_;
     std::unique_ptr<QSystemTrayIcon> icon_;
+    /// Empty: it only makes the toolkit say that there is a menu.
+    std::unique_ptr<QMenu> announcedMenu_;
     /// Whether the toolkit shows the icon through the bus.
     bool isOnBus_ = false;
     bool wasShown_ = false;

@@ -25,6 +25,10 @@ std::string QtTextServices::localized(const char* text) const {
     return QCoreApplication::translate("panewright", text).toStdString();
 }
 
+int QtTextServices::localizedCaseInsensitiveCompare(std::string_view a, std::string_view b) const {
+    return QString::localeAwareCompare(toQt(a).toCaseFolded(), toQt(b).toCaseFolded());
+}
+
 std::string QtTextServices::trimmedOfWhitespace(std::string_view text) const {
     const auto whole = toQt(text);
     QStringView rest(whole);

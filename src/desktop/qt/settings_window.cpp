@@ -102,6 +102,7 @@ void SettingsWindow::addFooter(QVBoxLayout& layout) {
         link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
         connect(link, &QLabel::linkActivated, this, [this, action] { (settings_.*action)(); });
         footer->addWidget(link);
+        links_.append(link);
     };
     version_ = new QLabel;
     footer->setSpacing(kSpacing);
@@ -137,6 +138,12 @@ void SettingsWindow::setAllowMoveWindow(bool on) {
 
 void SettingsWindow::setVersion(const std::string& text) {
     version_->setText(QString::fromStdString(text));
+}
+
+void SettingsWindow::setWebsiteShown(bool isShown) {
+    for (auto* link : links_) {
+        link->setVisible(isShown);
+    }
 }
 
 void SettingsWindow::setSavingShown(bool isShown) {

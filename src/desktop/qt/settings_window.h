@@ -29,6 +29,7 @@ public:
     void setAllowMoveWindow(bool on) override;
     void setVersion(const std::string& text) override;
     void setShortcutRemark(const std::string& text) override;
+    void setWebsiteShown(bool isShown) override;
     void setSavingShown(bool isShown) override;
 
 protected:
@@ -50,6 +51,8 @@ private:
     QLabel* remark_ = nullptr;
     QPushButton* save_ = nullptr;
     QLabel* version_ = nullptr;
+    /// To the pages of the website.
+    QList<QLabel*> links_;
 };
 
 } // namespace panewright

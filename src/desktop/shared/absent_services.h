@@ -23,6 +23,7 @@ public:
 
 class NoSoftwareUpdater : public SoftwareUpdater {
 public:
+    bool isAvailable() const override { return false; }
     void setWillShowHandler(std::function<void()> /*handler*/) override {}
     void checkForUpdates() override {}
     void checkForUpdatesInBackground() override {}

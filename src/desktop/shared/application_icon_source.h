@@ -22,11 +22,14 @@ class ApplicationIconSource {
 public:
     virtual ~ApplicationIconSource() = default;
 
-    /// A name in the icon theme, or the absolute path of a picture; empty for none.
-    virtual std::string iconNameOf(const RunningApplication& application) = 0;
+    /// A name in the icon theme, or the absolute path of a picture; empty for none. The program
+    /// need not run.
+    virtual std::string iconNameOf(const std::string& bundleIdentifier) = 0;
 
-    /// What the program's windows carry, for where the name leads to nothing: they may be large.
-    virtual std::vector<IconPicture> iconPicturesOf(const RunningApplication& application) = 0;
+    /// What the windows of a program that runs carry, for where the name leads to nothing: they may
+    /// be large.
+    virtual std::vector<IconPicture> iconPicturesOf(ProcessId pid) = 0;
+    virtual std::vector<IconPicture> iconPicturesOf(const std::string& bundleIdentifier) = 0;
 };
 
 } // namespace panewright

@@ -50,10 +50,14 @@ std::optional<xcb_window_t> ActiveWindows::focusedWindowOf(ProcessId pid) {
     return std::nullopt;
 }
 
-std::vector<xcb_window_t> ActiveWindows::windowsOf(ProcessId pid) {
+std::vector<xcb_window_t> ActiveWindows::allWindows() {
     XPropertyRequest clients(connection_, connection_.root(), connection_.atoms()._NET_CLIENT_LIST,
                              kMaxClients);
-    return identity_.windowsOf(pid, clients.numbers());
+    return clients.numbers();
+}
+
+std::vector<xcb_window_t> ActiveWindows::windowsOf(ProcessId pid) {
+    return identity_.windowsOf(pid, allWindows());
 }
 
 xcb_window_t ActiveWindows::lastOfOthers() const {

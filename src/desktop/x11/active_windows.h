@@ -40,8 +40,9 @@ public:
     /// the desktop or a dock of it is active.
     std::optional<xcb_window_t> focusedWindowOf(ProcessId pid);
 
-    /// The windows of the process that the manager shows, the newest last (EWMH,
-    /// _NET_CLIENT_LIST).
+    /// The windows that the manager shows, the newest last (EWMH, _NET_CLIENT_LIST); of all
+    /// programs, or of one process.
+    std::vector<xcb_window_t> allWindows();
     std::vector<xcb_window_t> windowsOf(ProcessId pid);
 
     /// The window that is active now, as the server says; kNoWindow if there is none.

@@ -36,23 +36,42 @@ std::vector<IconPicture> iconPictures(const std::vector<std::uint32_t>& property
     return pictures;
 }
 
-std::string DesktopEntryIcons::iconNameOf(const RunningApplication& application) {
-    const auto* entry =
-        application.bundleIdentifier
-            ? activeWindows_.identity().entries().withId(*application.bundleIdentifier)
-            : nullptr;
+std::string DesktopEntryIcons::iconNameOf(const std::string& bundleIdentifier) {
+    const auto* entry = activeWindows_.identity().entries().withId(bundleIdentifier);
     return entry ? entry->icon : "";
 }
 
-std::vector<IconPicture> DesktopEntryIcons::iconPicturesOf(const RunningApplication& application) {
-    for (const auto window : activeWindows_.windowsOf(application.processIdentifier)) {
-        XPropertyRequest property(connection_, window, connection_.atoms()._NET_WM_ICON,
-                                  kMaxPixels);
-        if (auto pictures = iconPictures(property.numbers()); !pictures.empty()) {
-            return pictures;
+std::vector<IconPicture> DesktopEntryIcons::iconPicturesOf(ProcessId pid) {
+    for (const auto window : activeWindows_.windowsOf(pid)) {
+        if (auto found = pictures(window); !found.empty()) {
+            return found;
         }
     }
     return {};
+}
+
+std::vector<IconPicture> DesktopEntryIcons::iconPicturesOf(const std::string& bundleIdentifier) {
+    if (!windowsById_) {
+        windowsById_.emplace();
+        turnEnd_.await();
+        for (const auto window : activeWindows_.allWindows()) {
+            if (const auto id = activeWindows_.identity().applicationOf(window).bundleIdentifier) {
+                windowsById_->emplace(*id, window);
+            }
+        }
+    }
+    const auto [first, last] = windowsById_->equal_range(bundleIdentifier);
+    for (auto each = first; each != last; ++each) {
+        if (auto found = pictures(each->second); !found.empty()) {
+            return found;
+        }
+    }
+    return {};
+}
+
+std::vector<IconPicture> DesktopEntryIcons::pictures(xcb_window_t window) {
+    XPropertyRequest property(connection_, window, connection_.atoms()._NET_WM_ICON, kMaxPixels);
+    return iconPictures(property.numbers());
 }
 
 } // namespace panewright

@@ -4,6 +4,9 @@
 #include "desktop/x11/active_windows.h"
 
 #include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace panewright {
@@ -16,15 +19,24 @@ std::vector<IconPicture> iconPictures(const std::vector<std::uint32_t>& property
 /// Icons by the desktop entry that the bundle identifier names, and from the program's windows.
 class DesktopEntryIcons : public ApplicationIconSource {
 public:
-    DesktopEntryIcons(XConnection& connection, ActiveWindows& activeWindows)
-        : connection_(connection), activeWindows_(activeWindows) {}
+    DesktopEntryIcons(XConnection& connection, ActiveWindows& activeWindows, MainLoop& mainLoop)
+        : connection_(connection), activeWindows_(activeWindows),
+          turnEnd_(mainLoop, [this] { windowsById_.reset(); }) {}
 
-    std::string iconNameOf(const RunningApplication& application) override;
-    std::vector<IconPicture> iconPicturesOf(const RunningApplication& application) override;
+    std::string iconNameOf(const std::string& bundleIdentifier) override;
+    std::vector<IconPicture> iconPicturesOf(ProcessId pid) override;
+    std::vector<IconPicture> iconPicturesOf(const std::string& bundleIdentifier) override;
 
 private:
+    using WindowsById = std::multimap<std::string, xcb_window_t>;
+
+    std::vector<IconPicture> pictures(xcb_window_t window);
+
     XConnection& connection_;
     ActiveWindows& activeWindows_;
+    /// Of all programs that run, once they have been asked for in this turn of the main loop.
+    std::optional<WindowsById> windowsById_;
+    TurnEnd turnEnd_;
 };
 
 } // namespace panewright

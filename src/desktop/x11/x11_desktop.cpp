@@ -28,7 +28,7 @@ X11Desktop::X11Desktop(std::unique_ptr<XConnection> connection, MainLoop& mainLo
       accessibility(windows_),
       hotKeys(*connection_, keymap_, mainLoop, [this] { windows_.catchUp(); }),
       keyboardLayout(keymap_), workspace(*connection_, activeWindows_, mainLoop),
-      icons(*connection_, activeWindows_), tray(*connection_), brightness(*connection_),
+      icons(*connection_, activeWindows_, mainLoop), tray(*connection_), brightness(*connection_),
       ownWindows(*connection_, workspace), beeper(*connection_) {}
 
 } // namespace panewright

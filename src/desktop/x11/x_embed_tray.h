@@ -13,6 +13,7 @@ public:
     explicit XEmbedTray(XConnection& connection);
 
     std::optional<bool> isPresent() const override { return owner_ != kNoWindow; }
+    bool onlyOpensMenus() const override { return false; }
     Registration onChange(std::function<void()> callback) override {
         return changed_.add(std::move(callback));
     }

@@ -58,6 +58,12 @@ constexpr DeadKey kDeadKeys[] = {
     {XKB_KEY_dead_doublegrave, "\u02F5"},
 };
 
+/// In the order in which they are named.
+constexpr std::pair<std::uint32_t, const char*> kModifierWords[] = {{kHotKeyControl, "Ctrl"},
+                                                                    {kHotKeyOption, "Alt"},
+                                                                    {kHotKeyShift, "Shift"},
+                                                                    {kHotKeyCommand, "Super"}};
+
 std::string textOf(xkb_keysym_t symbol) {
     const auto* const dead = std::find_if(std::begin(kDeadKeys), std::end(kDeadKeys),
                                           [&](const DeadKey& key) { return key.symbol == symbol; });
@@ -97,13 +103,9 @@ std::optional<xkb_keysym_t> XkbKeyboardLayout::symbolOf(std::uint32_t virtualKey
 
 std::string XkbKeyboardLayout::inWords(std::uint32_t virtualKeyCode,
                                        std::uint32_t modifiers) const {
-    constexpr std::pair<std::uint32_t, const char*> kWords[] = {{kHotKeyControl, "Ctrl+"},
-                                                                {kHotKeyOption, "Alt+"},
-                                                                {kHotKeyShift, "Shift+"},
-                                                                {kHotKeyCommand, "Super+"}};
     std::string text;
-    for (const auto& [modifier, word] : kWords) {
-        text += modifiers & modifier ? word : "";
+    for (const auto& [modifier, word] : kModifierWords) {
+        text += modifiers & modifier ? std::string(word) + '+' : std::string();
     }
     auto key = displayText(static_cast<std::uint16_t>(virtualKeyCode));
     if (const auto symbol = symbolOf(virtualKeyCode); key.empty() && symbol) {
@@ -114,6 +116,12 @@ std::string XkbKeyboardLayout::inWords(std::uint32_t virtualKeyCode,
         key[0] = static_cast<char>(key[0] - 'a' + 'A'); // as it stands on the key
     }
     return text + (key.empty() ? fmt::format("key {}", virtualKeyCode) : key);
+}
+
+std::string XkbKeyboardLayout::modifierInWords(std::uint32_t modifier) const {
+    const auto* const named =
+        std::ranges::find(kModifierWords, modifier, [](const auto& each) { return each.first; });
+    return named == std::end(kModifierWords) ? "" : named->second;
 }
 
 } // namespace panewright

@@ -14,10 +14,8 @@ public:
     explicit XkbKeyboardLayout(XkbKeymap& keymap) : keymap_(keymap) {}
 
     std::string displayText(std::uint16_t virtualKeyCode) const override;
-
-    /// A hot key as a line of text has it, such as "Ctrl+Alt+F5". `modifiers` are in the hot-key
-    /// form (platform/hot_keys.h).
-    std::string inWords(std::uint32_t virtualKeyCode, std::uint32_t modifiers) const;
+    std::string inWords(std::uint32_t virtualKeyCode, std::uint32_t modifiers) const override;
+    std::string modifierInWords(std::uint32_t modifier) const override;
 
 private:
     /// The symbol that the key gives by itself; nil for none, or several.

@@ -107,7 +107,7 @@ TEST_F(IconFile, IsThatOfTheNearestSizeInTheThemeOrOneThatItInherits) {
         {"", 64, ""},
     };
     for (const auto& [name, size, file] : cases) {
-        EXPECT_EQ(iconThemeFile(name, size), file.empty() ? QString() : path(file)) << name;
+        EXPECT_EQ(IconThemeFiles(size).file(name), file.empty() ? QString() : path(file)) << name;
     }
 }
 

@@ -84,14 +84,14 @@ TEST_F(ClientIdentity, LeadsToTheIcon) {
                                   {1, 1, 0x80112233});
     rig_->desktop.x().synchronize();
     auto& icons = rig_->ports->icons;
-    EXPECT_EQ(icons.iconNameOf({kPid, "viewer", "Viewer"}), "") << "nothing has been read yet";
-    EXPECT_TRUE(rig_->eventually([&] {
-        return icons.iconNameOf({kPid, "viewer", "Viewer"}) == "Viewer-icon";
-    }));
-    EXPECT_EQ(icons.iconNameOf({kPid, "missing", "Missing"}), "");
+    EXPECT_EQ(icons.iconNameOf("viewer"), "") << "nothing has been read yet";
+    EXPECT_TRUE(rig_->eventually([&] { return icons.iconNameOf("viewer") == "Viewer-icon"; }));
+    EXPECT_EQ(icons.iconNameOf("missing"), "");
     EXPECT_TRUE(rig_->eventually([&] { // the manager lists the window some time after it is shown
-        return icons.iconPicturesOf({kPid, std::nullopt, std::nullopt}) == picture;
+        return icons.iconPicturesOf(ProcessId{kPid}) == picture;
     }));
+    EXPECT_EQ(icons.iconPicturesOf(std::string("viewer")), picture);
+    EXPECT_TRUE(icons.iconPicturesOf(std::string("missing")).empty());
 }
 
 TEST_F(ClientIdentity, IsAPrivateProcessForEachClientOfAnotherMachine) {

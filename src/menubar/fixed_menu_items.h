@@ -1,0 +1,46 @@
+#pragma once
+
+#include "menubar/menu.h"
+#include "platform/program_information.h"
+#include "platform/software_updater.h"
+#include "platform/text_services.h"
+
+#include <functional>
+#include <memory>
+
+namespace panewright {
+
+/// The items that the status menu always has, in the user's language.
+struct FixedMenuItems {
+    struct Actions {
+        std::function<void()> saveWindowPosition;
+        std::function<void()> moveToNextDisplay;
+        std::function<void()> settings;
+        std::function<void()> runAtStartup;
+        std::function<void()> restoreWindowStates;
+        std::function<void()> checkForUpdates;
+        std::function<void()> sendFeedback;
+        std::function<void()> openFAQ;
+        std::function<void()> crash;
+        std::function<void()> quit;
+    };
+
+    /// What there is to choose depends on these: where nobody looks for updates, and where the
+    /// program has no site, the items for it are left out.
+    FixedMenuItems(const TextServices& text, const ProgramInformation& program,
+                   const SoftwareUpdater& updater, const Actions& actions);
+
+    std::shared_ptr<MenuItem> saveItem;
+    std::shared_ptr<MenuItem> moveToNextDisplayItem;
+    /// Checked while the program starts at login.
+    std::shared_ptr<MenuItem> startupItem;
+    /// For trying out the reporting of crashes; not for users.
+    std::shared_ptr<MenuItem> crashItem;
+    std::shared_ptr<MenuItem> versionItem;
+
+    /// What stands before the saved states, which begin at the index 3, and after them.
+    MenuItems before;
+    MenuItems after;
+};
+
+} // namespace panewright

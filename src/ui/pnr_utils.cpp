@@ -1,0 +1,81 @@
+#include "ui/pnr_utils.h"
+
+#include "base/file.h"
+#include "model/application_folders.h"
+#include "model/store_location.h"
+
+#include <cstddef>
+#include <string>
+#include <system_error>
+
+namespace panewright {
+namespace {
+
+constexpr std::string_view kAppImagesFolderName = "AppImages";
+/// Between icon and picture, and on the other side of neither.
+constexpr double kIconMargin = 4;
+/// Of an image file, in bytes: far more than an icon takes.
+constexpr std::size_t kMaxImageFileSize = std::size_t{4} << 20U;
+/// Of a file's name, in bytes, on every file system in use.
+constexpr std::size_t kMaxFileName = 255;
+
+bool isPlainFileName(std::string_view name) {
+    return !name.empty() && name.size() <= kMaxFileName && name != "." && name != ".." &&
+           name.find_first_of(std::string_view("/\0", 2)) == std::string_view::npos;
+}
+
+double widthOf(const ImagePtr& image) {
+    return image ? image->size().width : 0;
+}
+
+} // namespace
+
+ImagePtr compositeImageWithAppIconImage(Images& images, const ImagePtr& image,
+                                        const ImagePtr& icon) {
+    if (widthOf(image) == 0 || widthOf(icon) == 0) {
+        return image;
+    }
+    const Size size = image->size();
+    const double left = kAppIconSize.width + kIconMargin;
+    return images.composed(
+        {left + size.width, size.height},
+        {{image, makeRect({left, 0}, size)},
+         {icon, makeRect({0, size.height - kAppIconSize.height}, kAppIconSize)}});
+}
+
+ImagePtr PNRUtils::compositeImage(const ImagePtr& image, std::string_view withAppImage) const {
+    const auto icon = appImageForBundleId(withAppImage);
+    return icon ? compositeImage(image, icon) : nullptr;
+}
+
+void PNRUtils::saveAppImage(const ImagePtr& image, std::string_view bundleId) const {
+    const auto file = fileFor(bundleId);
+    std::error_code ignored;
+    if (!file || std::filesystem::exists(std::filesystem::symlink_status(*file, ignored))) {
+        return;
+    }
+    if (const auto content = images_.representation(image, ImageFileType::kPng, {})) {
+        static_cast<void>(folders_.createDirectory(file->parent_path()));
+        static_cast<void>(writeFileAtomically(*file, *content));
+    }
+}
+
+ImagePtr PNRUtils::appImageForBundleId(std::string_view bundleId) const {
+    const auto file = fileFor(bundleId);
+    if (!file) {
+        return nullptr;
+    }
+    const auto content = readFile(*file, kMaxImageFileSize);
+    return content ? images_.imageWithData(content.value()) : nullptr;
+}
+
+/// Nil as well when the program's folder is not to be had, which is logged.
+std::optional<std::filesystem::path> PNRUtils::fileFor(std::string_view bundleId) const {
+    if (!isPlainFileName(bundleId)) {
+        return std::nullopt;
+    }
+    const auto folder = applicationSupportDirectoryURLWithDirName(folders_, kStoreFolderName);
+    return folder ? std::optional(*folder / kAppImagesFolderName / bundleId) : std::nullopt;
+}
+
+} // namespace panewright
