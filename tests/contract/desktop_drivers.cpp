@@ -1,7 +1,9 @@
+#include "contract/desktop_driver.h"
 #include "contract/late_desktop.h"
-#include "contract/windows_driver.h"
 #include "contract/x11_rig.h"
+#include "desktop/linux/evdev_key_codes.h"
 
+#include <linux/input-event-codes.h>
 #include <unistd.h>
 
 #include <map>
@@ -19,10 +21,15 @@ MemoryWindows::Window windowInMemory(const OpenedWindow& window) {
             .isResizable = window.minimumSize != window.maximumSize};
 }
 
-class MemoryDriver : public WindowsDriver {
+template <class Desktop>
+DesktopPorts portsOf(Desktop& desktop) {
+    return {desktop.accessibility, desktop.displays, desktop.hotKeys, desktop.workAreas,
+            desktop.workspace};
+}
+
+class MemoryDriver : public DesktopDriver {
 public:
-    Accessibility& accessibility() override { return desktop_.accessibility; }
-    Workspace& workspace() override { return desktop_.workspace; }
+    DesktopPorts ports() override { return portsOf(desktop_); }
     ProcessId ownPid() const override { return MemoryDesktop::kOwnPid; }
     WindowId open(const OpenedWindow& window) override {
         desktop_.windows.addApplication({window.pid, window.program, window.program});
@@ -33,19 +40,33 @@ public:
     void setFrame(WindowId window, const Rect& frame) override {
         desktop_.windows.setFrame(window, frame);
     }
+    void setDisplays(const std::vector<Rect>& bounds) override {
+        DisplaySnapshot displays;
+        for (const auto& rect : bounds) {
+            const auto id = static_cast<DisplayId>(displays.size() + 1);
+            displays.push_back({.id = id, .bounds = rect});
+        }
+        desktop_.displays.setDisplays(displays);
+    }
+    void tap(std::uint32_t keyCode) override { desktop_.hotKeys.press(keyCode, kHotKeyOption); }
+    void takeByAnotherProgram(std::uint32_t keyCode) override {
+        desktop_.hotKeys.takeByAnotherProgram(keyCode, kHotKeyOption);
+    }
+    void letGoByAnotherProgram(std::uint32_t keyCode) override {
+        desktop_.hotKeys.letGoByAnotherProgram(keyCode, kHotKeyOption);
+    }
     bool eventually(const std::function<bool()>& condition) override {
         desktop_.mainLoop.runPending();
         return condition();
     }
 
-private:
+protected:
     MemoryDesktop desktop_;
 };
 
-class X11Driver : public WindowsDriver {
+class X11Driver : public DesktopDriver {
 public:
-    Accessibility& accessibility() override { return rig_.ports->accessibility; }
-    Workspace& workspace() override { return rig_.ports->workspace; }
+    DesktopPorts ports() override { return portsOf(*rig_.ports); }
     ProcessId ownPid() const override { return getpid(); }
     WindowId open(const OpenedWindow& window) override {
         // Whether it can be resized decides what is put around it.
@@ -68,11 +89,39 @@ public:
     void setFrame(WindowId window, const Rect& frame) override {
         test::placeWindow(rig_.desktop.x(), static_cast<xcb_window_t>(window), frame);
     }
+    void setDisplays(const std::vector<Rect>& bounds) override {
+        std::vector<std::string> monitors;
+        for (const auto& rect : bounds) {
+            monitors.push_back(std::to_string(int(rect.width)) + "x" +
+                               std::to_string(int(rect.height)) + "+" +
+                               std::to_string(int(rect.x)) + "+" + std::to_string(int(rect.y)));
+        }
+        rig_.desktop.setDisplays(monitors);
+    }
+    void tap(std::uint32_t keyCode) override {
+        rig_.loop.runPending(); // grabs what was registered
+        rig_.desktop.keyboard().tap(KEY_LEFTALT, evdevCode(keyCode));
+    }
+    void takeByAnotherProgram(std::uint32_t keyCode) override {
+        const auto key = test::Keyboard::keycode(evdevCode(keyCode));
+        EXPECT_TRUE(eventually([&] { // our letting go may still be under way
+            return rig_.desktop.x().grabKey(XCB_MOD_MASK_1, key);
+        }));
+    }
+    void letGoByAnotherProgram(std::uint32_t keyCode) override {
+        const auto& x = rig_.desktop.x();
+        xcb_ungrab_key(x.connection(), test::Keyboard::keycode(evdevCode(keyCode)), x.root(),
+                       XCB_MOD_MASK_1);
+        x.synchronize();
+    }
     bool eventually(const std::function<bool()>& condition) override {
         return rig_.eventually(condition);
     }
 
 private:
+    static std::uint16_t evdevCode(std::uint32_t keyCode) {
+        return static_cast<std::uint16_t>(evdevCodesOf(keyCode).front());
+    }
     /// A client's limits are those inside of its frame.
     void limit(xcb_window_t window, const OpenedWindow& to) {
         const auto& x = rig_.desktop.x();
@@ -102,13 +151,17 @@ private:
     std::map<WindowId, std::unique_ptr<test::TestClient>> clients_;
 };
 
-class LateDriver : public WindowsDriver {
+/// Its displays and keys are those of the desktop in memory.
+class LateDriver : public MemoryDriver {
 public:
-    LateDriver() { compositor_.addApplication({kOwnPid, kOwnIdentifier, kOwnIdentifier}); }
+    LateDriver() {
+        compositor_.addApplication({MemoryDesktop::kOwnPid, kOwnIdentifier, kOwnIdentifier});
+    }
 
-    Accessibility& accessibility() override { return accessibility_; }
-    Workspace& workspace() override { return workspace_; }
-    ProcessId ownPid() const override { return kOwnPid; }
+    DesktopPorts ports() override {
+        return {accessibility_, desktop_.displays, desktop_.hotKeys, desktop_.workAreas,
+                workspace_};
+    }
     WindowId open(const OpenedWindow& window) override {
         compositor_.addApplication({window.pid, window.program, window.program});
         return compositor_.open(windowInMemory(window));
@@ -121,32 +174,29 @@ public:
     bool eventually(const std::function<bool()>& condition) override {
         constexpr int kTries = 500;
         for (int i = 0; i < kTries && !condition(); ++i) {
-            loop_.advance(std::chrono::milliseconds(1));
+            desktop_.mainLoop.advance(std::chrono::milliseconds(1));
         }
         return condition();
     }
 
 private:
-    static constexpr ProcessId kOwnPid = 1;
-
-    MemoryMainLoop loop_;
-    LateCompositor compositor_{loop_};
-    LateWindows windows_{compositor_, loop_};
+    LateCompositor compositor_{desktop_.mainLoop};
+    LateWindows windows_{compositor_, desktop_.mainLoop};
     WindowsAccessibility accessibility_{windows_};
-    LateWorkspace workspace_{compositor_, windows_, kOwnPid};
+    LateWorkspace workspace_{compositor_, windows_, MemoryDesktop::kOwnPid};
 };
 
 } // namespace
 
-std::unique_ptr<WindowsDriver> driveMemoryDesktop() {
+std::unique_ptr<DesktopDriver> driveMemoryDesktop() {
     return std::make_unique<MemoryDriver>();
 }
 
-std::unique_ptr<WindowsDriver> driveX11() {
+std::unique_ptr<DesktopDriver> driveX11() {
     return std::make_unique<X11Driver>();
 }
 
-std::unique_ptr<WindowsDriver> driveLateDesktop() {
+std::unique_ptr<DesktopDriver> driveLateDesktop() {
     return std::make_unique<LateDriver>();
 }
 
