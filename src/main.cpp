@@ -12,10 +12,12 @@
 #include "desktop/freedesktop/xdg_folders.h"
 #include "desktop/linux/broken_pipes.h"
 #include "desktop/linux/command_line.h"
+#include "desktop/linux/environment.h"
 #include "desktop/linux/linux_background_work.h"
 #include "desktop/linux/linux_program.h"
 #include "desktop/linux/running_place.h"
 #include "desktop/linux/termination_signals.h"
+#include "desktop/qt/native_geometry.h"
 #include "desktop/qt/qt_application_icons.h"
 #include "desktop/qt/qt_main_loop.h"
 #include "desktop/qt/qt_menu_view.h"
@@ -38,7 +40,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -49,11 +50,6 @@ using namespace panewright;
 
 constexpr int kExitCannotStart = 1;
 constexpr int kExitServerLost = 2;
-
-std::string environment(const char* name) {
-    const char* value = std::getenv(name);
-    return value ? value : "";
-}
 
 /// Says what a person should know of this session before anything else goes on.
 void describeSession() {
@@ -153,6 +149,7 @@ struct Adapters {
 };
 
 int runOn(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus, const Process& process) {
+    setNativeUnitIsPixel(desktop.ownWindows.areInPixels());
     Adapters adapters(desktop, bus, process.program);
     const Ports ports = adapters.portsOf(desktop, mainLoop, process);
     const SharedInstances shared(ports, process.lock);
