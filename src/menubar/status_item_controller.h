@@ -101,6 +101,7 @@ private:
     /// Brings everything that the menu shows up to date.
     void menuNeedsUpdate();
     void workspaceDidActiveApplication();
+    void permissionGiven();
     void updateHotKeys(HotKeyOccasion occasion);
     /// Takes the tracked window as it is now into an open save popover.
     void updateSaveShortcutViewControllerIfOpen();
@@ -123,6 +124,7 @@ private:
     std::shared_ptr<CarbonKeyEvent> moveToNextDisplayKey_;
     bool started_ = false;
     Registration activations_;
+    Registration permission_;
     Registration statusItemChanges_;
     Registration lookForStatusItem_;
 };

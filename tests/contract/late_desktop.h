@@ -69,6 +69,7 @@ public:
 
     bool isPermitted() const override { return true; }
     void askForPermission() override {}
+    Registration onPermitted(std::function<void()> /*callback*/) override { return {}; }
     Answer<ProcessId> frontmostProcess() override;
     Answer<WindowId> focusedWindowOf(ProcessId pid) override;
     Answer<Rect> frameOf(WindowId window) override;
