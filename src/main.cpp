@@ -1,4 +1,5 @@
 #include "app/app_delegate.h"
+#include "app/shared_instances.h"
 #include "base/file.h"
 #include "base/log.h"
 #include "desktop/dbus/application_service.h"
@@ -29,7 +30,6 @@
 #include "desktop/x11/x11_desktop.h"
 #include "model/model.h"
 #include "model/store_lock.h"
-#include "shortcuts/carbon_event_manager.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -68,28 +68,6 @@ void describeMissingServer() {
 void describeLostServer() {
     logLine("the X server has gone away");
 }
-
-/// The shared registry and store, for as long as this object lives.
-class SharedInstances {
-public:
-    SharedInstances(const Ports& ports, StoreLock& lock) {
-        CarbonEventManager::setSharedManagerFactory([ports] {
-            return std::make_unique<CarbonEventManager>(
-                CarbonEventManager::Services{ports.hotKeys, ports.mainLoop, ports.userDefaults});
-        });
-        Model::setFactory([ports, &lock] {
-            return std::make_unique<Model>(Model::Services{
-                ports.standardFolders, ports.userDefaults, lock, ports.backgroundWork});
-        });
-    }
-    /// Writes what is still to be saved and releases the hot keys.
-    ~SharedInstances() {
-        Model::setFactory(nullptr);
-        CarbonEventManager::setSharedManagerFactory(nullptr);
-    }
-    SharedInstances(const SharedInstances&) = delete;
-    SharedInstances& operator=(const SharedInstances&) = delete;
-};
 
 /// What this process has beside its desktop.
 struct Process {
