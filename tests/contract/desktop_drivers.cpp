@@ -159,8 +159,7 @@ public:
     }
 
     DesktopPorts ports() override {
-        return {accessibility_, desktop_.displays, desktop_.hotKeys, desktop_.workAreas,
-                workspace_};
+        return {accessibility_, desktop_.displays, desktop_.hotKeys, desktop_.workAreas, windows_};
     }
     WindowId open(const OpenedWindow& window) override {
         compositor_.addApplication({window.pid, window.program, window.program});
@@ -181,9 +180,8 @@ public:
 
 private:
     LateCompositor compositor_{desktop_.mainLoop};
-    LateWindows windows_{compositor_, desktop_.mainLoop};
+    LateWindows windows_{compositor_, MemoryDesktop::kOwnPid};
     WindowsAccessibility accessibility_{windows_};
-    LateWorkspace workspace_{compositor_, windows_, MemoryDesktop::kOwnPid};
 };
 
 } // namespace

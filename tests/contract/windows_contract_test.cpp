@@ -208,7 +208,7 @@ INSTANTIATE_TEST_SUITE_P(Everywhere, WindowsContract, testing::Values(kMemory, k
 TEST(WindowsThatAnswerLate, AreNotNamedAsFocusedBeforeTheirFrameIsKnown) {
     MemoryMainLoop loop;
     LateCompositor compositor(loop);
-    LateWindows windows(compositor, loop);
+    LateWindows windows(compositor, 1);
     WindowsAccessibility accessibility(windows);
     constexpr ProcessId kEditor = 7;
     compositor.addApplication({kEditor, "Editor", "Editor"});
