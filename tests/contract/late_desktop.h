@@ -35,7 +35,8 @@ public:
     void activate(WindowId window);
     void setFrame(WindowId window, const Rect& frame);
 
-    // What programs ask it for. It does so later, and then answers with the window.
+    // What programs ask it for. It does so later, and then answers with the window; no change only
+    // asks.
     void place(WindowId window, const FrameWrite& change,
                std::function<void(const ToldWindow&)> answer);
     void bringToFront(std::function<void(MemoryWindows&)> application);

@@ -73,22 +73,6 @@ TEST(LoginItem, IsInstalledWhileItsFileIsThereAndPointedAtThisCopyUnlessItIsNotO
     }
 }
 
-TEST(LaunchAgentFormat, WritesAnXmlPropertyListInItsOrder) {
-    const LaunchAgentFormat format("/home/u");
-    EXPECT_EQ(format.folder(), "/home/u/Library/LaunchAgents");
-    const auto encoded =
-        format.encode({"com.quillfen", "/opt/panewright", std::vector{"a"s, "b"s}});
-    EXPECT_EQ(encoded.substr(encoded.find("<dict>")),
-              "<dict>\n"
-              "\t<key>Label</key>\n\t<string>com.quillfen</string>\n"
-              "\t<key>LimitLoadToSessionType</key>\n\t<string>Aqua</string>\n"
-              "\t<key>RunAtLoad</key>\n\t<true/>\n"
-              "\t<key>Program</key>\n\t<string>/opt/panewright</string>\n"
-              "\t<key>ProgramArguments</key>\n"
-              "\t<array>\n\t\t<string>a</string>\n\t\t<string>b</string>\n\t</array>\n"
-              "</dict>\n</plist>\n");
-}
-
 TEST(AutostartEntryFormat, LeavesAnEntryAloneThatTheUserHasSwitchedOff) {
     const TemporaryFolder folder;
     setenv("XDG_CONFIG_HOME", folder.path().c_str(), 1);

@@ -64,13 +64,8 @@ protected:
 };
 
 TEST_F(CarbonEventManagerTest, ConvertsModifierFlagsBothWays) {
-    const std::pair<std::uint64_t, std::uint64_t> pairs[] = {{0x100000, 0x100},
-                                                             {0x20000, 0x200},
-                                                             {0x80000, 0x800},
-                                                             {0x40000, 0x1000},
-                                                             {0x1E0000, 0x1B00},
-                                                             {0x800000, 0x800000},
-                                                             {0, 0}};
+    const std::pair<std::uint64_t, std::uint64_t> pairs[] = {
+        {0x100000, 0x100}, {0x1E0000, 0x1B00}, {0x800000, 0x800000}, {0, 0}};
     for (const auto& [application, hotKey] : pairs) {
         EXPECT_EQ(CarbonEventManager::cocoaToCarbonModifierFlags(application | 0x1000F), hotKey);
         EXPECT_EQ(CarbonEventManager::carbonToCocoaModifierFlags(hotKey | 0x400), application);
