@@ -85,41 +85,6 @@ TEST_F(CarbonEventManagerTest, FiresOneEventForOnePressThoughEveryEventHasAHandl
     EXPECT_EQ(hotKeys_.registeredCount(), 0U);
 }
 
-TEST(HotKeyHandlers, AreAskedByTheirTypeFromTheNewestOnUntilOneClaimsThePress) {
-    struct Handler {
-        std::string& log;
-        char name;
-        EventStatus answer;
-    };
-    std::string log;
-    Handler first{log, '1', kNoError};
-    Handler second{log, '2', kEventParameterNotFound};
-    HotKeyHandlers handlers;
-    const auto install = [&](Handler& handler, std::uint32_t kind) {
-        return handlers.install(
-            {kEventClassKeyboard, kind},
-            [](const HotKeyPress&, void* userData) {
-                const auto& asked = *static_cast<Handler*>(userData);
-                asked.log += asked.name;
-                return asked.answer;
-            },
-            &handler);
-    };
-    const auto logAfterPress = [&] {
-        handlers.deliver({kEventClassKeyboard, kEventHotKeyPressed}, {});
-        return std::exchange(log, "");
-    };
-    install(first, kEventHotKeyPressed);
-    const auto newer = install(second, kEventHotKeyPressed);
-    install(second, 6); // releases are another type
-    EXPECT_EQ(logAfterPress(), "21");
-    second.answer = kNoError;
-    EXPECT_EQ(logAfterPress(), "2");
-    handlers.remove(newer);
-    handlers.remove(newer);
-    EXPECT_EQ(logAfterPress(), "1");
-}
-
 TEST_F(CarbonEventManagerTest, KeepsTheReceiverFromThePressToTheCallAndLogsWhenThereIsNone) {
     CapturedLog log;
     const auto pressed = event(18);

@@ -115,15 +115,6 @@ TEST_F(LifeCycle, GoesOnAfterTheReaderOfItsLogHasEnded) {
     expectAfter(KEY_2, kLarge, desktop_, window_.window());
 }
 
-TEST_F(LifeCycle, GoesOnInAWaylandSessionAndSaysWhatItCannotReach) {
-    Environment environment = desktop_.environment();
-    environment["XDG_SESSION_TYPE"] = "wayland";
-    environment["WAYLAND_DISPLAY"] = "wayland-0";
-    Program program(environment);
-    EXPECT_THAT(program->standardError(), ContainsRegex("Wayland.*X11"));
-    expectAfter(KEY_2, kLarge, desktop_, window_.window());
-}
-
 TEST_F(LifeCycle, LeavesAStoreAloneThatIsDamagedOrAnothers) {
     setContent(file_, "damaged");
     {

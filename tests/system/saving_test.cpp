@@ -201,18 +201,16 @@ TEST_P(Saving, EndsOnSigtermWhileAShortcutIsRecorded) {
 INSTANTIATE_TEST_SUITE_P(Everywhere, Saving, testing::Values(kTint2, kXfce4Panel),
                          [](const auto& suite) { return std::string(suite.param.windowManager); });
 
-class SettingsWindow : public Saving {
-protected:
-    std::string settings() const {
-        return contentOf(desktop_.environment()["XDG_CONFIG_HOME"] + "/Panewright/Panewright.conf");
-    }
-    bool isWritten(const std::string& line, bool wanted = true) const {
-        return eventually(
-            [&] { return (settings().find(line + "\n") != std::string::npos) == wanted; });
-    }
-};
+class SavingInOnePanel : public Saving {};
 
-TEST_P(SettingsWindow, IsUsedWithKeysAndMouse) {
+TEST_P(SavingInOnePanel, HasSettingsThatAreUsedWithKeysAndMouse) {
+    const std::filesystem::path config = desktop_.environment()["XDG_CONFIG_HOME"];
+    const auto isWritten = [&](const std::string& line, bool wanted = true) {
+        return eventually([&] {
+            const auto settings = contentOf(config / "Panewright/Panewright.conf");
+            return (settings.find(line + "\n") != std::string::npos) == wanted;
+        });
+    };
     const TestClient window(desktop_.display());
     window.activate();
     openMenu(window);
@@ -224,10 +222,10 @@ TEST_P(SettingsWindow, IsUsedWithKeysAndMouse) {
     press({"alt+m", "space", "alt+n"});
     EXPECT_TRUE(isWritten("MoveToNextWindowKeyEventKeyCode=45"));
     EXPECT_TRUE(isWritten("MoveToNextWindowKeyEventKeyModifiers=524288"));
-    const std::filesystem::path entry = desktop_.environment()["XDG_CONFIG_HOME"] +
-                                        "/autostart/com.quillfen.Panewright.Agent.desktop";
     press({"alt+l"});
-    EXPECT_TRUE(eventually([&] { return std::filesystem::exists(entry); }));
+    EXPECT_TRUE(eventually([&] {
+        return std::filesystem::exists(config / "autostart/com.quillfen.Panewright.Agent.desktop");
+    }));
 
     // The recorder, whose cross stands at its right end while it records.
     press({"space"});
@@ -239,7 +237,7 @@ TEST_P(SettingsWindow, IsUsedWithKeysAndMouse) {
     EXPECT_TRUE(isWritten("MoveToNextWindowKeyEventKeyCode=45", false));
 }
 
-TEST_P(SettingsWindow, AndThePopoverFitTheirScreenAtAScaleOfTwo) {
+TEST_P(SavingInOnePanel, FitsItsScreenAtAScaleOfTwo) {
     (*program_)->sendSignal(SIGTERM);
     EXPECT_EQ((*program_)->waitForEnd(), 0);
     program_.reset();
@@ -257,12 +255,7 @@ TEST_P(SettingsWindow, AndThePopoverFitTheirScreenAtAScaleOfTwo) {
     EXPECT_THAT(store(), testing::HasSubstr("\"Large\""));
 }
 
-INSTANTIATE_TEST_SUITE_P(Everywhere, SettingsWindow, testing::Values(kTint2),
-                         [](const auto& suite) { return std::string(suite.param.windowManager); });
-
-class Recording : public Saving {};
-
-TEST_P(Recording, TakesEveryKeyThatHasACode) {
+TEST_P(SavingInOnePanel, RecordsEveryKeyThatHasACode) {
     desktop_.run({"setxkbmap", "-layout", "us,de", "-option", "grp:rctrl_toggle"});
     EXPECT_TRUE(desktop_.x().grabKey(XCB_MOD_MASK_1, Keyboard::keycode(KEY_7)));
     const TestClient window(desktop_.display());
@@ -305,7 +298,7 @@ TEST_P(Recording, TakesEveryKeyThatHasACode) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Everywhere, Recording, testing::Values(kTint2),
+INSTANTIATE_TEST_SUITE_P(Everywhere, SavingInOnePanel, testing::Values(kTint2),
                          [](const auto& suite) { return std::string(suite.param.windowManager); });
 
 } // namespace

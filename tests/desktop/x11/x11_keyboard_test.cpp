@@ -51,19 +51,20 @@ TEST(X11HotKeys, SayOnceInTheLogWhichOnesAnotherProgramHolds) {
     X11Rig rig;
     auto& port = rig.ports->hotKeys;
     const auto& x = rig.desktop.x();
-    for (const int key : {KEY_2, KEY_F5}) {
-        x.grabKey(XCB_MOD_MASK_1, test::Keyboard::keycode(static_cast<std::uint16_t>(key)));
-        x.grabKey(XCB_MOD_MASK_1 | XCB_MOD_MASK_CONTROL,
-                  test::Keyboard::keycode(static_cast<std::uint16_t>(key)));
-    }
+    const auto two = test::Keyboard::keycode(KEY_2);
+    x.grabKey(XCB_MOD_MASK_1, two);
+    x.grabKey(XCB_MOD_MASK_1 | XCB_MOD_MASK_CONTROL, test::Keyboard::keycode(KEY_F5));
     CapturedLog log;
     std::vector<HotKeyRef> refs;
-    const auto registerAll = [&] {
+    const auto release = [&] {
         for (const auto ref : std::exchange(refs, {})) {
             port.unregisterHotKey(ref);
-            rig.loop.runPending();
         }
-        for (const std::uint32_t keyCode : {18, 19, 0, 96}) { // 1, 2, A, F5
+        rig.loop.runPending();
+    };
+    const auto registerAll = [&] {
+        release();
+        for (const std::uint32_t keyCode : {18, 19, 96}) { // 1, 2, F5
             refs.push_back(port.registerHotKey(keyCode, kHotKeyOption, {}).ref);
         }
         refs.push_back(port.registerHotKey(96, kHotKeyOption | kHotKeyControl, {}).ref);
@@ -72,16 +73,12 @@ TEST(X11HotKeys, SayOnceInTheLogWhichOnesAnotherProgramHolds) {
     };
     EXPECT_THAT(registerAll(),
                 ElementsAre("another program holds Alt+2", "another program holds Alt+F5",
-                            "another program holds Ctrl+Alt+F5"));
+                            "another program holds Ctrl+Alt+F5")); // the second is openbox
     EXPECT_THAT(registerAll(), IsEmpty());
-    const auto two = test::Keyboard::keycode(KEY_2);
     xcb_ungrab_key(x.connection(), two, x.root(), XCB_MOD_MASK_1);
     x.synchronize();
     EXPECT_THAT(registerAll(), IsEmpty());
-    for (const auto ref : refs) {
-        port.unregisterHotKey(ref);
-    }
-    rig.loop.runPending();
+    release();
     EXPECT_TRUE(rig.eventually([&] { return x.grabKey(XCB_MOD_MASK_1, two); }));
     EXPECT_THAT(registerAll(), ElementsAre("another program holds Alt+2"));
 }
