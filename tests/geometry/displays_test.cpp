@@ -99,7 +99,7 @@ TEST_F(DisplaysTest, LetAWindowKeepItsPlaceAndShareInThirtyTwoBitSteps) {
     } cases[] = {
         {"to a larger display", kSmall, kLarge, {100, 50, 800, 600}, kScaled},
         {"a window that fills its display", kSmall, kLarge, {0, 23, 1440, 877}, kLarge},
-        {"just too short", kSquare, kNextSquare, {0, 23, 1000, 900}, {1000, 23, 1000, 900}},
+        {"too short for that", kSquare, kNextSquare, {0, 23, 1000, 900}, {1000, 23, 1000, 900}},
         {"left of it, mirrored", kSquare, kNextSquare, {-50, 0, 500, 500}, {1050, 0, 500, 500}},
         {"across zero", {-100, 0, 1000, 1000}, {900, 0, 1000, 1000}, {50, 0, 9, 9}, {950, 0, 9, 9}},
     };

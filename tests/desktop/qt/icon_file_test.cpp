@@ -39,12 +39,8 @@ protected:
                                           "height=\"1500\">" +
                                               content + "</svg>");
     }
-    static std::string repeated(const std::string& text, int count) {
-        std::string all;
-        for (; count > 0; --count) {
-            all += text;
-        }
-        return all;
+    static std::string repeated(const char* text, int count) {
+        return QString(text).repeated(count).toStdString();
     }
 
     const TemporaryFolder folder_;

@@ -23,20 +23,9 @@ TEST(WrittenFrames, RoundAPositionUpAndASizeToTheNearest) {
     }
 }
 
-TEST(WrittenFrames, ReportWhatWasWrittenWhileTheWindowStandsNearIt) {
-    const FrameWrite write{.position = Point{68.3, 38.4}, .size = Size{1229.4, 691.2}};
-    const Rect before{5, 6, 7, 8};
-    const Rect asked{69, 39, 1229, 691};
-    const Rect written{69, 39, 1229.4, 691.2};
-    EXPECT_EQ(write.asked(before, {}), asked);
-    EXPECT_EQ(write.written(before), written);
+TEST(WrittenFrames, ForgiveADistanceOfSixtyFourPoints) {
     constexpr WindowId kWindow = 3;
     WrittenFrames frames;
-    const Rect moved{70, 39, 1229, 691};
-    EXPECT_EQ(frames.frameToReport(kWindow, moved), moved);
-    frames.keep(kWindow, {written, asked, asked});
-    EXPECT_EQ(frames.frameToReport(kWindow, asked), written);
-    EXPECT_EQ(frames.frameToReport(kWindow, moved), moved);
     // What is 64 points from what was asked for is forgiven, 65 are not; what was written does not
     // matter.
     const Rect full{0, 0, 1600, 900};

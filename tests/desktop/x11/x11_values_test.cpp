@@ -1,12 +1,15 @@
 // What is made of the numbers that clients write into their properties, and ours that X cannot
 // take.
 
+#include "desktop/linux/evdev_key_codes.h"
 #include "desktop/x11/desktop_entry_icons.h"
+#include "desktop/x11/evdev_native_key_codes.h"
 #include "desktop/x11/frame_requests.h"
 #include "desktop/x11/x11_work_areas.h"
 #include "support/print_geometry.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+#include <linux/input-event-codes.h>
 
 #include <limits>
 
@@ -81,6 +84,19 @@ TEST(AreaWithoutStruts, TakesFromEachDisplayWhatLiesOnIt) {
         EXPECT_EQ(areaWithoutStruts(left, {3000, 1200}, test.struts), test.left);
         EXPECT_EQ(areaWithoutStruts(right, {3000, 1200}, test.struts), test.right);
     }
+}
+
+TEST(EvdevKeyCodes, NameEachPhysicalKeyOnce) {
+    EXPECT_THAT(evdevCodesOf(114), testing::ElementsAre(KEY_INSERT, KEY_HELP)); // keyboards differ
+    for (std::uint16_t code = 0; code <= 128; ++code) {
+        for (const auto evdevCode : evdevCodesOf(code)) {
+            EXPECT_EQ(EvdevNativeKeyCodes().virtualKeyCode(evdevCode + 8, 0), code);
+        }
+    }
+    for (const std::uint32_t code : {KEY_RESERVED, KEY_PAUSE, KEY_F21, KEY_PLAYPAUSE}) {
+        EXPECT_EQ(virtualKeyCodeOf(code), std::nullopt) << code;
+    }
+    EXPECT_EQ(EvdevNativeKeyCodes().virtualKeyCode(7, 0), std::nullopt);
 }
 
 } // namespace
