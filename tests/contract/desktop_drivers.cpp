@@ -70,14 +70,21 @@ public:
     ProcessId ownPid() const override { return getpid(); }
     WindowId open(const OpenedWindow& window) override {
         // Whether it can be resized decides what is put around it.
-        auto client = std::make_unique<test::TestClient>(
-            rig_.desktop.display(),
-            test::ClientOptions{.windowClass = window.program,
-                                .pid = static_cast<std::uint32_t>(window.pid),
-                                .minimumSize = window.minimumSize,
-                                .maximumSize = window.maximumSize});
+        test::ClientOptions options{.windowClass = window.program,
+                                    .pid = static_cast<std::uint32_t>(window.pid),
+                                    .minimumSize = window.minimumSize,
+                                    .maximumSize = window.maximumSize};
+        auto client = std::make_unique<test::TestClient>(rig_.desktop.display(), options);
         const auto id = client->window();
-        limit(id, window);
+        // A client's limits are those inside of its frame.
+        const auto frame = test::outerFrame(rig_.desktop.x(), id);
+        const auto inside = [&](Size size) {
+            return Size{std::max(1.0, size.width - frame.width + options.client.width),
+                        std::max(1.0, size.height - frame.height + options.client.height)};
+        };
+        options.minimumSize = inside(window.minimumSize);
+        options.maximumSize = inside(window.maximumSize);
+        client->setHints(options);
         clients_.emplace(id, std::move(client));
         setFrame(id, window.frame);
         return id;
@@ -121,29 +128,6 @@ public:
 private:
     static std::uint16_t evdevCode(std::uint32_t keyCode) {
         return static_cast<std::uint16_t>(evdevCodesOf(keyCode).front());
-    }
-    /// A client's limits are those inside of its frame.
-    void limit(xcb_window_t window, const OpenedWindow& to) {
-        const auto& x = rig_.desktop.x();
-        auto around = x.property(window, "_NET_FRAME_EXTENTS"); // left, right, top, bottom
-        around.resize(4);
-        const auto width = [&](Size size) {
-            return std::max(1U, static_cast<std::uint32_t>(size.width) - around[0] - around[1]);
-        };
-        const auto height = [&](Size size) {
-            return std::max(1U, static_cast<std::uint32_t>(size.height) - around[2] - around[3]);
-        };
-        constexpr std::uint32_t kMinimumAndMaximum = 3U << 4U; // ICCCM, WM_SIZE_HINTS
-        std::vector<std::uint32_t> hints(18);
-        hints[0] = kMinimumAndMaximum;
-        if (to.minimumSize != Size{1, 1}) {
-            hints[5] = width(to.minimumSize);
-            hints[6] = height(to.minimumSize);
-        }
-        hints[7] = width(to.maximumSize);
-        hints[8] = height(to.maximumSize);
-        x.setProperty(window, "WM_NORMAL_HINTS", XCB_ATOM_WM_SIZE_HINTS, hints);
-        x.synchronize();
     }
 
     // The server cannot tell that all windows are this process's: they say whose they are.

@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
-
 namespace panewright {
 namespace {
 
@@ -15,16 +13,11 @@ constexpr std::uint64_t kOption = 0x80000;
 constexpr std::uint64_t kShift = 0x20000;
 constexpr std::uint64_t kCommand = 0x100000;
 
-class ShortcutTextTest : public testing::Test {
-protected:
-    ShortcutTextTest() { layout_.setKeys({{0, "a"}, {18, "1"}, {50, "`"}, {127, "z"}}); }
-
-    MemoryKeyboardLayout layout_;
-    MemoryTextServices services_;
-    ShortcutText text_{layout_, services_};
-};
-
-TEST_F(ShortcutTextTest, ShowsModifiersInTheirOrderAndThenTheKey) {
+TEST(ShortcutTextTest, ShowsModifiersInTheirOrderAndThenTheKey) {
+    MemoryKeyboardLayout layout;
+    const MemoryTextServices services;
+    const ShortcutText text(layout, services);
+    layout.setKeys({{0, "a"}, {18, "1"}, {50, "`"}});
     const struct {
         std::uint64_t keyCode;
         std::uint64_t flags;
@@ -40,25 +33,21 @@ TEST_F(ShortcutTextTest, ShowsModifiersInTheirOrderAndThenTheKey) {
         {0x10000 + 49, 0, ""},  // 49 is Space, but 0x10031 as a whole is not
     };
     for (const auto& [keyCode, flags, shown] : cases) {
-        EXPECT_EQ(text_.presentableKeyboardShortcut(keyCode, flags), shown) << keyCode;
+        EXPECT_EQ(text.presentableKeyboardShortcut(keyCode, flags), shown) << keyCode;
     }
-    EXPECT_EQ(text_.stringForRawKeyCode(0), "A");
-    EXPECT_EQ(text_.stringForRawKeyCode(49), "");
-    layout_.setKeys({{49, " "}, {0, "a"}});
-    const std::pair<std::uint16_t, const char*> inMenus[] = {{0, "A"}, {49, "Space"}, {96, "F5"}};
-    for (const auto& [keyCode, shown] : inMenus) {
-        EXPECT_EQ(text_.keyEquivalentForKeyCode(keyCode), shown);
-    }
-}
-
-TEST_F(ShortcutTextTest, NamesTheKeysThatNoLayoutChanges) {
-    const std::map<std::uint16_t, const char*> names{
+    const std::pair<std::uint16_t, const char*> unchanging[] = {
         {36, "↩"},  {48, "⇥"},        {49, "Space"}, {51, "⌫"},   {53, "⎋"},
         {71, "⌧"},  {114, "?\u20DD"}, {117, "⌦"},    {122, "F1"}, {123, "←"},
         {124, "→"}, {125, "↓"},       {126, "↑"},    {72, "RAW"}};
-    for (const auto& [keyCode, name] : names) {
-        layout_.setKeys({{keyCode, "raw"}});
-        EXPECT_EQ(text_.presentableKeyboardShortcut(keyCode, 0), name) << keyCode;
+    for (const auto& [keyCode, name] : unchanging) {
+        layout.setKeys({{keyCode, "raw"}});
+        EXPECT_EQ(text.presentableKeyboardShortcut(keyCode, 0), name) << keyCode;
+    }
+    layout.setKeys({{49, " "}, {0, "a"}});
+    EXPECT_EQ(text.stringForRawKeyCode(0), "A");
+    const std::pair<std::uint16_t, const char*> inMenus[] = {{0, "A"}, {49, "Space"}, {96, "F5"}};
+    for (const auto& [keyCode, shown] : inMenus) {
+        EXPECT_EQ(text.keyEquivalentForKeyCode(keyCode), shown);
     }
 }
 

@@ -26,11 +26,16 @@ protected:
     Saving() {
         environment_["DBUS_SESSION_BUS_ADDRESS"] = bus_.firstLine();
         environment_["NO_AT_BRIDGE"] = "1";
+        window_.activate();
         start();
         // The icon waits for a panel.
         panel_.emplace(std::vector<std::string>{GetParam().program}, environment_);
     }
     void start() { program_.emplace(environment_); }
+    void quit() {
+        (*program_)->sendSignal(SIGTERM);
+        EXPECT_EQ((*program_)->waitForEnd(), 0);
+    }
 
     void press(const std::vector<std::string>& keys) const {
         std::vector<std::string> command{"xdotool", "key", "--clearmodifiers", "--delay", "60"};
@@ -102,6 +107,7 @@ protected:
     }
 
     const Desktop desktop_{{}, GetParam().windowManager};
+    const TestClient window_{desktop_.display()};
     Environment environment_ = desktop_.environment();
     ChildProcess bus_{{"dbus-daemon", "--session", "--nofork", "--nosyslog", "--print-address=1"},
                       environment_};
@@ -135,35 +141,29 @@ TEST_P(Saving, MakesAStateForItsApplicationAndOneForAll) {
         EXPECT_TRUE(eventually([&] { return other.keyPresses() > pressesBefore; }));
         expectAfter(KEY_2, kLarge, desktop_, other.window());
         expectAfter(KEY_8, kWide, desktop_, other.window());
-        (*program_)->sendSignal(SIGTERM);
-        EXPECT_EQ((*program_)->waitForEnd(), 0);
-        program_.reset();
+        quit();
         start();
     }
 }
 
 TEST_P(Saving, GivesTheKeyboardBackWhenItIsCancelled) {
-    const TestClient window(desktop_.display());
-    window.activate();
-    const auto before = frameOf(window);
+    const auto before = frameOf(window_);
     for (const char* key : {"Escape", "alt+c"}) {
-        openPopover(window);
-        expectAfter(KEY_2, before, desktop_, window.window()); // not while the popover is open
+        openPopover(window_);
+        expectAfter(KEY_2, before, desktop_, window_.window()); // not while the popover is open
         EXPECT_TRUE(isPopoverActive());
         press({key});
-        EXPECT_TRUE(eventually([&] { return window.isActive(); })) << key;
+        EXPECT_TRUE(eventually([&] { return window_.isActive(); })) << key;
         pause();
     }
-    expectAfter(KEY_2, kLarge, desktop_, window.window());
-    openMenu(window);
+    expectAfter(KEY_2, kLarge, desktop_, window_.window());
+    openMenu(window_);
     press({"q"});
     EXPECT_EQ((*program_)->waitForEnd(), 0);
 }
 
 TEST_P(Saving, LeavesNoMenuOpenThatAHeldHotKeyKeepsFromTheKeyboard) {
-    const TestClient window(desktop_.display());
-    window.activate();
-    openMenu(window);
+    openMenu(window_);
     press({"Escape"});
     desktop_.keyboard().press(KEY_LEFTALT);
     desktop_.keyboard().press(KEY_2);
@@ -176,26 +176,21 @@ TEST_P(Saving, LeavesNoMenuOpenThatAHeldHotKeyKeepsFromTheKeyboard) {
 }
 
 TEST_P(Saving, OpensOnTheVirtualDesktopThatIsShownAlsoAfterItWasLeftOnAnother) {
-    const TestClient left(desktop_.display());
-    left.activate();
-    openPopover(left);
+    openPopover(window_);
     desktop_.x().sendToWindowManager(desktop_.x().root(), "_NET_CURRENT_DESKTOP", {1});
-    const TestClient window(desktop_.display());
-    window.activate();
-    openPopover(window);
+    const TestClient other(desktop_.display());
+    other.activate();
+    openPopover(other);
     press({"Escape"});
-    ASSERT_TRUE(eventually([&] { return window.isActive(); }));
+    ASSERT_TRUE(eventually([&] { return other.isActive(); }));
     pause();
-    expectAfter(KEY_2, kLarge, desktop_, window.window());
+    expectAfter(KEY_2, kLarge, desktop_, other.window());
 }
 
 TEST_P(Saving, EndsOnSigtermWhileAShortcutIsRecorded) {
-    const TestClient window(desktop_.display());
-    window.activate();
-    openPopover(window);
+    openPopover(window_);
     press({"Tab", "space"});
-    (*program_)->sendSignal(SIGTERM);
-    EXPECT_EQ((*program_)->waitForEnd(), 0);
+    quit();
 }
 
 INSTANTIATE_TEST_SUITE_P(Everywhere, Saving, testing::Values(kTint2, kXfce4Panel),
@@ -211,11 +206,9 @@ TEST_P(SavingInOnePanel, HasSettingsThatAreUsedWithKeysAndMouse) {
             return (settings.find(line + "\n") != std::string::npos) == wanted;
         });
     };
-    const TestClient window(desktop_.display());
-    window.activate();
-    openMenu(window);
+    openMenu(window_);
     press({"e"});
-    ASSERT_TRUE(eventually([&] { return !window.isActive(); }));
+    ASSERT_TRUE(eventually([&] { return !window_.isActive(); }));
     pause();
     press({"alt+p"});
     EXPECT_TRUE(isWritten("AllowMoveWindow=true"));
@@ -238,29 +231,23 @@ TEST_P(SavingInOnePanel, HasSettingsThatAreUsedWithKeysAndMouse) {
 }
 
 TEST_P(SavingInOnePanel, FitsItsScreenAtAScaleOfTwo) {
-    (*program_)->sendSignal(SIGTERM);
-    EXPECT_EQ((*program_)->waitForEnd(), 0);
-    program_.reset();
+    quit();
     environment_["QT_SCALE_FACTOR"] = "2";
     start();
-    const TestClient window(desktop_.display());
-    window.activate();
-    openPopover(window);
+    openPopover(window_);
     const auto& x = desktop_.x();
     const auto popover = outerFrame(x, x.activeWindow());
     EXPECT_EQ(popover.y + popover.height, 870) << "it stands on the panel";
     EXPECT_EQ(popover.x + popover.width, 1584) << "16 pixels from the edge";
     EXPECT_GT(popover.width, 600);
-    save(window, "Large", "alt+9");
+    save(window_, "Large", "alt+9");
     EXPECT_THAT(store(), testing::HasSubstr("\"Large\""));
 }
 
 TEST_P(SavingInOnePanel, RecordsEveryKeyThatHasACode) {
     desktop_.run({"setxkbmap", "-layout", "us,de", "-option", "grp:rctrl_toggle"});
     EXPECT_TRUE(desktop_.x().grabKey(XCB_MOD_MASK_1, Keyboard::keycode(KEY_7)));
-    const TestClient window(desktop_.display());
-    window.activate();
-    const auto before = frameOf(window);
+    const auto before = frameOf(window_);
     constexpr int kOption = 524288;
     constexpr int kCommand = 1048576;
     const struct {
@@ -283,14 +270,14 @@ TEST_P(SavingInOnePanel, RecordsEveryKeyThatHasACode) {
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.what);
-        openPopover(window);
+        openPopover(window_);
         type("Recorded");
         press({"Tab", "space"});
         each.modifier ? desktop_.keyboard().tap(each.modifier, each.key)
                       : desktop_.keyboard().tap(each.key);
         press({"Return"});
-        ASSERT_TRUE(eventually([&] { return window.isActive(); }));
-        EXPECT_EQ(frameOf(window), before);
+        ASSERT_TRUE(eventually([&] { return window_.isActive(); }));
+        EXPECT_EQ(frameOf(window_), before);
         const auto saved = store();
         const auto shortcut = "\"keyCode\": " + std::to_string(each.keyCode.value_or(0)) +
                               ", \"modifierFlags\": " + std::to_string(each.flags);
