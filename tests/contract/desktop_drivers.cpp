@@ -98,6 +98,7 @@ public:
     }
     void setDisplays(const std::vector<Rect>& bounds) override {
         std::vector<std::string> monitors;
+        monitors.reserve(bounds.size());
         for (const auto& rect : bounds) {
             monitors.push_back(std::to_string(int(rect.width)) + "x" +
                                std::to_string(int(rect.height)) + "+" +

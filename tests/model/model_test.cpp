@@ -154,7 +154,9 @@ TEST_F(ModelTest, KeepsTheFileWhenTheStatesHoldMoreThanCouldBeReadBack) {
     CapturedLog log;
     const auto model = makeModel();
     save(*model);
-    model->setWindowStates(makeStates(1, std::string(300'000'000, 'x')));
+    std::string name;
+    name.resize(300'000'000, 'x');
+    model->setWindowStates(makeStates(1, name));
     save(*model);
     EXPECT_THAT(log.take(),
                 ElementsAre("Error saving window states: they hold more than could be read back"));

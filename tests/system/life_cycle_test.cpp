@@ -79,8 +79,7 @@ TEST_F(LifeCycle, AnswersItsCommandLineAndRefusesWhatItDoesNotKnow) {
 }
 
 TEST_F(LifeCycle, ShowsItsSettingsWhenItIsStartedAgainWhereItRuns) {
-    ChildProcess bus({"dbus-daemon", "--session", "--nofork", "--nosyslog", "--print-address=1"},
-                     desktop_.environment());
+    ChildProcess bus(kSessionBus, desktop_.environment());
     Environment environment = desktop_.environment();
     environment["DBUS_SESSION_BUS_ADDRESS"] = bus.firstLine();
     Program program(environment);

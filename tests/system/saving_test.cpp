@@ -109,8 +109,7 @@ protected:
     const Desktop desktop_{{}, GetParam().windowManager};
     const TestClient window_{desktop_.display()};
     Environment environment_ = desktop_.environment();
-    ChildProcess bus_{{"dbus-daemon", "--session", "--nofork", "--nosyslog", "--print-address=1"},
-                      environment_};
+    ChildProcess bus_{kSessionBus, environment_};
     std::optional<ChildProcess> panel_;
     std::optional<Program> program_;
 };

@@ -21,7 +21,7 @@ protected:
         static std::string arguments[] = {"test", "-platform", "offscreen"};
         static char* argv[] = {arguments[0].data(), arguments[1].data(), arguments[2].data(),
                                nullptr};
-        static const QGuiApplication application(count, argv);
+        static QGuiApplication application(count, argv);
     }
 
     QString path(const std::string& name) const {
