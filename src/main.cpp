@@ -1,4 +1,5 @@
 #include "app/app_delegate.h"
+#include "app/shared_instances.h"
 #include "base/file.h"
 #include "base/log.h"
 #include "desktop/dbus/application_service.h"
@@ -13,11 +14,13 @@
 #include "desktop/freedesktop/xdg_folders.h"
 #include "desktop/linux/broken_pipes.h"
 #include "desktop/linux/command_line.h"
+#include "desktop/linux/environment.h"
 #include "desktop/linux/linux_background_work.h"
 #include "desktop/linux/linux_program.h"
 #include "desktop/linux/running_place.h"
 #include "desktop/linux/termination_signals.h"
 #include "desktop/qt/key_events.h"
+#include "desktop/qt/native_geometry.h"
 #include "desktop/qt/qt_application_icons.h"
 #include "desktop/qt/qt_images.h"
 #include "desktop/qt/qt_main_loop.h"
@@ -31,7 +34,6 @@
 #include "desktop/x11/x11_desktop.h"
 #include "model/model.h"
 #include "model/store_lock.h"
-#include "shortcuts/carbon_event_manager.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -42,7 +44,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -53,11 +54,6 @@ using namespace panewright;
 
 constexpr int kExitCannotStart = 1;
 constexpr int kExitServerLost = 2;
-
-std::string environment(const char* name) {
-    const char* value = std::getenv(name);
-    return value ? value : "";
-}
 
 /// Says what a person should know of this session before anything else goes on.
 void describeSession() {
@@ -76,28 +72,6 @@ void describeMissingServer() {
 void describeLostServer() {
     logLine("the X server has gone away");
 }
-
-/// The shared registry and store, for as long as this object lives.
-class SharedInstances {
-public:
-    SharedInstances(const Ports& ports, StoreLock& lock) {
-        CarbonEventManager::setSharedManagerFactory([ports] {
-            return std::make_unique<CarbonEventManager>(
-                CarbonEventManager::Services{ports.hotKeys, ports.mainLoop, ports.userDefaults});
-        });
-        Model::setFactory([ports, &lock] {
-            return std::make_unique<Model>(Model::Services{
-                ports.standardFolders, ports.userDefaults, lock, ports.backgroundWork});
-        });
-    }
-    /// Writes what is still to be saved and releases the hot keys.
-    ~SharedInstances() {
-        Model::setFactory(nullptr);
-        CarbonEventManager::setSharedManagerFactory(nullptr);
-    }
-    SharedInstances(const SharedInstances&) = delete;
-    SharedInstances& operator=(const SharedInstances&) = delete;
-};
 
 /// What this process has beside its desktop.
 struct Process {
@@ -163,6 +137,7 @@ struct Adapters {
 };
 
 int runOn(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus, const Process& process) {
+    setNativeUnitIsPixel(desktop.ownWindows.areInPixels());
     Adapters adapters(desktop, mainLoop, bus, process.program);
     const Ports ports = adapters.portsOf(desktop, mainLoop, process);
     const SharedInstances shared(ports, process.lock);

@@ -51,7 +51,7 @@ std::shared_ptr<AccessibilityElement> AccessibilityHelper::systemElement() const
 }
 
 std::shared_ptr<AccessibilityElement> AccessibilityHelper::applicationFromSystemElement() const {
-    return elementOrLog(*systemElement(), kAXFocusedApplicationAttribute,
+    return elementOrLog(*systemElement(), kFocusedApplicationAttribute,
                         "can't copy attribute kAXFocusedApplicationAttribute");
 }
 

@@ -69,8 +69,9 @@ void FocusTracking::updateWindowRect() {
     const auto position = windowElement_->NSValueForAttribute(NSAccessibilityPositionAttribute);
     const auto* sizeValue = size ? std::get_if<Size>(&*size) : nullptr;
     const auto* positionValue = position ? std::get_if<Point>(&*position) : nullptr;
-    windowRect_ =
-        makeRect(positionValue ? *positionValue : Point{}, sizeValue ? *sizeValue : Size{});
+    if (positionValue && sizeValue) {
+        windowRect_ = makeRect(*positionValue, *sizeValue);
+    }
 }
 
 void FocusTracking::updateWindowRectAndDisplay() {

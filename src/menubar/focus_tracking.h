@@ -16,8 +16,8 @@ namespace panewright {
 /// Which application is frontmost, which of its windows has the focus, and that window's outer
 /// frame and display, in global points (origin top-left of the main display, y downwards).
 ///
-/// What cannot be found leaves the rest as it was: without a focused window, windowRect() and
-/// currentDisplay() are those of the last one.
+/// What cannot be found leaves the rest as it was: without a focused window, or while its frame is
+/// not known, windowRect() and currentDisplay() are those of the last one.
 class FocusTracking : public std::enable_shared_from_this<FocusTracking> {
 public:
     /// All of it must outlive the tracking.

@@ -24,6 +24,7 @@ WindowStateArray statesOf(const std::optional<RunningApplication>& application,
 HotKeyChange hotKeyChangeAt(HotKeyOccasion occasion, bool isSavePopoverShown) {
     switch (occasion) {
     case HotKeyOccasion::kActivation:
+    case HotKeyOccasion::kPermission:
         return isSavePopoverShown ? HotKeyChange::kLeave : HotKeyChange::kInstall;
     case HotKeyOccasion::kSavingBegun:
         return HotKeyChange::kRelease;

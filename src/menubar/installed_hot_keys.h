@@ -16,6 +16,7 @@ class Model;
 enum class HotKeyOccasion {
     kStart,
     kActivation, // of another program
+    kPermission, // that was missing
     kMenuOpened,
     kStateRemoved,
     kStatesRestored,

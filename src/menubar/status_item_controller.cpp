@@ -142,6 +142,7 @@ void StatusItemController::setupCarbonEventManager() {
 void StatusItemController::setupNotifications() {
     activations_ =
         ports_.workspace.onApplicationActivated([this] { workspaceDidActiveApplication(); });
+    permission_ = ports_.accessibility.onTrusted([this] { permissionGiven(); });
     tracking_->setWindowChangedHandler([this] { updateSaveShortcutViewControllerIfOpen(); });
 }
 
@@ -188,6 +189,13 @@ void StatusItemController::workspaceDidActiveApplication() {
     tracking_->updateApplicationTracking();
     updateSaveShortcutViewControllerIfOpen();
     updateHotKeys(HotKeyOccasion::kActivation);
+}
+
+/// Nothing could be tracked before.
+void StatusItemController::permissionGiven() {
+    tracking_->updateApplicationTracking();
+    tracking_->updateApplicationTrackingElements(); // also while this program is in front
+    updateHotKeys(HotKeyOccasion::kPermission);
 }
 
 void StatusItemController::settingsChanged() {

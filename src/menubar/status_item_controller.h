@@ -108,6 +108,7 @@ private:
     /// A key in the open menu; true when it is that of a hot key, which then does its work.
     bool hotKeyPressed(const KeyEvent& key);
     void workspaceDidActiveApplication();
+    void permissionGiven();
     void updateHotKeys(HotKeyOccasion occasion);
     /// Takes the tracked window as it is now into an open save popover.
     void updateSaveShortcutViewControllerIfOpen();
@@ -129,6 +130,7 @@ private:
     std::shared_ptr<CarbonKeyEvent> moveToNextDisplayKey_;
     bool started_ = false;
     Registration activations_;
+    Registration permission_;
     Registration statusItemChanges_;
     Registration lookForStatusItem_;
 };

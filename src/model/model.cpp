@@ -15,28 +15,19 @@ constexpr std::string_view kMoveToNextWindowKeyModifiersKey =
     "MoveToNextWindowKeyEventKeyModifiers";
 constexpr std::string_view kAllowMoveWindowKey = "AllowMoveWindow";
 
-struct SharedModel {
-    std::function<std::unique_ptr<Model>()> make;
-    std::unique_ptr<Model> model;
-};
-
-SharedModel& shared() {
-    static SharedModel shared;
+SharedInstance<Model>& shared() {
+    static SharedInstance<Model> shared;
     return shared;
 }
 
 } // namespace
 
 Model& Model::instance() {
-    if (!shared().model) {
-        shared().model = shared().make();
-    }
-    return *shared().model;
+    return shared().get();
 }
 
-void Model::setFactory(std::function<std::unique_ptr<Model>()> factory) {
-    shared().model = nullptr;
-    shared().make = std::move(factory);
+void Model::setFactory(SharedInstance<Model>::Factory factory) {
+    shared().setFactory(std::move(factory));
 }
 
 Model::Model(const Services& services)

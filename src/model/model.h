@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/shared_instance.h"
 #include "model/store_file.h"
 #include "model/store_writer.h"
 #include "model/window_state_archive.h"
@@ -34,7 +35,7 @@ public:
     /// The one store, made on the first call by the factory, which must have been set.
     static Model& instance();
     /// Drops the store that there may be.
-    static void setFactory(std::function<std::unique_ptr<Model>()> factory);
+    static void setFactory(SharedInstance<Model>::Factory factory);
 
     /// Loads the store, or starts one with the built-in states. The lock must not be another's.
     explicit Model(const Services& services);

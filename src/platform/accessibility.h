@@ -53,7 +53,7 @@ constexpr std::string_view NSAccessibilitySizeAttribute = "AXSize";
 constexpr std::string_view NSAccessibilityRoleAttribute = "AXRole";
 constexpr std::string_view NSAccessibilityTitleAttribute = "AXTitle";
 constexpr std::string_view NSAccessibilityFocusedWindowAttribute = "AXFocusedWindow";
-constexpr std::string_view kAXFocusedApplicationAttribute = "AXFocusedApplication";
+constexpr std::string_view kFocusedApplicationAttribute = "AXFocusedApplication";
 
 // Roles.
 constexpr std::string_view NSAccessibilityWindowRole = "AXWindow";
@@ -86,6 +86,10 @@ public:
     /// The same, showing the system's request for permission when `prompt` is set and permission is
     /// missing. Empty where the system has no such check.
     virtual std::optional<bool> isProcessTrustedWithOptions(bool prompt) = 0;
+
+    /// Calls back after this program came to be trusted that was not before, as a user may take
+    /// long to allow it. Empty where permission is there from the start, or never comes.
+    virtual Registration onTrusted(std::function<void()> callback) = 0;
 
     /// Never null, also for a process that does not exist.
     virtual AXUIElementRef createSystemWide() = 0;

@@ -27,28 +27,20 @@ HotKeyIdCounter& hotKeyIds() {
     return counter;
 }
 
-struct Shared {
-    CarbonEventManager::Factory factory;
-    std::unique_ptr<CarbonEventManager> manager;
-};
-
-Shared& shared() {
-    static Shared shared;
+SharedInstance<CarbonEventManager>& shared() {
+    static SharedInstance<CarbonEventManager> shared;
     return shared;
 }
 
 } // namespace
 
 CarbonEventManager& CarbonEventManager::sharedManager() {
-    if (!shared().manager) {
-        shared().manager = shared().factory();
-    }
-    return *shared().manager;
+    return shared().get();
 }
 
-void CarbonEventManager::setSharedManagerFactory(Factory factory) {
-    shared().manager.reset();
-    shared().factory = std::move(factory);
+void CarbonEventManager::setSharedManagerFactory(
+    SharedInstance<CarbonEventManager>::Factory factory) {
+    shared().setFactory(std::move(factory));
 }
 
 CarbonEventManager::CarbonEventManager(Services services)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/shared_instance.h"
 #include "platform/hot_keys.h"
 #include "platform/main_loop.h"
 #include "platform/user_defaults.h"
@@ -40,8 +41,7 @@ public:
     /// Made on the first call by the factory, which the composition root sets before. Setting a
     /// factory drops the instance that there may be.
     static CarbonEventManager& sharedManager();
-    using Factory = std::function<std::unique_ptr<CarbonEventManager>()>;
-    static void setSharedManagerFactory(Factory factory);
+    static void setSharedManagerFactory(SharedInstance<CarbonEventManager>::Factory factory);
 
     explicit CarbonEventManager(Services services);
     ~CarbonEventManager();

@@ -27,15 +27,24 @@ TEST(AppDelegate, StartsWithTheApplicationThatWasInFront) {
     EXPECT_EQ(program.desktop.mainLoop.run(), 0);
 }
 
-TEST(AppDelegate, OpensThePreferencesASecondLaterWithoutPermission) {
+TEST(AppDelegate, OpensThePreferencesASecondLaterWithoutPermissionAndTracksWhenItComes) {
     LaunchedProgram program;
     program.desktop.windows.setPermitted(false);
+    program.open(kEditor, "org.example.Editor", {100, 50, 800, 600});
     program.launch();
     EXPECT_EQ(program.desktop.windows.promptsShown(), 1);
     program.desktop.mainLoop.advance(999ms);
     EXPECT_THAT(program.desktop.workspace.launched, testing::IsEmpty());
     program.desktop.mainLoop.advance(1ms);
     EXPECT_THAT(program.desktop.workspace.launched, testing::SizeIs(1));
+    program.desktop.windows.activateApplication(MemoryDesktop::kOwnPid);
+    const auto& tracking = program.delegate.statusItemController()->tracking();
+    EXPECT_EQ(tracking.windowElement(), nullptr);
+    CarbonEventManager::sharedManager().removeAllEvents();
+    program.desktop.windows.setPermitted(true);
+    program.desktop.mainLoop.runPending();
+    EXPECT_EQ(tracking.windowRect(), (Rect{100, 50, 800, 600}));
+    EXPECT_EQ(program.desktop.hotKeys.registeredCount(), 4U);
 }
 
 } // namespace

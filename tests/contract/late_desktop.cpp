@@ -4,19 +4,14 @@
 #include <utility>
 
 namespace panewright {
-namespace {
-
-constexpr std::chrono::milliseconds kDelay{5};
-
-} // namespace
 
 void LateCompositor::later(std::function<void()> task) {
-    timers_.push_back(mainLoop_.after(kDelay, std::move(task)));
+    timers_.push_back(mainLoop_.after(std::chrono::milliseconds(5), std::move(task)));
 }
 
-std::optional<MemoryWindows::Window> LateCompositor::find(WindowId window) const {
+LateCompositor::ToldWindow LateCompositor::find(WindowId window) const {
     const auto* found = windows_.find(window);
-    return found ? std::optional(*found) : std::nullopt;
+    return found ? ToldWindow(*found) : std::nullopt;
 }
 
 void LateCompositor::close(WindowId window) {
@@ -34,30 +29,19 @@ void LateCompositor::setFrame(WindowId window, const Rect& frame) {
     tellWindow(window);
 }
 
-void LateCompositor::ask(WindowId window, WindowCallback answer) {
-    later([this, window, answer = std::move(answer)] {
-        later([window, answer, found = find(window)] { answer(window, found); });
+void LateCompositor::place(WindowId window, const FrameWrite& change,
+                           std::function<void(const ToldWindow&)> answer) {
+    later([this, window, change, answer = std::move(answer)] {
+        if (const auto* placed = windows_.find(window)) {
+            setFrame(window, change.asked(placed->frame, {}));
+        }
+        later([answer, found = find(window)] { answer(found); });
     });
 }
 
-void LateCompositor::place(WindowId window, const Rect& frame, WindowCallback answer) {
-    later([this, window, frame, answer = std::move(answer)] {
-        windows_.setFrame(window, frame);
-        tellWindow(window);
-        later([window, answer, found = find(window)] { answer(window, found); });
-    });
-}
-
-void LateCompositor::activateApplication(ProcessId pid) {
-    later([this, pid] {
-        windows_.activateApplication(pid);
-        tellFocus();
-    });
-}
-
-void LateCompositor::activateApplicationBefore(ProcessId pid) {
-    later([this, pid] {
-        windows_.activateApplicationBefore(pid);
+void LateCompositor::bringToFront(std::function<void(MemoryWindows&)> application) {
+    later([this, application = std::move(application)] {
+        application(windows_);
         tellFocus();
     });
 }
@@ -74,8 +58,8 @@ void LateCompositor::tellWindow(WindowId window) {
     later([this, window, found = find(window)] { windowTold.notify(window, found); });
 }
 
-LateWindows::LateWindows(LateCompositor& compositor, MainLoop& mainLoop)
-    : compositor_(compositor), mainLoop_(mainLoop),
+LateWindows::LateWindows(LateCompositor& compositor, ProcessId ownPid)
+    : compositor_(compositor), ownPid_(ownPid),
       focusEvents_(compositor.focusTold.add([this](const auto& told) { heardFocus(told); })),
       windowEvents_(compositor.windowTold.add(
           [this](WindowId window, const auto& told) { heardWindow(window, told); })) {}
@@ -84,43 +68,37 @@ LateWindows::LateWindows(LateCompositor& compositor, MainLoop& mainLoop)
 /// known too.
 void LateWindows::heardFocus(const LateCompositor::Told& told) {
     const bool isActivation = std::exchange(frontmost_, told.frontmost) != told.frontmost;
+    const auto pid = told.frontmost.processIdentifier;
     if (!told.focused) {
-        focused_.erase(told.frontmost.processIdentifier);
-        tellFocus(isActivation);
+        focused_.erase(pid);
+    } else if (const auto window = focused_[pid] = *told.focused; !known_[window].window) {
+        compositor_.place(window, {}, [this, window, isActivation](const auto& answer) {
+            heardWindow(window, answer);
+            tellFocus(isActivation);
+        });
         return;
     }
-    focused_[told.frontmost.processIdentifier] = *told.focused;
-    if (known_[*told.focused].window) {
-        tellFocus(isActivation);
-        return;
-    }
-    compositor_.ask(*told.focused, [this, isActivation](WindowId window, const auto& answer) {
-        heardWindow(window, answer);
-        tellFocus(isActivation);
-    });
+    tellFocus(isActivation);
 }
 
 void LateWindows::tellFocus(bool isActivation) {
     if (isActivation) {
         activated_.notify();
     } else {
-        focusChanged_.notify(frontmost_->processIdentifier);
+        focusChanged_[frontmost_->processIdentifier].notify();
     }
 }
 
-void LateWindows::heardWindow(WindowId window, const std::optional<MemoryWindows::Window>& told) {
+void LateWindows::heardWindow(WindowId window, const LateCompositor::ToldWindow& told) {
     const auto found = known_.find(window);
-    if (found == known_.end()) {
-        return;
-    }
-    if (!told) {
+    if (found != known_.end() && told) {
+        found->second.window = told;
+        report(window, found->second);
+    } else if (found != known_.end()) {
         known_.erase(found);
         written_.forget(window);
         std::erase_if(focused_, [window](const auto& focused) { return focused.second == window; });
-        return;
     }
-    found->second.window = told;
-    report(window);
 }
 
 Answer<ProcessId> LateWindows::frontmostProcess() {
@@ -141,9 +119,8 @@ Answer<Rect> LateWindows::frameOf(WindowId window) {
     if (!known.window) {
         return NoAnswer::kNotKnown;
     }
-    const bool isSettled = !known.isWriteQueued && known.unansweredWrites == 0;
-    return isSettled ? written_.frameToReport(window, known.window->frame)
-                     : known.write.written(known.window->frame);
+    return known.unansweredWrites == 0 ? written_.frameToReport(window, known.window->frame)
+                                       : known.write.written(known.window->frame);
 }
 
 Answer<WindowAbilities> LateWindows::abilitiesOf(WindowId window) {
@@ -161,52 +138,38 @@ Answer<std::string> LateWindows::titleOf(WindowId window) {
 }
 
 bool LateWindows::writePosition(WindowId window, Point position) {
-    return queueWrite(window, {.position = position});
+    write(window, {.position = position});
+    return true;
 }
 
 bool LateWindows::writeSize(WindowId window, Size size) {
-    return queueWrite(window, {.size = size});
+    write(window, {.size = size});
+    return true;
 }
 
-bool LateWindows::queueWrite(WindowId window, const FrameWrite& change) {
+void LateWindows::write(WindowId window, const FrameWrite& change) {
     const auto found = known_.find(window);
     if (found == known_.end()) {
-        return true; // gone, which a write does not notice
+        return; // gone, which a write does not notice
     }
     auto& known = found->second;
-    if (!known.isWriteQueued && known.unansweredWrites == 0) {
+    if (known.unansweredWrites++ == 0) {
         known.write = {};
     }
     known.write.position = change.position ? change.position : known.write.position;
     known.write.size = change.size ? change.size : known.write.size;
-    if (!std::exchange(known.isWriteQueued, true)) {
-        mainLoop_.post([this, window] { sendWrite(window); });
-    }
-    return true;
-}
-
-void LateWindows::sendWrite(WindowId window) {
-    const auto found = known_.find(window);
-    if (found == known_.end() || !found->second.window) {
-        return;
-    }
-    auto& known = found->second;
-    known.isWriteQueued = false;
-    ++known.unansweredWrites;
-    const Rect before = known.window->frame;
-    const SettledFrame asked{known.write.written(before), known.write.asked(before, {}), {}};
-    compositor_.place(window, asked.asked, [this, asked](WindowId placed, const auto& answer) {
-        if (const auto at = known_.find(placed); at != known_.end() && answer) {
+    compositor_.place(window, change, [this, window](const auto& answer) {
+        if (const auto at = known_.find(window); at != known_.end() && answer) {
+            const auto& [written, settled] = std::pair(at->second.write, answer->frame);
             --at->second.unansweredWrites;
-            written_.keep(placed, {asked.written, asked.asked, answer->frame});
+            written_.keep(window, {written.written(settled), written.asked(settled, {}), settled});
         }
-        heardWindow(placed, answer);
+        heardWindow(window, answer);
     });
 }
 
-void LateWindows::report(WindowId window) {
-    auto& known = known_.at(window);
-    if (known.isWriteQueued || known.unansweredWrites > 0) {
+void LateWindows::report(WindowId window, Known& known) {
+    if (known.unansweredWrites > 0) {
         return; // told when it has settled
     }
     const Rect now = frameOf(window).value();
@@ -219,14 +182,6 @@ void LateWindows::report(WindowId window) {
     }
 }
 
-Registration LateWindows::onFocusChange(ProcessId pid, std::function<void()> callback) {
-    return focusChanged_.add([pid, callback = std::move(callback)](ProcessId changed) {
-        if (changed == pid) {
-            callback();
-        }
-    });
-}
-
 Registration LateWindows::onMoved(WindowId window, std::function<void()> callback) {
     const auto found = known_.find(window);
     return found == known_.end() ? Registration() : found->second.moved.add(std::move(callback));
@@ -235,6 +190,15 @@ Registration LateWindows::onMoved(WindowId window, std::function<void()> callbac
 Registration LateWindows::onResized(WindowId window, std::function<void()> callback) {
     const auto found = known_.find(window);
     return found == known_.end() ? Registration() : found->second.resized.add(std::move(callback));
+}
+
+void LateWindows::bringThisApplicationToFront() {
+    compositor_.bringToFront([pid = ownPid_](auto& windows) { windows.activateApplication(pid); });
+}
+
+void LateWindows::hideThisApplication() {
+    compositor_.bringToFront(
+        [pid = ownPid_](auto& windows) { windows.activateApplicationBefore(pid); });
 }
 
 } // namespace panewright

@@ -2,8 +2,8 @@
 
 #include "accessibility/accessibility_helper.h"
 #include "accessibility/accessibility_observer.h"
+#include "contract/desktop_driver.h"
 #include "contract/late_desktop.h"
-#include "contract/windows_driver.h"
 #include "desktop/memory/memory_main_loop.h"
 #include "desktop/shared/windows_accessibility.h"
 #include "support/captured_log.h"
@@ -12,7 +12,6 @@
 
 #include <limits>
 #include <map>
-#include <ostream>
 
 namespace panewright {
 namespace {
@@ -24,17 +23,8 @@ constexpr auto kOwnIdentifier = "com.quillfen.Panewright";
 constexpr auto kPosition = NSAccessibilityPositionAttribute;
 constexpr auto kSize = NSAccessibilitySizeAttribute;
 
-struct NamedDriver {
-    const char* name;
-    std::unique_ptr<WindowsDriver> (*make)();
-
-    friend std::ostream& operator<<(std::ostream& out, const NamedDriver& driver) {
-        return out << driver.name;
-    }
-};
-
 /// Programs named by their bundle identifier, each with windows.
-class WindowsContract : public testing::TestWithParam<NamedDriver> {
+class WindowsContract : public DesktopContract {
 protected:
     /// Opens a window and returns when its program is frontmost with it.
     WindowId open(const std::string& program, const Rect& frame = kFirstFrame,
@@ -54,10 +44,10 @@ protected:
     }
     /// The application that is frontmost, with whatever identifier.
     RunningApplication frontmost() {
-        return driver_->workspace().frontmostApplication().value_or(RunningApplication{});
+        return ports_.workspace.frontmostApplication().value_or(RunningApplication{});
     }
     std::shared_ptr<AccessibilityElement> focusedWindow() {
-        return AccessibilityHelper(driver_->accessibility())
+        return AccessibilityHelper(ports_.accessibility)
             .focusedWindowForApplicationFromSystemElement();
     }
     /// All zero for a window that is gone.
@@ -68,28 +58,26 @@ protected:
                                 : Rect{};
     }
 
-    std::unique_ptr<WindowsDriver> driver_ = GetParam().make();
-
 private:
     std::map<std::string, ProcessId> pids_{{kOwnIdentifier, driver_->ownPid()}};
 };
 
 TEST_P(WindowsContract, FindsTheFocusedWindowAndTellsOfActivations) {
     CapturedLog log;
-    EXPECT_EQ(driver_->workspace().frontmostApplication(), std::nullopt);
+    EXPECT_EQ(ports_.workspace.frontmostApplication(), std::nullopt);
     EXPECT_EQ(focusedWindow(), nullptr);
     EXPECT_THAT(log.take(), ElementsAre("can't copy attribute kAXFocusedApplicationAttribute: "
                                         "kAXErrorNoValue"));
     int activations = 0;
-    const auto registration = driver_->workspace().onApplicationActivated([&] { ++activations; });
+    const auto registration = ports_.workspace.onApplicationActivated([&] { ++activations; });
     const auto editor = open("Editor");
     EXPECT_EQ(activations, 1);
     const auto pid = frontmost().processIdentifier;
     EXPECT_EQ(focusedWindow()->pid(), pid);
     EXPECT_TRUE(focusedWindow()->actsAsRole("AXWindow"));
     int windowChanges = 0;
-    const auto changes = driver_->accessibility().observe(
-        pid, driver_->accessibility().createApplication(pid),
+    const auto changes = ports_.accessibility.observe(
+        pid, ports_.accessibility.createApplication(pid),
         NSAccessibilityMainWindowChangedNotification, [&] { ++windowChanges; });
     open("Editor", {0, 0, 320, 240});
     EXPECT_TRUE(driver_->eventually([&] { return windowChanges == 1; }));
@@ -113,9 +101,9 @@ TEST_P(WindowsContract, MovesAndResizesAWindowByItsOuterFrameButNotToNowhere) {
     window->setNSValue(Size{std::numeric_limits<double>::infinity(), 1}, kSize);
     window->setNSValue(Size{1, 1}, kPosition);
     EXPECT_EQ(frameOf(window), (Rect{200, 150, 640, 480}));
-    EXPECT_EQ(driver_->accessibility().setAttributeValue(nullptr, kPosition, Point{}),
+    EXPECT_EQ(ports_.accessibility.setAttributeValue(nullptr, kPosition, Point{}),
               AXError::kIllegalArgument);
-    EXPECT_EQ(driver_->accessibility().setAttributeValue(window->element(), "AXUnheardOf", Point{}),
+    EXPECT_EQ(ports_.accessibility.setAttributeValue(window->element(), "AXUnheardOf", Point{}),
               AXError::kAttributeUnsupported);
 
     open("Dialog", kFirstFrame, kFirstFrame.size());
@@ -207,23 +195,20 @@ TEST_P(WindowsContract, GivesTheKeyboardBackToTheProgramBeforeOurs) {
     open("Terminal");
     open("Editor");
     open(kOwnIdentifier);
-    driver_->workspace().hideThisApplication();
+    ports_.workspace.hideThisApplication();
     EXPECT_TRUE(driver_->eventually([&] { return frontmost().bundleIdentifier == "Editor"; }));
-    driver_->workspace().bringThisApplicationToFront();
+    ports_.workspace.bringThisApplicationToFront();
     EXPECT_TRUE(
         driver_->eventually([&] { return frontmost().bundleIdentifier == kOwnIdentifier; }));
 }
 
-INSTANTIATE_TEST_SUITE_P(Everywhere, WindowsContract,
-                         testing::Values(NamedDriver{"memory", driveMemoryDesktop},
-                                         NamedDriver{"X11", driveX11},
-                                         NamedDriver{"late", driveLateDesktop}),
-                         [](const auto& driver) { return std::string(driver.param.name); });
+INSTANTIATE_TEST_SUITE_P(Everywhere, WindowsContract, testing::Values(kMemory, kX11, kLate),
+                         DesktopContract::nameOf);
 
 TEST(WindowsThatAnswerLate, AreNotNamedAsFocusedBeforeTheirFrameIsKnown) {
     MemoryMainLoop loop;
     LateCompositor compositor(loop);
-    LateWindows windows(compositor, loop);
+    LateWindows windows(compositor, 1);
     WindowsAccessibility accessibility(windows);
     constexpr ProcessId kEditor = 7;
     compositor.addApplication({kEditor, "Editor", "Editor"});

@@ -39,38 +39,4 @@ public:
     std::unique_ptr<X11Desktop> ports;
 };
 
-/// What both desktops have.
-struct DesktopPorts {
-    template <class Desktop>
-    explicit DesktopPorts(Desktop& desktop)
-        : displays(desktop.displays), workAreas(desktop.workAreas),
-          accessibility(desktop.accessibility), workspace(desktop.workspace),
-          hotKeys(desktop.hotKeys), keyboardLayout(desktop.keyboardLayout) {}
-
-    Displays& displays;
-    WorkAreas& workAreas;
-    Accessibility& accessibility;
-    Workspace& workspace;
-    HotKeys& hotKeys;
-    KeyboardLayout& keyboardLayout;
-};
-
-/// A suite for the desktop in memory and for X11.
-class DesktopContract : public testing::TestWithParam<const char*> {
-protected:
-    template <class Condition>
-    bool eventually(Condition condition) {
-        memory_.mainLoop.runPending();
-        return x11_ ? x11_->eventually(condition) : condition();
-    }
-
-    MemoryDesktop memory_;
-    // The server cannot tell that all windows are this process's: they say whose they are.
-    std::optional<X11Rig> x11_ =
-        GetParam() == std::string("X11")
-            ? std::make_optional<X11Rig>(test::Screen{.arguments = {"-extension", "X-Resource"}})
-            : std::nullopt;
-    const DesktopPorts ports_ = x11_ ? DesktopPorts(*x11_->ports) : DesktopPorts(memory_);
-};
-
 } // namespace panewright

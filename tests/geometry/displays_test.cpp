@@ -46,9 +46,6 @@ TEST_F(DisplaysTest, AreFortyEightHoweverFewThereAreAndFollowTheDesktop) {
     EXPECT_FALSE(followed.isEqualToDisplay(display(3)) || followed.isEqualToDisplay(std::nullopt));
     displays_.setDisplays({{.id = 5, .bounds = {10, 20, 640, 480}}});
     EXPECT_EQ(followed.bounds(), (Rect{10, 20, 640, 480}));
-    EXPECT_THAT(followed.description(),
-                testing::MatchesRegex("<QuartzDisplay:0x[0-9a-f]+> \\(displayId:5, x:10.000000, "
-                                      "y:20.000000, width:640.000000px, height:480.000000px\\)"));
     displays_.setDisplays({});
     EXPECT_EQ(followed.bounds(), Rect{});
     EXPECT_FALSE(followed.screen());
@@ -91,7 +88,6 @@ TEST_F(DisplaysTest, LetAWindowKeepItsPlaceAndShareInThirtyTwoBitSteps) {
     constexpr Rect kSmall{0, 0, 1440, 900};
     constexpr Rect kLarge{1440, 0, 1920, 1080};
     constexpr Rect kScaled{1573.3333740234375, 60.000003814697266, 1066.666748046875, 720};
-    constexpr Rect kBack{100.00003051757812, 50.000003814697266, 800.0000610351562, 600.0};
     constexpr Rect kSquare{0, 0, 1000, 1000};
     constexpr Rect kNextSquare{1000, 0, 1000, 1000};
     const struct {
@@ -102,9 +98,8 @@ TEST_F(DisplaysTest, LetAWindowKeepItsPlaceAndShareInThirtyTwoBitSteps) {
         Rect frame;
     } cases[] = {
         {"to a larger display", kSmall, kLarge, {100, 50, 800, 600}, kScaled},
-        {"back again", kLarge, kSmall, kScaled, kBack},
         {"a window that fills its display", kSmall, kLarge, {0, 23, 1440, 877}, kLarge},
-        {"just too short", kSquare, kNextSquare, {0, 23, 1000, 900}, {1000, 23, 1000, 900}},
+        {"too short for that", kSquare, kNextSquare, {0, 23, 1000, 900}, {1000, 23, 1000, 900}},
         {"left of it, mirrored", kSquare, kNextSquare, {-50, 0, 500, 500}, {1050, 0, 500, 500}},
         {"across zero", {-100, 0, 1000, 1000}, {900, 0, 1000, 1000}, {50, 0, 9, 9}, {950, 0, 9, 9}},
     };

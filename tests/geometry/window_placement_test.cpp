@@ -1,13 +1,19 @@
+// Where states put windows; also built with other instructions of the processor, which must compute
+// the same.
+
 #include "geometry/window_placement.h"
 
-#include "accessibility/accessibility_helper.h"
 #include "desktop/memory/memory_desktop.h"
+#include "geometry/next_display.h"
 #include "support/print_geometry.h"
+#include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <vector>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
 
 namespace panewright {
 namespace {
@@ -73,12 +79,9 @@ TEST_F(WindowPlacementTest, ScalesAUserStateToTheDisplay) {
         DisplayId on;
         Rect frame;
     } cases[] = {
-        {"where it was saved", kWindow, kMain, kMainId, kWindow},
         {"fractions stay", {100.5, 50.25, 800.1, 600}, kMain, kMainId, {100.5, 50.25, 800.1, 600}},
         {"a larger display", kWindow, kMain, kRightId, {1573, 37, 800.0 / 1440 * 1920, 743}},
-        {"to the nearest", {101, 53, 1440, 900}, kMain, kRightId, {1575, 41, 1920, 1103}},
         {"an equal one elsewhere", kWindow, kMain, kEndId, {3460, 27, 800, 623}},
-        {"a smaller display", {1440, 0, 960, 540}, kRight, kMainId, {0, -23, 720, 473}},
         {"halves away from zero", {1, -1, 2, 2}, {0, 0, 2, 2}, kMainId, {720, -473, 1440, 923}},
     };
     for (const auto& [what, saved, savedOn, on, frame] : cases) {
@@ -88,35 +91,55 @@ TEST_F(WindowPlacementTest, ScalesAUserStateToTheDisplay) {
 }
 
 TEST_F(WindowPlacementTest, CentresABuiltInStateAndRoundsItsOriginUpOnlyWhenComputing) {
-    constexpr DisplayId kOddId = 4;
-    desktop_.displays.setDisplays({{.id = kMainId, .bounds = kMain},
-                                   {.id = kRightId, .bounds = kRight},
-                                   {.id = kOddId, .bounds = {0, 0, 1366, 768}}});
-    const struct {
-        Size scale;
-        DisplayId on;
-        Rect applied;
-        Rect computed;
-    } cases[] = {
-        {{1, 1}, kRightId, {1440, 0, 1920, 1080}, {1440, 0, 1920, 1080}},
-        {{0.9, 0.9}, kMainId, {72, 45, 1296, 810}, {72, 45, 1296, 810}},
-        {{0.8, 0.8}, kRightId, {1632, 108, 1536, 864}, {1632, 108, 1536, 864}},
-        {{0.65, 0.65}, kRightId, {1776, 189, 1248, 702}, {1776, 189, 1248, 702}},
-        {{1, 0.5}, kRightId, {1440, 270, 1920, 540}, {1440, 270, 1920, 540}},
-        {{1.2, 3}, kRightId, {1440, 0, 1920, 1080}, {1440, 0, 1920, 1080}},
-        {{0.9, 0.9},
-         kOddId,
-         {68.29999999999995, 38.39999999999998, 1229.4, 691.2},
-         {69, 39, 1229.4, 691.2}},
-        {{0.75, 0.75}, kOddId, {170.75, 96, 1024.5, 576}, {171, 96, 1024.5, 576}},
-    };
-    for (const auto& test : cases) {
-        EXPECT_EQ(applied(*builtIn(test.scale), test.on), test.applied) << test.scale.width;
-        EXPECT_EQ(computed(*builtIn(test.scale), test.on), test.computed) << test.scale.width;
-    }
+    const auto large = builtIn({0.9, 0.9});
+    EXPECT_EQ(applied(*large, kMainId), (Rect{72, 45, 1296, 810}));
+    EXPECT_EQ(applied(*builtIn({1.2, 3}), kRightId), kRight);
+    EXPECT_EQ(computed(*builtIn({1.2, 3}), kRightId), kRight);
     EXPECT_EQ(computed(*builtIn({0, 0}), kMainId), (Rect{720, 450, 0, 0}));
+    desktop_.displays.setDisplays({{.id = kMainId, .bounds = {0, 0, 1366, 768}}});
+    EXPECT_EQ(applied(*large, kMainId),
+              (Rect{68.29999999999995, 38.39999999999998, 1229.4, 691.2}));
+    EXPECT_EQ(computed(*large, kMainId), (Rect{69, 39, 1229.4, 691.2}));
     // The fraction that 32 bits cannot hold is gone before rounding up: 100.00000001 is 100.
-    EXPECT_EQ(computed(*builtIn({(1366 - 200.00000002) / 1366, 1}), kOddId).x, 100);
+    EXPECT_EQ(computed(*builtIn({(1366 - 200.00000002) / 1366, 1}), kMainId).x, 100);
+}
+
+TEST_F(WindowPlacementTest, AgreesToTheLastBitWithAnIndependentProgram) {
+    constexpr int kRows = 4'000;
+    const TemporaryFolder folder;
+    const std::string file = folder.path() / "table";
+    const std::string command =
+        PYTHON " " PLACEMENT_TABLE " " + std::to_string(kRows) + " > " + file;
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    std::ifstream table(file);
+    int rows = 0;
+    for (std::string line; std::getline(table, line); ++rows) {
+        std::istringstream row(line);
+        const auto next = [&row] {
+            Rect rect;
+            row >> rect.x >> rect.y >> rect.width >> rect.height;
+            return rect;
+        };
+        const Rect window = next();
+        const Rect source = next();
+        const Rect target = next();
+        Size scale;
+        row >> scale.width >> scale.height;
+        const Rect expected[] = {next(), next(), next(), next()};
+        ASSERT_TRUE(row) << line;
+        desktop_.displays.setDisplays(
+            {{.id = kMainId, .bounds = source}, {.id = kRightId, .bounds = target}});
+        const auto user = userState(window, source);
+        ASSERT_EQ(computed(*user, kRightId), expected[0]) << line;
+        ASSERT_EQ(applied(*user, kRightId), expected[0]) << line;
+        ASSERT_EQ(applied(*builtIn(scale), kRightId), expected[1]) << line;
+        ASSERT_EQ(computed(*builtIn(scale), kRightId), expected[2]) << line;
+        const QuartzDisplay onto(desktop_.displays, kRightId);
+        ASSERT_EQ(frameOnNextDisplay(window, QuartzDisplay(desktop_.displays, kMainId), onto),
+                  expected[3])
+            << line;
+    }
+    EXPECT_EQ(rows, kRows);
 }
 
 TEST_F(WindowPlacementTest, CountsAMissingDisplayAsZeros) {

@@ -96,12 +96,15 @@ TEST_F(StatusItemControllerTest, FollowsTheFocusedWindowAndItsDisplay) {
     expectTracked(kEditor, kStart, 1);
     desktop_.windows.setFrame(window_, {1500, 50, 700, 600});
     expectTracked(kEditor, {1500, 50, 700, 600}, 2);
-    program_.open(kEditor, kEditorId, {1, 2, 3, 4});
+    const auto opened = program_.open(kEditor, kEditorId, {1, 2, 3, 4});
     desktop_.windows.setFrame(window_, {9, 9, 9, 9}); // no longer the tracked one
     expectTracked(kEditor, {1, 2, 3, 4}, 1);
+    desktop_.windows.closeWindow(opened); // where nothing is there or known, the last frame stays
+    desktop_.displays.setDisplays({{.id = 7, .bounds = kLeft}});
+    expectTracked(kEditor, {1, 2, 3, 4}, 7);
     desktop_.windows.addApplication({kTerminal, kTerminalId, "Terminal"});
-    desktop_.windows.activateApplication(kTerminal); // it has no window: the last frame stays
-    expectTracked(kTerminal, {1, 2, 3, 4}, 1);
+    desktop_.windows.activateApplication(kTerminal);
+    expectTracked(kTerminal, {1, 2, 3, 4}, 7);
     EXPECT_EQ(controller().tracking().windowElement(), nullptr);
 }
 

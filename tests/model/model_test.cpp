@@ -7,6 +7,8 @@
 #include "shortcuts/shortcut_text.h"
 #include "support/store_fixture.h"
 
+#include <cstdlib>
+
 namespace panewright {
 namespace {
 
@@ -49,21 +51,20 @@ TEST_F(ModelTest, StartsWithTheBuiltInStatesSavesThemAndRestoresThem) {
     }
 }
 
-TEST(WindowStateTracking, TellsWhatKindOfStateItIs) {
+TEST(WindowStateTracking, GoesOnWhereTheShortcutHasNoText) {
     MemoryKeyboardLayout layout;
+    layout.setBroken(true);
     const MemoryTextServices services;
-    const ShortcutText text(layout, services);
     const auto state = WindowState::windowStateIsDefault(true, true);
-    state->setPrefersDisplay(true);
-    EventAttributes expected{{"IsDefault", 1}, {"IsGlobal", 1}, {"PrefersDisplay", 1}};
-    EXPECT_EQ(state->attributesForTracking(text), expected);
-
     state->setWindowStateName("Large");
     state->setKeyEvent(CarbonKeyEvent::carbonEventWithKeyCode(0, 0));
-    layout.setBroken(true);
-    expected["WindowStateName"] = expected["DefaultShortcutName"] = "Large";
-    expected["KeyboardShortcut"] = "Exception";
-    EXPECT_EQ(state->attributesForTracking(text), expected);
+    const EventAttributes expected{{"IsDefault", 1},
+                                   {"IsGlobal", 1},
+                                   {"PrefersDisplay", 0},
+                                   {"WindowStateName", "Large"},
+                                   {"DefaultShortcutName", "Large"},
+                                   {"KeyboardShortcut", "Exception"}};
+    EXPECT_EQ(state->attributesForTracking(ShortcutText(layout, services)), expected);
 }
 
 TEST_F(ModelTest, KeepsStatesByApplicationAndGlobally) {
@@ -153,7 +154,9 @@ TEST_F(ModelTest, KeepsTheFileWhenTheStatesHoldMoreThanCouldBeReadBack) {
     CapturedLog log;
     const auto model = makeModel();
     save(*model);
-    model->setWindowStates(makeStates(1, std::string(300'000'000, 'x')));
+    std::string name;
+    name.resize(300'000'000, 'x');
+    model->setWindowStates(makeStates(1, name));
     save(*model);
     EXPECT_THAT(log.take(),
                 ElementsAre("Error saving window states: they hold more than could be read back"));
@@ -198,6 +201,45 @@ TEST_F(ModelTest, GoesOnWithoutAFolder) {
     model->finishSaving();
     EXPECT_THAT(log.take(),
                 testing::Contains("Error getting application support directory: no home"));
+}
+
+TEST_F(ModelTest, ReadsAndWritesFieldByFieldAsAnIndependentProgramDoes) {
+    std::filesystem::create_directories(folder_);
+    const auto run = [&](const std::string& command, const std::string& states) {
+        const std::string line =
+            PYTHON " " FOREIGN_STORE " " + command + " '" + file_.string() + "' '" + states + "'";
+        return std::system(line.c_str()) == 0;
+    };
+    const std::string states = contentOf(FOREIGN_STATES);
+    ASSERT_TRUE(run("write", states));
+    const auto model = makeModel();
+    const WindowState& builtIn = *model->defaultWindowStates()->at(0);
+    EXPECT_TRUE(builtIn.isDefault() && builtIn.centerWindow());
+    EXPECT_FALSE(builtIn.isGlobal() || builtIn.prefersDisplay());
+    EXPECT_EQ(builtIn.windowScale(), (Size{1, 0.65}));
+    EXPECT_EQ(builtIn.appBundleId(), std::nullopt);
+    EXPECT_EQ(builtIn.keyEvent(), nullptr);
+
+    const WindowState& own = *model->windowStatesForAppBundleId("org.gnome.Terminal")->at(0);
+    EXPECT_TRUE(own.isGlobal() && own.prefersDisplay());
+    EXPECT_EQ(own.appName(), "Terminál");
+    EXPECT_EQ(own.windowStateName(), "左半分 🪟");
+    EXPECT_EQ(own.originalWindowRect(), (Rect{-1280.5, 23, 1066.6666666666667, 0.1}));
+    EXPECT_EQ(own.originalQuartzDisplayBounds(), (Rect{-1280, 0, 1280, 1024}));
+    EXPECT_EQ(own.keyEvent()->keyCode(), 123U);
+    EXPECT_EQ(own.keyEvent()->modifierFlags(), 0x1E0000U);
+    EXPECT_EQ(own.keyEvent()->tag(), -5);
+
+    std::filesystem::remove(file_);
+    save(*model);
+    EXPECT_TRUE(run("read", states));
+
+    run("write", R"({"globals": [{"class": "WindowState", "WindowState.IsGlobal": 1}]})");
+    const auto sparseModel = makeModel();
+    const WindowState& sparse = *sparseModel->globalWindowStates()->at(0);
+    EXPECT_TRUE(sparse.isGlobal()) << "1 counts as true";
+    EXPECT_EQ(sparse.originalWindowRect(), Rect()) << "fields may be left out";
+    EXPECT_EQ(sparse.windowScale(), Size());
 }
 
 } // namespace

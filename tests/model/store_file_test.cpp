@@ -35,7 +35,7 @@ TEST(Gzip, GivesBackDataOfAnySize) {
     EXPECT_EQ(gunzippedData(zlib), plain);
 }
 
-TEST(Gzip, GivesNilForWhatIsEmptyOrNotCompressedOrNotWhole) {
+TEST(Gzip, GivesNilForWhatIsEmptyOrNotCompressedOrNotWholeOrWithoutEnd) {
     const Bytes whole = *gzippedData(noise(1000));
     Bytes damaged = whole;
     damaged[500] ^= 1;
@@ -44,9 +44,6 @@ TEST(Gzip, GivesNilForWhatIsEmptyOrNotCompressedOrNotWhole) {
         EXPECT_EQ(gunzippedData(data), std::nullopt) << data.size();
     }
     EXPECT_EQ(gzippedData({}), std::nullopt);
-}
-
-TEST(Gzip, RefusesToInflateWithoutEnd) {
     const auto largest = gzippedData(Bytes(kMaxGunzippedSize, 0), 9);
     EXPECT_EQ(gunzippedData(*largest)->size(), kMaxGunzippedSize);
     EXPECT_EQ(gunzippedData(*gzippedData(Bytes(kMaxGunzippedSize + 1, 0), 9)), std::nullopt);

@@ -47,6 +47,10 @@ private:
     std::optional<int> exitStatus_;
 };
 
+/// A session bus, which prints its address first.
+inline const std::vector<std::string> kSessionBus{"dbus-daemon", "--session", "--nofork",
+                                                  "--nosyslog", "--print-address=1"};
+
 /// Runs a command to its end and gives what it printed; throws when that is not exit code 0.
 std::string runToEnd(std::vector<std::string> arguments, const Environment& environment);
 

@@ -39,7 +39,11 @@ public:
         auto successor = std::make_unique<WindowManager>(windowManager, x_, environment());
         windowManager_ = std::move(successor);
     }
-    void killWindowManager() { windowManager_->kill(); }
+    /// Its windows have been given back when this returns, which takes the focus from them.
+    void killWindowManager() {
+        windowManager_->kill();
+        eventually([this] { return !isManaged(x_); });
+    }
     void killServer() { server_.kill(); }
 
     /// What a program needs to run on this desktop.

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "app/app_delegate.h"
+#include "app/shared_instances.h"
 #include "desktop/memory/memory_desktop.h"
 #include "desktop/memory/memory_standard_folders.h"
-#include "model/model.h"
 #include "model/store_lock.h"
 #include "model/window_state.h"
 #include "services/launch_agent_format.h"
-#include "shortcuts/carbon_event_manager.h"
 #include "support/temporary_folder.h"
 
 #include <memory>
@@ -18,23 +17,6 @@ namespace panewright {
 /// The whole program on a desktop in memory, with a store of its own.
 class LaunchedProgram {
 public:
-    LaunchedProgram() {
-        CarbonEventManager::setSharedManagerFactory([this] {
-            return std::make_unique<CarbonEventManager>(CarbonEventManager::Services{
-                desktop.hotKeys, desktop.mainLoop, desktop.userDefaults});
-        });
-        Model::setFactory([this] {
-            return std::make_unique<Model>(
-                Model::Services{folders, desktop.userDefaults, lock, desktop.backgroundWork});
-        });
-    }
-    ~LaunchedProgram() {
-        Model::setFactory(nullptr);
-        CarbonEventManager::setSharedManagerFactory(nullptr);
-    }
-    LaunchedProgram(const LaunchedProgram&) = delete;
-    LaunchedProgram& operator=(const LaunchedProgram&) = delete;
-
     void launch() {
         delegate.applicationWillFinishLaunching();
         delegate.applicationDidFinishLaunching();
@@ -79,8 +61,9 @@ public:
     StoreLock lock{folders, ""};
     LaunchAgentFormat loginItems{folder.path()};
     MemoryDesktop desktop;
-    AppDelegate delegate{desktop.ports(folders, loginItems),
-                         {desktop.views, desktop.menuView, desktop.exportedMenu}};
+    Ports ports = desktop.ports(folders, loginItems);
+    SharedInstances shared{ports, lock};
+    AppDelegate delegate{ports, {desktop.views, desktop.menuView, desktop.exportedMenu}};
 };
 
 } // namespace panewright

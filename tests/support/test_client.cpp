@@ -71,6 +71,7 @@ void TestClient::setHints(const Options& options) const {
         const auto motif = x_.atom("_MOTIF_WM_HINTS");
         x_.setProperty(window_, "_MOTIF_WM_HINTS", motif, {kDecorations, 0, 0, 0, 0});
     }
+    x_.synchronize();
 }
 
 void TestClient::takeFocus() const {

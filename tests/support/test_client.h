@@ -49,9 +49,10 @@ public:
         xcb_flush(x_.connection());
     }
 
-private:
+    /// What it tells the window manager of itself. Returns when the server has it.
     void setHints(const Options& options) const;
 
+private:
     XClient x_;
     xcb_window_t window_;
     int keyPresses_ = 0;

@@ -32,10 +32,7 @@ WindowManager::WindowManager(std::string_view name, const XClient& x, Environmen
         kCommands, name, [](const Command& listed) { return listed.arguments.front(); });
     environment["GSETTINGS_BACKEND"] = "memory"; // never the user's settings
     if (command->needsBus) {
-        bus_ = std::make_unique<ChildProcess>(std::vector<std::string>{"dbus-daemon", "--session",
-                                                                       "--nofork", "--nosyslog",
-                                                                       "--print-address=1"},
-                                              environment);
+        bus_ = std::make_unique<ChildProcess>(kSessionBus, environment);
         environment["DBUS_SESSION_BUS_ADDRESS"] = bus_->firstLine();
     }
     const auto before = x.property(x.root(), "_NET_SUPPORTING_WM_CHECK");

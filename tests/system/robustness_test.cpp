@@ -140,18 +140,6 @@ TEST_F(Robustness, FollowsAWindowManagerThatDiesAndIsStartedAgain) {
     }
 }
 
-TEST_F(Robustness, FollowsDisplaysThatAreRedefined) {
-    // Half the display, from where the window is at its left.
-    const Frame onTheLeft{40, 45, 720, 810};
-    repeat(50, 9, [&](int i) {
-        desktop_.keyboard().tap(KEY_LEFTALT, KEY_3);
-        desktop_.setDisplays(i % 2 == 0 ? std::vector<std::string>{"800x900+0+0"}
-                                        : std::vector<std::string>{});
-        expectAfter(KEY_2, i % 2 == 0 ? onTheLeft : kLarge, desktop_, client_.window(),
-                    kLongestHang);
-    });
-}
-
 TEST_F(Robustness, SleepsWhileNothingHappens) {
     expectMove(0, client_);
     const auto contextSwitches = [this] {

@@ -26,11 +26,16 @@ protected:
     Saving() {
         environment_["DBUS_SESSION_BUS_ADDRESS"] = bus_.firstLine();
         environment_["NO_AT_BRIDGE"] = "1";
+        window_.activate();
         start();
         // The icon waits for a panel.
         panel_.emplace(std::vector<std::string>{GetParam().program}, environment_);
     }
     void start() { program_.emplace(environment_); }
+    void quit() {
+        (*program_)->sendSignal(SIGTERM);
+        EXPECT_EQ((*program_)->waitForEnd(), 0);
+    }
 
     void press(const std::vector<std::string>& keys) const {
         std::vector<std::string> command{"xdotool", "key", "--clearmodifiers", "--delay", "60"};
@@ -102,9 +107,9 @@ protected:
     }
 
     const Desktop desktop_{{}, GetParam().windowManager};
+    const TestClient window_{desktop_.display()};
     Environment environment_ = desktop_.environment();
-    ChildProcess bus_{{"dbus-daemon", "--session", "--nofork", "--nosyslog", "--print-address=1"},
-                      environment_};
+    ChildProcess bus_{kSessionBus, environment_};
     std::optional<ChildProcess> panel_;
     std::optional<Program> program_;
 };
@@ -135,35 +140,29 @@ TEST_P(Saving, MakesAStateForItsApplicationAndOneForAll) {
         EXPECT_TRUE(eventually([&] { return other.keyPresses() > pressesBefore; }));
         expectAfter(KEY_2, kLarge, desktop_, other.window());
         expectAfter(KEY_8, kWide, desktop_, other.window());
-        (*program_)->sendSignal(SIGTERM);
-        EXPECT_EQ((*program_)->waitForEnd(), 0);
-        program_.reset();
+        quit();
         start();
     }
 }
 
 TEST_P(Saving, GivesTheKeyboardBackWhenItIsCancelled) {
-    const TestClient window(desktop_.display());
-    window.activate();
-    const auto before = frameOf(window);
+    const auto before = frameOf(window_);
     for (const char* key : {"Escape", "alt+c"}) {
-        openPopover(window);
-        expectAfter(KEY_2, before, desktop_, window.window()); // not while the popover is open
+        openPopover(window_);
+        expectAfter(KEY_2, before, desktop_, window_.window()); // not while the popover is open
         EXPECT_TRUE(isPopoverActive());
         press({key});
-        EXPECT_TRUE(eventually([&] { return window.isActive(); })) << key;
+        EXPECT_TRUE(eventually([&] { return window_.isActive(); })) << key;
         pause();
     }
-    expectAfter(KEY_2, kLarge, desktop_, window.window());
-    openMenu(window);
+    expectAfter(KEY_2, kLarge, desktop_, window_.window());
+    openMenu(window_);
     press({"Up", "Return"}); // the last item
     EXPECT_EQ((*program_)->waitForEnd(), 0);
 }
 
 TEST_P(Saving, LeavesNoMenuOpenThatAHeldHotKeyKeepsFromTheKeyboard) {
-    const TestClient window(desktop_.display());
-    window.activate();
-    openMenu(window);
+    openMenu(window_);
     press({"Escape"});
     desktop_.keyboard().press(KEY_LEFTALT);
     desktop_.keyboard().press(KEY_2);
@@ -176,58 +175,49 @@ TEST_P(Saving, LeavesNoMenuOpenThatAHeldHotKeyKeepsFromTheKeyboard) {
 }
 
 TEST_P(Saving, OpensOnTheVirtualDesktopThatIsShownAlsoAfterItWasLeftOnAnother) {
-    const TestClient left(desktop_.display());
-    left.activate();
-    openPopover(left);
+    openPopover(window_);
     desktop_.x().sendToWindowManager(desktop_.x().root(), "_NET_CURRENT_DESKTOP", {1});
-    const TestClient window(desktop_.display());
-    window.activate();
-    openPopover(window);
+    const TestClient other(desktop_.display());
+    other.activate();
+    openPopover(other);
     press({"Escape"});
-    ASSERT_TRUE(eventually([&] { return window.isActive(); }));
+    ASSERT_TRUE(eventually([&] { return other.isActive(); }));
     pause();
-    expectAfter(KEY_2, kLarge, desktop_, window.window());
+    expectAfter(KEY_2, kLarge, desktop_, other.window());
 }
 
 TEST_P(Saving, EndsOnSigtermWhileAShortcutIsRecorded) {
-    const TestClient window(desktop_.display());
-    window.activate();
-    openPopover(window);
+    openPopover(window_);
     press({"Tab", "space"});
-    (*program_)->sendSignal(SIGTERM);
-    EXPECT_EQ((*program_)->waitForEnd(), 0);
+    quit();
 }
 
 INSTANTIATE_TEST_SUITE_P(Everywhere, Saving, testing::Values(kTint2, kXfce4Panel),
                          [](const auto& suite) { return std::string(suite.param.windowManager); });
 
-class SettingsWindow : public Saving {
-protected:
-    std::string settings() const {
-        return contentOf(desktop_.environment()["XDG_CONFIG_HOME"] + "/Panewright/Panewright.conf");
-    }
-    bool isWritten(const std::string& line, bool wanted = true) const {
-        return eventually(
-            [&] { return (settings().find(line + "\n") != std::string::npos) == wanted; });
-    }
-};
+class SavingInOnePanel : public Saving {};
 
-TEST_P(SettingsWindow, IsUsedWithKeysAndMouse) {
-    const TestClient window(desktop_.display());
-    window.activate();
-    openMenu(window);
+TEST_P(SavingInOnePanel, HasSettingsThatAreUsedWithKeysAndMouse) {
+    const std::filesystem::path config = desktop_.environment()["XDG_CONFIG_HOME"];
+    const auto isWritten = [&](const std::string& line, bool wanted = true) {
+        return eventually([&] {
+            const auto settings = contentOf(config / "Panewright/Panewright.conf");
+            return (settings.find(line + "\n") != std::string::npos) == wanted;
+        });
+    };
+    openMenu(window_);
     press({"Down", "Down", "Return"}); // past the next display, of which there is none
-    ASSERT_TRUE(eventually([&] { return !window.isActive(); }));
+    ASSERT_TRUE(eventually([&] { return !window_.isActive(); }));
     pause();
     press({"alt+p"});
     EXPECT_TRUE(isWritten("AllowMoveWindow=true"));
     press({"alt+m", "space", "alt+n"});
     EXPECT_TRUE(isWritten("MoveToNextWindowKeyEventKeyCode=45"));
     EXPECT_TRUE(isWritten("MoveToNextWindowKeyEventKeyModifiers=524288"));
-    const std::filesystem::path entry = desktop_.environment()["XDG_CONFIG_HOME"] +
-                                        "/autostart/com.quillfen.Panewright.Agent.desktop";
     press({"alt+l"});
-    EXPECT_TRUE(eventually([&] { return std::filesystem::exists(entry); }));
+    EXPECT_TRUE(eventually([&] {
+        return std::filesystem::exists(config / "autostart/com.quillfen.Panewright.Agent.desktop");
+    }));
 
     // The recorder, whose cross stands at its right end while it records.
     press({"space"});
@@ -239,35 +229,24 @@ TEST_P(SettingsWindow, IsUsedWithKeysAndMouse) {
     EXPECT_TRUE(isWritten("MoveToNextWindowKeyEventKeyCode=45", false));
 }
 
-TEST_P(SettingsWindow, AndThePopoverFitTheirScreenAtAScaleOfTwo) {
-    (*program_)->sendSignal(SIGTERM);
-    EXPECT_EQ((*program_)->waitForEnd(), 0);
-    program_.reset();
+TEST_P(SavingInOnePanel, FitsItsScreenAtAScaleOfTwo) {
+    quit();
     environment_["QT_SCALE_FACTOR"] = "2";
     start();
-    const TestClient window(desktop_.display());
-    window.activate();
-    openPopover(window);
+    openPopover(window_);
     const auto& x = desktop_.x();
     const auto popover = outerFrame(x, x.activeWindow());
     EXPECT_EQ(popover.y + popover.height, 870) << "it stands on the panel";
     EXPECT_EQ(popover.x + popover.width, 1584) << "16 pixels from the edge";
     EXPECT_GT(popover.width, 600);
-    save(window, "Large", "alt+9");
+    save(window_, "Large", "alt+9");
     EXPECT_THAT(store(), testing::HasSubstr("\"Large\""));
 }
 
-INSTANTIATE_TEST_SUITE_P(Everywhere, SettingsWindow, testing::Values(kTint2),
-                         [](const auto& suite) { return std::string(suite.param.windowManager); });
-
-class Recording : public Saving {};
-
-TEST_P(Recording, TakesEveryKeyThatHasACode) {
+TEST_P(SavingInOnePanel, RecordsEveryKeyThatHasACode) {
     desktop_.run({"setxkbmap", "-layout", "us,de", "-option", "grp:rctrl_toggle"});
     EXPECT_TRUE(desktop_.x().grabKey(XCB_MOD_MASK_1, Keyboard::keycode(KEY_7)));
-    const TestClient window(desktop_.display());
-    window.activate();
-    const auto before = frameOf(window);
+    const auto before = frameOf(window_);
     constexpr int kOption = 524288;
     constexpr int kCommand = 1048576;
     const struct {
@@ -290,14 +269,14 @@ TEST_P(Recording, TakesEveryKeyThatHasACode) {
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.what);
-        openPopover(window);
+        openPopover(window_);
         type("Recorded");
         press({"Tab", "space"});
         each.modifier ? desktop_.keyboard().tap(each.modifier, each.key)
                       : desktop_.keyboard().tap(each.key);
         press({"Return"});
-        ASSERT_TRUE(eventually([&] { return window.isActive(); }));
-        EXPECT_EQ(frameOf(window), before);
+        ASSERT_TRUE(eventually([&] { return window_.isActive(); }));
+        EXPECT_EQ(frameOf(window_), before);
         const auto saved = store();
         const auto shortcut = "\"keyCode\": " + std::to_string(each.keyCode.value_or(0)) +
                               ", \"modifierFlags\": " + std::to_string(each.flags);
@@ -305,7 +284,7 @@ TEST_P(Recording, TakesEveryKeyThatHasACode) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Everywhere, Recording, testing::Values(kTint2),
+INSTANTIATE_TEST_SUITE_P(Everywhere, SavingInOnePanel, testing::Values(kTint2),
                          [](const auto& suite) { return std::string(suite.param.windowManager); });
 
 } // namespace

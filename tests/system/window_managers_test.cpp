@@ -14,10 +14,10 @@ struct Manager {
     std::string name;
     /// Whether it lets a window have whole steps only.
     bool obeysIncrements = true;
-    /// Where it puts a window that wants 1500 by 700 at least.
-    FourFrames withMinimum;
-    /// Where it puts a test window that draws its own frame and the shadow around it.
-    FourFrames withShadow = kStates;
+    /// Where Alt+2 to Alt+4 put a window that wants 1500 by 700 at least.
+    std::array<Frame, 3> withMinimum;
+    /// Where Alt+1 puts a test window that draws its own frame and the shadow around it.
+    Frame withShadow = kStates[0];
 };
 
 std::ostream& operator<<(std::ostream& stream, const Manager& manager) {
@@ -25,31 +25,19 @@ std::ostream& operator<<(std::ostream& stream, const Manager& manager) {
 }
 
 const std::vector<Manager> kManagers{
-    {.name = "openbox",
-     .withMinimum =
-         {{{0, 0, 1600, 900}, {80, 45, 1502, 810}, {160, 90, 1502, 725}, {280, 158, 1502, 725}}}},
-    {.name = "xfwm4",
-     .obeysIncrements = false,
-     .withMinimum =
-         {{{0, 0, 1600, 900}, {80, 45, 1510, 810}, {160, 90, 1510, 734}, {280, 158, 1510, 734}}}},
+    {"openbox", true, {{{80, 45, 1502, 810}, {160, 90, 1502, 725}, {280, 158, 1502, 725}}}},
+    {"xfwm4", false, {{{80, 45, 1510, 810}, {160, 90, 1510, 734}, {280, 158, 1510, 734}}}},
     // These three push a window back onto the screen, and so does marco with the shadow of one that
     // draws its own frame.
-    {.name = "marco",
-     .withMinimum =
-         {{{0, 0, 1600, 900}, {80, 45, 1506, 810}, {94, 90, 1506, 726}, {94, 158, 1506, 726}}},
-     .withShadow =
-         {{{20, 22, 1559, 855}, {80, 45, 1440, 810}, {160, 90, 1280, 720}, {280, 158, 1040, 585}}}},
-    {.name = "metacity",
-     .withMinimum =
-         {{{0, 0, 1600, 900}, {80, 45, 1500, 810}, {100, 90, 1500, 737}, {100, 158, 1500, 737}}}},
-    {.name = "mutter",
-     .withMinimum =
-         {{{0, 0, 1600, 900}, {80, 45, 1500, 810}, {100, 90, 1500, 737}, {100, 158, 1500, 737}}}},
+    {"marco",
+     true,
+     {{{80, 45, 1506, 810}, {94, 90, 1506, 726}, {94, 158, 1506, 726}}},
+     {20, 22, 1559, 855}},
+    {"metacity", true, {{{80, 45, 1500, 810}, {100, 90, 1500, 737}, {100, 158, 1500, 737}}}},
+    {"mutter", true, {{{80, 45, 1500, 810}, {100, 90, 1500, 737}, {100, 158, 1500, 737}}}},
     // It takes no notice of a floating window's limits.
-    {.name = "i3", .obeysIncrements = false, .withMinimum = kStates},
-    {.name = "kwin_x11",
-     .withMinimum =
-         {{{0, 0, 1600, 900}, {80, 45, 1500, 810}, {160, 90, 1500, 720}, {280, 158, 1500, 700}}}},
+    {"i3", false, {{kStates[1], kStates[2], kStates[3]}}},
+    {"kwin_x11", true, {{{80, 45, 1500, 810}, {160, 90, 1500, 720}, {280, 158, 1500, 700}}}},
 };
 
 std::vector<Manager> installedManagers() {
@@ -142,7 +130,8 @@ TEST_P(WindowManagers, PlaceWindowsOfEveryGravity) {
 TEST_P(WindowManagers, PlaceWindowsWithLimitsAsFarAsTheyGo) {
     const TestClient large(desktop_.display(), {.minimumSize = Size{1500, 700}});
     large.activate();
-    expectFrames(large.window(), GetParam().withMinimum);
+    const auto& [second, third, fourth] = GetParam().withMinimum;
+    expectFrames(large.window(), {kStates[0], second, third, fourth});
 
     const TestClient steps(desktop_.display(), {.increments = Size{37, 41}});
     steps.activate();
@@ -155,7 +144,7 @@ TEST_P(WindowManagers, PlaceWindowsWithLimitsAsFarAsTheyGo) {
 
     const TestClient ownFrame(desktop_.display(), {.gtkFrameExtents = {{20, 21, 22, 23}}});
     ownFrame.activate();
-    expectFrames(ownFrame.window(), GetParam().withShadow);
+    expectFrames(ownFrame.window(), {GetParam().withShadow, kStates[1], kStates[2], kStates[3]});
 }
 
 TEST_P(WindowManagers, FitWhatCoversTheDisplayBesideAPanelAndNothingElse) {

@@ -15,60 +15,32 @@ TEST(PopoverPlacement, HangsFromItsAnchorInsideTheWorkArea) {
     constexpr Rect kRightOf{30, 0, 1570, 900}; // a panel at the left
     constexpr Rect kLeftOf{0, 0, 1570, 900};
     constexpr Rect kTiny{0, 20, 200, 100};
+    constexpr auto kDown = AnchorSide::kBelow;
+    constexpr Size kSize{300, 200};
     const struct {
         const char* what;
         Rect anchor;
         Rect area;
-        Rect frame;
+        Point origin;
         AnchorSide side;
         double arrow;
     } cases[] = {
-        {"centred", {800, 0, 24, 30}, kBelow, {662, 30, 300, 200}, AnchorSide::kBelow, 150},
-        {"at the right edge",
-         {1570, 0, 24, 30},
-         kBelow,
-         {1292, 30, 300, 200},
-         AnchorSide::kBelow,
-         280},
-        {"at the left edge", {0, 0, 24, 30}, kBelow, {8, 30, 300, 200}, AnchorSide::kBelow, 20},
-        {"above a panel",
-         {800, 870, 24, 30},
-         kAbove,
-         {662, 670, 300, 200},
-         AnchorSide::kAbove,
-         150},
-        {"below a corner", {1600, 30, 0, 0}, kBelow, {1292, 30, 300, 200}, AnchorSide::kBelow, 280},
-        {"on half a point",
-         {800.5, 0, 24, 30},
-         kBelow,
-         {663, 30, 300, 200},
-         AnchorSide::kBelow,
-         150},
-        {"on another display",
-         {2590, 170, 20, 30},
-         kSecond,
-         {2292, 200, 300, 200},
-         AnchorSide::kBelow,
-         280},
-        {"too high", {10, 290, 20, 20}, kLow, {8, 210, 300, 200}, AnchorSide::kBelow, 20},
-        {"beside a panel",
-         {0, 500, 30, 24},
-         kRightOf,
-         {30, 412, 300, 200},
-         AnchorSide::kRightOf,
-         100},
-        {"a click in a panel",
-         {1590, 890, 0, 0},
-         kLeftOf,
-         {1270, 692, 300, 200},
-         AnchorSide::kLeftOf,
-         180},
-        {"too large", {50, 0, 20, 20}, kTiny, {8, 20, 300, 200}, AnchorSide::kBelow, 52},
+        {"centred", {800, 0, 24, 30}, kBelow, {662, 30}, kDown, 150},
+        {"at the right edge", {1570, 0, 24, 30}, kBelow, {1292, 30}, kDown, 280},
+        {"at the left edge", {0, 0, 24, 30}, kBelow, {8, 30}, kDown, 20},
+        {"above a panel", {800, 870, 24, 30}, kAbove, {662, 670}, AnchorSide::kAbove, 150},
+        {"below a corner", {1600, 30, 0, 0}, kBelow, {1292, 30}, kDown, 280},
+        {"on half a point", {800.5, 0, 24, 30}, kBelow, {663, 30}, kDown, 150},
+        {"on another display", {2590, 170, 20, 30}, kSecond, {2292, 200}, kDown, 280},
+        {"too high", {10, 290, 20, 20}, kLow, {8, 210}, kDown, 20},
+        {"beside a panel", {0, 500, 30, 24}, kRightOf, {30, 412}, AnchorSide::kRightOf, 100},
+        {"in a panel", {1590, 890, 0, 0}, kLeftOf, {1270, 692}, AnchorSide::kLeftOf, 180},
+        {"too large", {50, 0, 20, 20}, kTiny, {8, 20}, kDown, 52},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.what);
-        const auto placed = placePopover({{300, 200}, 20, 8}, {each.anchor, each.area});
-        EXPECT_EQ(placed.frame, each.frame);
+        const auto placed = placePopover({kSize, 20, 8}, {each.anchor, each.area});
+        EXPECT_EQ(placed.frame, makeRect(each.origin, kSize));
         EXPECT_EQ(placed.side, each.side);
         EXPECT_EQ(placed.arrow, each.arrow);
     }

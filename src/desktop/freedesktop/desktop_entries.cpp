@@ -3,10 +3,10 @@
 #include "base/log.h"
 #include "desktop/freedesktop/desktop_entry_reading.h"
 #include "desktop/freedesktop/xdg_folders.h"
+#include "desktop/linux/environment.h"
 
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
 
 namespace panewright {
 namespace {
@@ -30,11 +30,6 @@ bool hasStartupClass(const DesktopEntry& entry, std::string_view text) {
 
 bool hasIdInAnyCase(const DesktopEntry& entry, std::string_view text) {
     return equalsWithoutCase(entry.id, text);
-}
-
-std::string environment(const char* name) {
-    const char* value = std::getenv(name);
-    return value ? value : "";
 }
 
 std::string messagesLocale() {

@@ -1,16 +1,14 @@
 #include "desktop/freedesktop/xdg_folders.h"
 
 #include "base/file.h"
-
-#include <cstdlib>
+#include "desktop/linux/environment.h"
 
 namespace panewright {
 namespace {
 
 /// Only absolute paths count.
 std::optional<std::filesystem::path> pathInEnvironment(const char* variable) {
-    const char* value = std::getenv(variable);
-    std::filesystem::path path(value ? value : "");
+    std::filesystem::path path(environment(variable));
     return path.is_absolute() ? std::optional(std::move(path)) : std::nullopt;
 }
 

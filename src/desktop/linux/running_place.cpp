@@ -1,11 +1,12 @@
 #include "desktop/linux/running_place.h"
 
+#include "desktop/linux/environment.h"
+
 #include <fmt/format.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <charconv>
-#include <cstdlib>
 
 namespace panewright {
 namespace {
@@ -35,8 +36,7 @@ std::optional<std::string_view> valueIn(std::string_view text, std::string_view 
 } // namespace
 
 RunningPlace placeOfThisProcess() {
-    const char* display = std::getenv("DISPLAY");
-    return {std::string(withoutScreen(display ? display : "")), getpid()};
+    return {std::string(withoutScreen(environment("DISPLAY"))), getpid()};
 }
 
 std::string textOf(const RunningPlace& place) {

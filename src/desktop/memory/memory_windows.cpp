@@ -84,6 +84,12 @@ void MemoryWindows::setFrame(WindowId window, const Rect& frame) {
     }
 }
 
+void MemoryWindows::setPermitted(bool permitted) {
+    if (!std::exchange(permitted_, permitted) && permitted) {
+        permittedAnew_.notify();
+    }
+}
+
 const MemoryWindows::Window* MemoryWindows::find(WindowId window) const {
     const auto found = windows_.find(window);
     return found == windows_.end() ? nullptr : &found->second;

@@ -53,7 +53,7 @@ public:
     void setFrame(WindowId window, const Rect& frame);
 
     /// What the user has allowed.
-    void setPermitted(bool permitted) { permitted_ = permitted; }
+    void setPermitted(bool permitted);
     /// How often the desktop's request for permission was shown.
     int promptsShown() const { return promptsShown_; }
     /// Called before each write to a window, as the moment in which things can happen to it.
@@ -70,6 +70,9 @@ public:
 
     bool isPermitted() const override { return permitted_; }
     void askForPermission() override { ++promptsShown_; }
+    Registration onPermitted(std::function<void()> callback) override {
+        return addLater(permittedAnew_, std::move(callback));
+    }
     Answer<ProcessId> frontmostProcess() override;
     Answer<WindowId> focusedWindowOf(ProcessId pid) override;
     Answer<Rect> frameOf(WindowId window) override;
@@ -89,6 +92,7 @@ private:
     MainLoop& mainLoop_;
     bool permitted_ = true;
     int promptsShown_ = 0;
+    ObserverList<> permittedAnew_;
     std::function<void(WindowId)> beforeWrite_;
     std::map<ProcessId, RunningApplication> applications_;
     std::map<WindowId, Window> windows_;

@@ -11,7 +11,11 @@ namespace panewright {
 
 /// The one place where the toolkit's coordinates and the program's meet. Qt gives each screen a
 /// scale: its own coordinates start at the screen's native top left and count units of
-/// `devicePixelRatio()` pixels. The rest of the program counts the X server's pixels.
+/// `devicePixelRatio()` pixels. The rest of the program counts what the window system does: pixels,
+/// or the same units.
+
+/// Which of them it is. Called before a view is made; until then it is pixels.
+void setNativeUnitIsPixel(bool isPixel);
 
 /// The screen that holds the middle of the rectangle, else the primary one; null without screens.
 QScreen* screenAt(const Rect& native);

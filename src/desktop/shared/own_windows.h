@@ -13,6 +13,10 @@ class OwnWindows {
 public:
     virtual ~OwnWindows() = default;
 
+    /// What the points of all positions and sizes are: the pixels of the screen, or else the units
+    /// that the toolkit counts.
+    virtual bool areInPixels() const = 0;
+
     /// Whether what is drawn transparent shows what lies behind the window. As it is now; it may
     /// start and end at any time.
     virtual bool areComposited() const = 0;

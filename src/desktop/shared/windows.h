@@ -46,6 +46,8 @@ public:
     virtual bool isPermitted() const = 0;
     /// Shows the desktop's request for that permission; nothing where there is none.
     virtual void askForPermission() = 0;
+    /// Called after permission came that was missing. Empty where it cannot come later.
+    virtual Registration onPermitted(std::function<void()> callback) = 0;
 
     /// The program that the user is in.
     virtual Answer<ProcessId> frontmostProcess() = 0;

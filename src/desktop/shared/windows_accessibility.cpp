@@ -54,31 +54,37 @@ AXUIElementRef WindowsAccessibility::createApplication(ProcessId pid) {
     return Element::make(Element::Kind::kApplication, pid, 0);
 }
 
-Result<AXValue, AXError> WindowsAccessibility::copyAttributeValue(const AXUIElementRef& element,
-                                                                  std::string_view attribute) {
+Result<const WindowsAccessibility::Element*, AXError>
+WindowsAccessibility::asked(const AXUIElementRef& element) const {
     const auto* named = Element::from(element);
     if (!named) {
         return AXError::kIllegalArgument;
     }
-    if (!windows_.isPermitted()) {
-        return AXError::kAPIDisabled;
+    return windows_.isPermitted() ? Result<const Element*, AXError>(named) : AXError::kAPIDisabled;
+}
+
+Result<AXValue, AXError> WindowsAccessibility::copyAttributeValue(const AXUIElementRef& element,
+                                                                  std::string_view attribute) {
+    const auto named = asked(element);
+    if (!named) {
+        return named.error();
     }
-    switch (named->kind) {
+    switch (named.value()->kind) {
     case Element::Kind::kSystem:
         return attributeOfSystem(attribute);
     case Element::Kind::kApplication:
-        return attributeOfApplication(named->pid, attribute);
+        return attributeOfApplication(named.value()->pid, attribute);
     case Element::Kind::kWindow:
         break;
     }
-    return attributeOfWindow(named->window, attribute);
+    return attributeOfWindow(named.value()->window, attribute);
 }
 
 Result<AXValue, AXError> WindowsAccessibility::attributeOfSystem(std::string_view attribute) {
     if (attribute == NSAccessibilityRoleAttribute) {
         return AXValue(std::string(NSAccessibilitySystemWideRole));
     }
-    if (attribute != kAXFocusedApplicationAttribute) {
+    if (attribute != kFocusedApplicationAttribute) {
         return AXError::kAttributeUnsupported;
     }
     const auto pid = windows_.frontmostProcess();
@@ -133,15 +139,12 @@ Result<AXValue, AXError> WindowsAccessibility::attributeOfWindow(WindowId window
 
 AXError WindowsAccessibility::setAttributeValue(const AXUIElementRef& element,
                                                 std::string_view attribute, const AXValue& value) {
-    const auto* named = Element::from(element);
+    const auto named = asked(element);
     if (!named) {
-        return AXError::kIllegalArgument;
+        return named.error();
     }
-    if (!windows_.isPermitted()) {
-        return AXError::kAPIDisabled;
-    }
-    return named->isWindow() ? write(named->window, attribute, value)
-                             : AXError::kAttributeUnsupported;
+    return named.value()->isWindow() ? write(named.value()->window, attribute, value)
+                                     : AXError::kAttributeUnsupported;
 }
 
 AXError WindowsAccessibility::write(WindowId window, std::string_view attribute,
@@ -164,18 +167,15 @@ AXError WindowsAccessibility::write(WindowId window, std::string_view attribute,
 
 Result<bool, AXError> WindowsAccessibility::isAttributeSettable(const AXUIElementRef& element,
                                                                 std::string_view attribute) {
-    const auto* named = Element::from(element);
+    const auto named = asked(element);
     if (!named) {
-        return AXError::kIllegalArgument;
-    }
-    if (!windows_.isPermitted()) {
-        return AXError::kAPIDisabled;
+        return named.error();
     }
     const bool isSize = attribute == NSAccessibilitySizeAttribute;
-    if (!named->isWindow() || (!isSize && attribute != NSAccessibilityPositionAttribute)) {
+    if (!named.value()->isWindow() || (!isSize && attribute != NSAccessibilityPositionAttribute)) {
         return false;
     }
-    const auto abilities = windows_.abilitiesOf(named->window);
+    const auto abilities = windows_.abilitiesOf(named.value()->window);
     if (!abilities) {
         return errorFor(abilities.error(), AXError::kInvalidUIElement);
     }

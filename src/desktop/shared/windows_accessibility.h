@@ -3,6 +3,8 @@
 #include "desktop/shared/windows.h"
 #include "platform/accessibility.h"
 
+#include <utility>
+
 namespace panewright {
 
 /// The accessibility port of a desktop that has no accessibility interface: what elements,
@@ -20,6 +22,9 @@ public:
 
     bool isProcessTrusted() const override { return windows_.isPermitted(); }
     std::optional<bool> isProcessTrustedWithOptions(bool prompt) override;
+    Registration onTrusted(std::function<void()> callback) override {
+        return windows_.onPermitted(std::move(callback));
+    }
     AXUIElementRef createSystemWide() override;
     AXUIElementRef createApplication(ProcessId pid) override;
     Result<AXValue, AXError> copyAttributeValue(const AXUIElementRef& element,
@@ -35,6 +40,8 @@ public:
 private:
     struct Element;
 
+    /// The element, for a question that needs permission.
+    Result<const Element*, AXError> asked(const AXUIElementRef& element) const;
     Result<AXValue, AXError> attributeOfSystem(std::string_view attribute);
     Result<AXValue, AXError> attributeOfApplication(ProcessId pid, std::string_view attribute);
     Result<AXValue, AXError> attributeOfWindow(WindowId window, std::string_view attribute);

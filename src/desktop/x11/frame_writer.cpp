@@ -55,7 +55,7 @@ FrameWriter::FrameWriter(XConnection& connection, WindowManager& manager, Window
               job.phase = Phase::kQueued; // what the manager before was asked for may be lost
               job.known.reset();
           }
-          advanceAllSoon();
+          advanceSoon_.post();
       })) {}
 
 bool FrameWriter::writePosition(xcb_window_t window, Point position) {
@@ -91,7 +91,7 @@ void FrameWriter::queue(xcb_window_t window, Part part) {
     auto& job = jobs_.at(window);
     job.writes.push_back(part);
     if (job.writes != kWholeFrame) {
-        advanceAllSoon();
+        advanceSoon_.post();
     } else if (!advance(window, job)) {
         finish(window);
     }
@@ -137,15 +137,6 @@ bool FrameWriter::settleAll() {
     return wasBusy;
 }
 
-void FrameWriter::advanceAllSoon() {
-    if (!std::exchange(advancePending_, true)) {
-        mainLoop_.post(lifetime_.guard([this] {
-            advancePending_ = false;
-            advanceAll();
-        }));
-    }
-}
-
 void FrameWriter::advanceAll() {
     std::vector<xcb_window_t> windows;
     for (const auto& [window, job] : jobs_) {
@@ -166,7 +157,7 @@ bool FrameWriter::advance(xcb_window_t window, Job& job) {
     }
     if (!hasAnswered(window, job)) {
         if (!fence_.isReliable()) {
-            job.timer = mainLoop_.after(kPollInterval, [this] { advanceAllSoon(); });
+            job.timer = mainLoop_.after(kPollInterval, [this] { advanceSoon_.post(); });
         }
         return true;
     }
@@ -311,7 +302,8 @@ void FrameWriter::ask(xcb_window_t window, Job& job, Phase phase) {
     }
     connection_.flush();
     facts_.forget(window); // they are about to change
-    job.timer = mainLoop_.after(fenced ? kPatience : kPollInterval, [this] { advanceAllSoon(); });
+    job.timer =
+        mainLoop_.after(fenced ? kPatience : kPollInterval, [this] { advanceSoon_.post(); });
 }
 
 void FrameWriter::remember(xcb_window_t window, const Job& job, const Rect& frame) {
@@ -334,7 +326,7 @@ void FrameWriter::handle(const xcb_generic_event_t& event) {
         selections_.erase(gone);
         jobs_.erase(gone);
     } else if (event.response_type == XCB_PROPERTY_NOTIFY && !jobs_.empty()) {
-        advanceAllSoon();
+        advanceSoon_.post();
     }
 }
 

@@ -5,6 +5,7 @@
 #include "base/observer_list.h"
 #include "desktop/shared/written_frames.h"
 #include "desktop/x11/manager_fence.h"
+#include "desktop/x11/posted_once.h"
 #include "desktop/x11/window_facts.h"
 #include "desktop/x11/window_manager.h"
 #include "desktop/x11/x11_work_areas.h"
@@ -86,7 +87,6 @@ private:
     void queue(xcb_window_t window, Part part);
     void settle(xcb_window_t window, Clock::time_point deadline);
     void giveUp(xcb_window_t window, Job& job);
-    void advanceAllSoon();
     void advanceAll();
     /// Takes the job as far as it goes without waiting; false when it is done.
     bool advance(xcb_window_t window, Job& job);
@@ -119,7 +119,7 @@ private:
     /// Of the windows that something was written to: they tell when they go.
     std::map<xcb_window_t, Registration> selections_;
     ObserverList<xcb_window_t> settled_;
-    bool advancePending_ = false;
+    PostedOnce advanceSoon_{mainLoop_, [this] { advanceAll(); }};
     Lifetime lifetime_;
     Registration events_;
     Registration managerChanges_;

@@ -40,8 +40,9 @@ std::pair<std::uint32_t, std::uint32_t> shortcutOf(std::uint32_t virtualKeyCode,
 
 X11HotKeys::X11HotKeys(XConnection& connection, XkbKeymap& keymap, MainLoop& mainLoop,
                        std::function<void()> beforePress)
-    : connection_(connection), keymap_(keymap), names_(keymap), mainLoop_(mainLoop),
+    : connection_(connection), keymap_(keymap), names_(keymap),
       beforePress_(std::move(beforePress)), grabbedWith_(keymap.modifiers()),
+      synchronizeSoon_(mainLoop, [this] { synchronize(); }),
       events_(connection.onEvent([this](const auto& event) { handle(event); })),
       unheardReleases_(connection, [this](xcb_keycode_t key) { down_.erase(key); }),
       keymapChanges_(keymap.onChange([this] { regrabAll(); })) {}
@@ -59,13 +60,13 @@ HotKeys::Registered X11HotKeys::registerHotKey(std::uint32_t virtualKeyCode,
         return {kHotKeyInvalid, 0};
     }
     hotKeys_.emplace(++lastRef_, HotKey{virtualKeyCode, modifiers, id});
-    synchronizeSoon();
+    synchronizeSoon_.post();
     return {kNoError, lastRef_};
 }
 
 void X11HotKeys::unregisterHotKey(HotKeyRef ref) {
     if (hotKeys_.erase(ref) > 0) {
-        synchronizeSoon();
+        synchronizeSoon_.post();
     }
 }
 
@@ -117,15 +118,6 @@ std::vector<std::uint32_t> X11HotKeys::lockStates() const {
         }
     }
     return states;
-}
-
-void X11HotKeys::synchronizeSoon() {
-    if (!std::exchange(synchronizePending_, true)) {
-        mainLoop_.post(lifetime_.guard([this] {
-            synchronizePending_ = false;
-            synchronize();
-        }));
-    }
 }
 
 void X11HotKeys::synchronize() {

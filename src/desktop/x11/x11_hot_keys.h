@@ -1,8 +1,8 @@
 #pragma once
 
-#include "base/lifetime.h"
 #include "base/observer_list.h"
 #include "desktop/x11/key_release_watch.h"
+#include "desktop/x11/posted_once.h"
 #include "desktop/x11/xkb_keyboard_layout.h"
 #include "desktop/x11/xkb_keymap.h"
 #include "platform/hot_keys.h"
@@ -49,7 +49,6 @@ private:
 
     std::vector<Grab> grabsOf(std::uint32_t virtualKeyCode, std::uint32_t modifiers) const;
     std::vector<std::uint32_t> lockStates() const;
-    void synchronizeSoon();
     void synchronize();
     void grab(const std::vector<Grab>& grabs);
     /// Makes the grabs, all in one round trip, and gives those that another client has.
@@ -65,7 +64,6 @@ private:
     XConnection& connection_;
     XkbKeymap& keymap_;
     XkbKeyboardLayout names_;
-    MainLoop& mainLoop_;
     std::function<void()> beforePress_;
     ObserverList<const HotKeyPress&> pressed_;
     std::map<HotKeyRef, HotKey> hotKeys_;
@@ -82,8 +80,7 @@ private:
     std::set<xcb_keycode_t> down_;
     /// Key that started the active grab, which ends when that key goes up.
     std::optional<xcb_keycode_t> grabbingKey_;
-    bool synchronizePending_ = false;
-    Lifetime lifetime_;
+    PostedOnce synchronizeSoon_;
     Registration events_;
     KeyReleaseWatch unheardReleases_;
     Registration keymapChanges_;

@@ -11,6 +11,7 @@ class X11OwnWindows : public OwnWindows {
 public:
     X11OwnWindows(XConnection& connection, X11Workspace& workspace);
 
+    bool areInPixels() const override { return true; }
     /// While somebody owns the selection of compositing managers (EWMH, _NET_WM_CM_Sn).
     bool areComposited() const override;
     void keepOutOfTaskBars(NativeWindow window) override;

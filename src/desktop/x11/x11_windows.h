@@ -23,6 +23,7 @@ public:
     /// While the connection to the X server lives; nobody can be asked for another.
     bool isPermitted() const override { return !connection_.isLost(); }
     void askForPermission() override {}
+    Registration onPermitted(std::function<void()> /*callback*/) override { return {}; }
     Answer<ProcessId> frontmostProcess() override;
     Answer<WindowId> focusedWindowOf(ProcessId pid) override;
     Answer<Rect> frameOf(WindowId window) override;

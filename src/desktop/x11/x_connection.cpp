@@ -75,15 +75,6 @@ std::optional<std::uint8_t> XConnection::firstEventOf(xcb_extension_t& extension
     return data && data->present ? std::optional(data->first_event) : std::nullopt;
 }
 
-void XConnection::flushSoon() {
-    if (!std::exchange(flushPending_, true)) {
-        mainLoop_.post(lifetime_.guard([this] {
-            flushPending_ = false;
-            flush();
-        }));
-    }
-}
-
 void XConnection::flush() {
     xcb_flush(connection_);
     // While xcb writes it also reads.
@@ -152,11 +143,8 @@ void XConnection::keepQueuedEvents() {
 }
 
 void XConnection::dispatchSoon() {
-    if (!events_.empty() && !std::exchange(dispatchPending_, true)) {
-        mainLoop_.post(lifetime_.guard([this] {
-            dispatchPending_ = false;
-            dispatch();
-        }));
+    if (!events_.empty()) {
+        dispatchSoon_.post();
     }
 }
 

@@ -3,6 +3,7 @@
 #include "base/lifetime.h"
 #include "base/observer_list.h"
 #include "base/registration.h"
+#include "desktop/x11/posted_once.h"
 #include "desktop/x11/x_atoms.h"
 #include "platform/main_loop.h"
 
@@ -72,7 +73,7 @@ public:
     void keepQueuedEvents();
 
     /// Sends what is buffered, after the event that is being handled.
-    void flushSoon();
+    void flushSoon() { flushSoon_.post(); }
     void flush();
 
     /// Called with each event, on the main loop. Neither errors of requests without an answer nor
@@ -122,9 +123,9 @@ private:
     ObserverList<> lostObservers_;
     std::map<xcb_window_t, std::map<std::uint64_t, std::uint32_t>> eventMasks_;
     std::uint64_t nextSelection_ = 0;
-    bool dispatchPending_ = false;
-    bool flushPending_ = false;
     bool lost_ = false;
+    PostedOnce dispatchSoon_{mainLoop_, [this] { dispatch(); }};
+    PostedOnce flushSoon_{mainLoop_, [this] { flush(); }};
     Registration watch_;
     Lifetime lifetime_;
 };

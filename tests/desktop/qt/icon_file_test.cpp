@@ -21,7 +21,7 @@ protected:
         static std::string arguments[] = {"test", "-platform", "offscreen"};
         static char* argv[] = {arguments[0].data(), arguments[1].data(), arguments[2].data(),
                                nullptr};
-        static const QGuiApplication application(count, argv);
+        static QGuiApplication application(count, argv);
     }
 
     QString path(const std::string& name) const {
@@ -39,12 +39,8 @@ protected:
                                           "height=\"1500\">" +
                                               content + "</svg>");
     }
-    static std::string repeated(const std::string& text, int count) {
-        std::string all;
-        for (; count > 0; --count) {
-            all += text;
-        }
-        return all;
+    static std::string repeated(const char* text, int count) {
+        return QString(text).repeated(count).toStdString();
     }
 
     const TemporaryFolder folder_;

@@ -1,7 +1,9 @@
-// What every store of settings does.
+// What every library of texts knows, and every store of settings does.
 
 #include "desktop/freedesktop/ini_user_defaults.h"
+#include "desktop/memory/memory_services.h"
 #include "desktop/memory/memory_user_defaults.h"
+#include "desktop/qt/qt_text_services.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -10,6 +12,21 @@
 
 namespace panewright {
 namespace {
+
+TEST(TextServicesContract, UppercasesAndTrims) {
+    const MemoryTextServices memory;
+    const QtTextServices qt;
+    for (const TextServices* services : std::initializer_list<const TextServices*>{&memory, &qt}) {
+        EXPECT_EQ(services->upperCased("a1z`"), "A1Z`");
+        EXPECT_EQ(services->trimmedOfWhitespace(" \t two words\n \t"), "two words\n");
+        EXPECT_LT(services->localizedCaseInsensitiveCompare("alpha", "BETA"), 0);
+        EXPECT_GT(services->localizedCaseInsensitiveCompare("beta", "ALPHA"), 0);
+        EXPECT_EQ(services->localizedCaseInsensitiveCompare("Editor", "eDITOR"), 0);
+        EXPECT_EQ(services->localized("no translation"), "no translation");
+    }
+    EXPECT_EQ(qt.upperCased("éß\xFF"), "ÉSS\uFFFD");
+    EXPECT_EQ(qt.trimmedOfWhitespace("\u2003wide\u00A0"), "wide");
+}
 
 TEST(UserDefaultsContract, GiveBackValueAndKindAndKeepKeysApart) {
     const char* const texts[] = {

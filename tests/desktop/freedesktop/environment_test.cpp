@@ -1,14 +1,36 @@
-#include "desktop/freedesktop/url_opener.h"
+// What the environment decides: folders, and who opens addresses.
 
+#include "desktop/freedesktop/url_opener.h"
+#include "desktop/freedesktop/xdg_folders.h"
 #include "support/eventually.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdlib>
 
 namespace panewright {
 namespace {
+
+TEST(XdgFolders, FollowTheEnvironmentWhereItNamesAbsolutePaths) {
+    using Path = std::optional<std::filesystem::path>;
+    const std::tuple<const char*, const char*, Path> cases[] = {
+        {"/home/ada", "/data", "/data"},
+        {"", "/data", "/data"},
+        {"ada", "", std::nullopt},
+        {"/home/ada", "data", "/home/ada/.local/share"}};
+    for (const auto& [home, dataHome, expected] : cases) {
+        setenv("HOME", home, 1);
+        setenv("XDG_DATA_HOME", dataHome, 1);
+        EXPECT_EQ(xdgDataHome(), expected);
+    }
+    const TemporaryFolder temporary;
+    EXPECT_FALSE(XdgFolders().createDirectory(temporary.path() / "a/b"));
+    EXPECT_EQ(modeOf(temporary.path() / "a"), 0700);
+    ::unsetenv("XDG_CONFIG_HOME");
+    EXPECT_EQ(xdgConfigHome(), "/home/ada/.config");
+}
 
 TEST(UrlOpener, StartsTheBrowserWithPlainSignals) {
     const TemporaryFolder folder;
