@@ -68,6 +68,8 @@ TEST_F(HotKeys, DoNothingWhileTheDesktopIsActive) {
     const Frame before = outerFrame(desktop_.x(), window_.window());
     const Frame beforeIcons = outerFrame(desktop_.x(), icons.window());
     desktop_.keyboard().tap(KEY_LEFTALT, KEY_1);
+    // A press means the window that is active when it is handled.
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
     window_.activate();
     EXPECT_EQ(outerFrame(desktop_.x(), window_.window()), before);
     expectMoves(); // so the press before has been handled
