@@ -1,9 +1,15 @@
-// From the click to the painted menu, with 100, 1,000 and 10,000 states, beside a plain scrolling
-// Qt menu with the same rows, in turn in one run. Needs an X display.
+// From the click on the icon to the painted menu, with 100, 1,000 and 10,000 states, beside a plain
+// scrolling Qt menu with the same rows, in turn in one run. Needs an X display.
 
-#include "desktop/qt/menu_style.h"
+#include "desktop/memory/memory_desktop.h"
+#include "desktop/memory/memory_standard_folders.h"
 #include "desktop/qt/qt_images.h"
 #include "desktop/qt/qt_menu_view.h"
+#include "desktop/qt/qt_text_services.h"
+#include "menubar/status_menu.h"
+#include "model/model.h"
+#include "model/store_lock.h"
+#include "support/temporary_folder.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -13,6 +19,7 @@
 #include <algorithm>
 #include <chrono>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace panewright {
@@ -37,45 +44,71 @@ struct ScrollingStyle : QProxyStyle {
     }
 };
 
-struct States {
-    States(int count, bool isFlat) : count_(count), isFlat_(isFlat) {}
-
-    /// A state's item, with a picture that counts how often it is drawn.
-    std::shared_ptr<MenuItem> item(int number) {
-        auto item = std::make_shared<MenuItem>();
-        item->title = fmt::format("State number {}", number);
-        item->action = [](const MenuChoice&) {};
-        item->image = images_.imageOfSize({28, 16}, [this] {
+/// Counts the pictures that are drawn.
+struct CountingImages : QtImages {
+    ImagePtr imageOfSize(Size size, std::function<Picture()> drawing) override {
+        return QtImages::imageOfSize(size, [this, drawing = std::move(drawing)] {
             ++drawn;
-            return Picture{{28, 16}, {{.rect = {0, 0, 28, 16}, .colour = {1, 1, 1, 1}}}};
+            return drawing();
         });
-        return item;
     }
-
-    void fill(Menu& menu) {
-        MenuItems items;
-        for (int number = 0; number < count_; ++number) {
-            if (isFlat_ || number % kStatesOfAnApplication == 0) {
-                items.push_back(item(number));
-            }
-            if (!isFlat_) {
-                auto& application = *items.back();
-                if (!application.submenu) {
-                    application.submenu = std::make_shared<Menu>();
-                }
-                application.submenu->addItem(item(number));
-            }
-        }
-        menu.insertItems(items, 0);
-    }
-
     int drawn = 0;
+};
+
+constexpr int kStatesOfAnApplication = 20;
+
+/// A store with so many states, of which an application in front has some.
+class StoreOf {
+public:
+    explicit StoreOf(int count) {
+        for (int number = 0; number < count; ++number) {
+            const int application = number / kStatesOfAnApplication;
+            auto state = WindowState::windowStateIsDefault(false, false);
+            state->setAppBundleId(fmt::format("org.example.Application{}", application));
+            state->setAppName(fmt::format("Application {}", application));
+            state->setWindowStateName(fmt::format("State number {}", number));
+            state->setOriginalWindowRect({number % 900 + 0.5, 23, 640, 480});
+            state->setOriginalQuartzDisplayBounds({0, 0, 1920, 1080});
+            model_.addWindowState(state);
+        }
+    }
+
+    Model& model() { return model_; }
 
 private:
-    static constexpr int kStatesOfAnApplication = 20;
-    int count_;
-    bool isFlat_;
-    QtImages images_;
+    TemporaryFolder folder_;
+    MemoryStandardFolders folders_{folder_.path()};
+    MemoryUserDefaults defaults_;
+    MemoryBackgroundWork background_;
+    StoreLock lock_{folders_, "the bench"};
+    Model model_{Model::Services{folders_, defaults_, lock_, background_}};
+};
+
+/// The menu of such a store, as the program opens it.
+class Opening {
+public:
+    explicit Opening(int count) : store_(count) {}
+
+    const Menu& fill(bool isFlat) {
+        menu_.menuNeedsUpdate(isFlat);
+        return menu_.statusItemMenu();
+    }
+    /// As half a second after the menu has closed.
+    void cleanUp() { menu_.removeMenuItems(); }
+    int takeDrawn() { return std::exchange(images_.drawn, 0); }
+
+private:
+    StoreOf store_;
+    MemoryDesktop desktop_;
+    CountingImages images_;
+    QtTextServices text_;
+    std::shared_ptr<FocusTracking> focus_ = FocusTracking::create(
+        {desktop_.accessibility, desktop_.displays, desktop_.workspace, desktop_.program});
+    StatusMenu menu_{{desktop_.icons, desktop_.displays, desktop_.hotKeys, images_,
+                      desktop_.mainLoop, text_, ShortcutText(desktop_.keyboardLayout, text_),
+                      Tracking(desktop_.analytics), store_.model(), *focus_},
+                     {[] {}, [](const auto&) {}, [](const auto&) {}, [](const auto&) {}},
+                     FixedMenuItems(text_, desktop_.program, desktop_.softwareUpdater, {})};
 };
 
 bool waitUntilPainted(QMenu& menu) {
@@ -97,30 +130,37 @@ QMenu* openMenu() {
     return qobject_cast<QMenu*>(QApplication::activePopupWidget());
 }
 
-Milliseconds timeOurs(States& states) {
+Milliseconds timeOurs(Opening& opening, bool isFlat) {
     static const NoKeyCodes keyCodes;
     QtMenuView view(keyCodes);
     const auto start = std::chrono::steady_clock::now();
-    Menu menu;
-    states.fill(menu);
-    view.popUp(menu, kAnchor, {});
+    view.popUp(opening.fill(isFlat), kAnchor, {});
     const bool isPainted = openMenu() && waitUntilPainted(*openMenu());
     const auto taken = std::chrono::steady_clock::now() - start;
     view.close();
     QApplication::processEvents();
+    opening.cleanUp();
     return isPainted ? Milliseconds(taken) : Milliseconds(-1);
 }
 
-Milliseconds timePlain(int rows) {
+/// The same rows with nothing but titles and one picture.
+Milliseconds timePlain(const Menu& rows) {
     static ScrollingStyle style;
-    const auto start = std::chrono::steady_clock::now();
-    QMenu menu;
-    menu.setStyle(&style);
     QPixmap picture(28, 16);
     picture.fill(Qt::white);
     const QIcon icon(picture);
-    for (int number = 0; number < rows; ++number) {
-        menu.addAction(icon, QString::fromStdString(fmt::format("State number {}", number)));
+    const auto start = std::chrono::steady_clock::now();
+    QMenu menu;
+    menu.setStyle(&style);
+    for (const auto& row : rows.items()) {
+        if (row->isSeparator) {
+            menu.addSeparator();
+            continue;
+        }
+        auto* action = menu.addAction(icon, QString::fromStdString(row->title));
+        if (row->submenu) {
+            action->setMenu(new QMenu(&menu));
+        }
     }
     menu.popup({1500, 23});
     const bool isPainted = waitUntilPainted(menu);
@@ -136,20 +176,20 @@ double median(std::vector<double> values) {
 }
 
 void measure(int count, bool isFlat) {
-    States states(count, isFlat);
-    Menu sample;
-    states.fill(sample);
-    const int rows = static_cast<int>(sample.items().size());
+    Opening opening(count);
     std::vector<double> ours;
     std::vector<double> plain;
+    int drawn = 0;
     for (int round = 0; round < kRounds; ++round) {
-        states.drawn = 0;
-        ours.push_back(timeOurs(states).count());
-        plain.push_back(timePlain(rows).count());
+        opening.takeDrawn();
+        ours.push_back(timeOurs(opening, isFlat).count());
+        drawn = opening.takeDrawn();
+        plain.push_back(timePlain(opening.fill(isFlat)).count());
+        opening.cleanUp();
     }
     fmt::print("{:6} states {:7}  {:8.2f}  {:8.2f}   {:5.2f}   {}\n", count,
                isFlat ? "flat" : "grouped", median(ours), median(plain),
-               median(ours) / median(plain), states.drawn);
+               median(ours) / median(plain), drawn);
 }
 
 } // namespace
