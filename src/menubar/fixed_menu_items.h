@@ -38,7 +38,7 @@ struct FixedMenuItems {
     std::shared_ptr<MenuItem> crashItem;
     std::shared_ptr<MenuItem> versionItem;
 
-    /// What stands before the saved states, which begin at the index 3, and after them.
+    /// What stands before the saved states, kInsertedItemIndex items, and after them.
     MenuItems before;
     MenuItems after;
 };

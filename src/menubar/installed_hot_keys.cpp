@@ -1,26 +1,11 @@
 #include "menubar/installed_hot_keys.h"
 
+#include "menubar/applicable_window_states.h"
 #include "menubar/hot_key_collisions.h"
-#include "model/model.h"
 #include "shortcuts/carbon_event_manager.h"
 #include "shortcuts/modifier_flags.h"
 
 namespace panewright {
-namespace {
-
-WindowStateArray statesIn(const std::shared_ptr<WindowStateArray>& array) {
-    return array ? *array : WindowStateArray{};
-}
-
-WindowStateArray statesOf(const std::optional<RunningApplication>& application,
-                          const Model& model) {
-    return application && application->bundleIdentifier
-               ? statesIn(model.windowStatesForAppBundleId(*application->bundleIdentifier))
-               : WindowStateArray{};
-}
-
-} // namespace
-
 HotKeyChange hotKeyChangeAt(HotKeyOccasion occasion, bool isSavePopoverShown) {
     switch (occasion) {
     case HotKeyOccasion::kActivation:
@@ -51,12 +36,6 @@ void installHotKeys(const Model& model, const std::optional<RunningApplication>&
     if (moveToNextDisplay) {
         registry.addCarbonKeyEvent(moveToNextDisplay);
     }
-}
-
-std::vector<WindowStateArray>
-applicableWindowStates(const Model& model, const std::optional<RunningApplication>& frontmost) {
-    return {statesIn(model.defaultWindowStates()), statesIn(model.globalWindowStates()),
-            statesOf(frontmost, model)};
 }
 
 std::shared_ptr<CarbonKeyEvent> installedHotKey(const KeyEvent& key) {

@@ -28,8 +28,9 @@ enum class HotKeyOccasion {
 
 enum class HotKeyChange { kInstall, kRelease, kLeave };
 
-/// What is to be done then. While the save popover is open no hot key is installed, so that each
-/// can be recorded; after Escape they come back with the next occasion.
+/// What is to be done then. The save popover has them released, so that each can be recorded, and
+/// another program that becomes active meanwhile leaves them so; after Escape they come back with
+/// the next occasion.
 HotKeyChange hotKeyChangeAt(HotKeyOccasion occasion, bool isSavePopoverShown);
 
 /// Installs the hot keys that apply while the application is frontmost, in place of all that are
@@ -38,11 +39,6 @@ HotKeyChange hotKeyChangeAt(HotKeyOccasion occasion, bool isSavePopoverShown);
 /// wins over all. Without an application its own states are none.
 void installHotKeys(const Model& model, const std::optional<RunningApplication>& frontmost,
                     const std::shared_ptr<CarbonKeyEvent>& moveToNextDisplay);
-
-/// The states that apply while the application is frontmost: the built-in ones, the global ones and
-/// its own, from the weakest claim on a hot key to the strongest.
-std::vector<WindowStateArray>
-applicableWindowStates(const Model& model, const std::optional<RunningApplication>& frontmost);
 
 /// The installed hot key of that key and those modifiers, lock keys aside; null if there is none.
 std::shared_ptr<CarbonKeyEvent> installedHotKey(const KeyEvent& key);

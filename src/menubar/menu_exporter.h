@@ -1,7 +1,9 @@
 #pragma once
 
+#include "base/registration.h"
 #include "menubar/menu.h"
 
+#include <cstdint>
 #include <functional>
 
 namespace panewright {
@@ -11,16 +13,18 @@ namespace panewright {
 class MenuExporter {
 public:
     struct Handlers {
-        /// A bar is about to show the menu: gives it as it is now. It must live until the next
-        /// call, and an item that the user chooses until its action has been called.
-        std::function<const Menu&()> bringUpToDate;
+        /// A bar is about to show the menu, which is to be brought up to date; told with what is
+        /// held, in the application's form. An item that is in the menu then must live until the
+        /// next call, and one that the user chooses until its action has been called.
+        std::function<void(std::uint64_t modifierFlags)> aboutToShow;
         /// The bar does not show it any more. Not every bar tells.
         std::function<void()> closed;
     };
 
     virtual ~MenuExporter() = default;
 
-    virtual void exportMenu(Handlers handlers) = 0;
+    /// Bars have the menu until the registration is released; it must live as long.
+    virtual Registration exportMenu(const Menu& menu, Handlers handlers) = 0;
 };
 
 } // namespace panewright

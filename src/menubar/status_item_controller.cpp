@@ -31,6 +31,10 @@ constexpr double kStatusItemLength = 23;
 /// A desktop that starts brings its panel within this time.
 constexpr auto kPatienceForStatusBar = 10s;
 
+bool isForFlatMenu(std::uint64_t heldModifiers) {
+    return (heldModifiers & kOptionFlag) != 0;
+}
+
 } // namespace
 
 std::shared_ptr<StatusItemController>
@@ -67,11 +71,10 @@ void StatusItemController::showStatusItem() {
                                    self->clicked(click);
                                }
                            });
-    views_.exportedMenu.exportMenu({[this]() -> const Menu& {
-                                        menu_->menuNeedsUpdate(false);
-                                        return menu_->statusItemMenu();
-                                    },
-                                    [this] { menu_->menuDidClose(); }});
+    exportedMenu_ = views_.exportedMenu.exportMenu(
+        menu_->statusItemMenu(),
+        {[this](std::uint64_t held) { menu_->menuNeedsUpdate(isForFlatMenu(held)); },
+         [this] { menu_->menuDidClose(); }});
     statusItemChanges_ = ports_.statusItem.onShownChange([this] { lookForStatusItemLater(); });
     lookForStatusItemLater();
 }
@@ -167,7 +170,7 @@ PopoverAnchor StatusItemController::anchor() const {
 
 void StatusItemController::clicked(const StatusItemClick& click) {
     views_.menu.close(); // so that its clean-up does not come while the next one is open
-    menu_->menuNeedsUpdate(click.isRightButton || (click.modifierFlags & kOptionFlag) != 0);
+    menu_->menuNeedsUpdate(click.isRightButton || isForFlatMenu(click.modifierFlags));
     views_.menu.popUp(menu_->statusItemMenu(), anchor(),
                       {[this] { menu_->menuDidClose(); },
                        [this](const KeyEvent& key) { return hotKeyPressed(key); }});

@@ -131,6 +131,7 @@ private:
     bool started_ = false;
     Registration activations_;
     Registration permission_;
+    Registration exportedMenu_;
     Registration statusItemChanges_;
     Registration lookForStatusItem_;
 };

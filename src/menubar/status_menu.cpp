@@ -1,8 +1,8 @@
 #include "menubar/status_menu.h"
 
 #include "geometry/quartz_display.h"
+#include "menubar/applicable_window_states.h"
 #include "menubar/hot_key_collisions.h"
-#include "menubar/installed_hot_keys.h"
 #include "model/model.h"
 #include "shortcuts/modifier_flags.h"
 #include "ui/format_text.h"
@@ -217,7 +217,7 @@ MenuShortcut StatusMenu::shortcutOf(const CarbonKeyEvent& key) const {
             .words = text.shortcutInWords(key.keyCode(), key.modifierFlags())};
 }
 
-/// Once the hot keys are installed: then it is known without asking.
+/// To be called after the hot keys are installed, when the desktop need not be asked any more.
 void StatusMenu::markTakenShortcuts() {
     for (const auto& item : menu_->items()) {
         auto& shortcut = item->shortcut;

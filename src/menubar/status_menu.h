@@ -24,7 +24,7 @@ class Model;
 /// The tag of all that stands in the menu only while it is open, and of nothing else.
 inline constexpr std::int64_t kInsertedItemTag = 210;
 /// Where that begins.
-inline constexpr std::size_t kInsertedItemIndex = 3;
+inline constexpr std::size_t kInsertedItemIndex = 3; // so many fixed items come before
 
 /// The status item's menu: its fixed items, and between these the saved states, which are put in
 /// when the menu opens and go half a second after it has closed. Main thread only.
@@ -66,6 +66,7 @@ public:
     /// Takes out what is there only while the menu is open.
     void removeMenuItems();
 
+    /// Puts the states in, in place of those that are there.
     void rebuildMenuFlat(bool flat);
 
     /// An item for the application of the states, with a submenu of them in their order, which

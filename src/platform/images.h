@@ -5,6 +5,7 @@
 #include "base/image.h"
 #include "base/picture.h"
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -25,9 +26,15 @@ struct ImageEncodingOptions {
     std::optional<double> compressionFactor;
 };
 
+/// No image is larger, in points: one that is to be comes out as large as this.
+inline constexpr Size kLargestImage{2048, 280};
+
+/// A longer file, in bytes, is no image: it would take memory and be shown nowhere.
+inline constexpr std::size_t kLargestImageFile = std::size_t{1} << 20U;
+
 /// Makes images and knows what is in them. Nothing is rasterised before an image is painted, and
 /// then at the scale of the display. An image that comes from elsewhere counts as null. Sizes are
-/// in points; a height above 280 is bounded by that. Main thread only.
+/// in points, and none is above kLargestImage. Main thread only.
 class Images {
 public:
     virtual ~Images() = default;

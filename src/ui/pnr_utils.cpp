@@ -12,10 +12,8 @@ namespace panewright {
 namespace {
 
 constexpr std::string_view kAppImagesFolderName = "AppImages";
-/// Between icon and picture, and on the other side of neither.
+/// Between icon and picture.
 constexpr double kIconMargin = 4;
-/// Of an image file, in bytes: far more than an icon takes.
-constexpr std::size_t kMaxImageFileSize = std::size_t{4} << 20U;
 /// Of a file's name, in bytes, on every file system in use.
 constexpr std::size_t kMaxFileName = 255;
 
@@ -65,7 +63,7 @@ ImagePtr PNRUtils::appImageForBundleId(std::string_view bundleId) const {
     if (!file) {
         return nullptr;
     }
-    const auto content = readFile(*file, kMaxImageFileSize);
+    const auto content = readFile(*file, kLargestImageFile);
     return content ? images_.imageWithData(content.value()) : nullptr;
 }
 

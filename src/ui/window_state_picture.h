@@ -16,7 +16,8 @@ Size canvasFor(Size display);
 /// Where the window stands on the canvas, in points from its top left: both are global rectangles.
 /// A window of the whole display, or of its whole width and all but 35 points of its height, fills
 /// the canvas; any other lies inside a frame of one point. Nothing is rounded, and a window partly
-/// off its display is partly off the canvas. Empty where the display has no size to compare with.
+/// off its display is partly off the canvas. Where the display has no size to compare with, any
+/// other is empty.
 Rect windowArea(const Rect& window, const Rect& display);
 
 /// Where a window stands on kDefaultCanvas that covers that share of its display's width and

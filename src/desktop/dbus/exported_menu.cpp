@@ -18,9 +18,16 @@ constexpr const char* kItemConnection = "org.kde.StatusNotifierItem-%1-1";
 constexpr const char* kNoMenuPath = "/NO_DBUSMENU";
 constexpr const char* kMenuPath = "/MenuBar";
 
+const QString kBeforeShortcut = "    ";
+
 /// "_" stands there before the letter that chooses an item, and twice for itself.
-QString busLabel(const std::string& title) {
-    return QString::fromStdString(title).replace('_', "__");
+QString busLabel(const MenuItem& item) {
+    auto label = QString::fromStdString(item.title);
+    if (!item.shortcut.text.empty()) {
+        // Few panels show the property for it.
+        label += kBeforeShortcut + QString::fromStdString(item.shortcut.text);
+    }
+    return label.replace('_', "__");
 }
 
 } // namespace
@@ -81,8 +88,14 @@ ExportedMenu::ExportedMenu(HeldModifiers heldModifiers) : heldModifiers_(std::mo
     qDBusRegisterMetaType<QList<int>>();
 }
 
-void ExportedMenu::exportMenu(Handlers handlers) {
+Registration ExportedMenu::exportMenu(const Menu& menu, Handlers handlers) {
+    menu_ = &menu;
     handlers_ = std::move(handlers);
+    return Registration(lifetime_.guard([this] {
+        menu_ = nullptr;
+        handlers_ = {};
+        lines_.clear();
+    }));
 }
 
 void ExportedMenu::publishForToolkitItem() {
@@ -99,17 +112,16 @@ void ExportedMenu::publishForToolkitItem() {
 }
 
 void ExportedMenu::update() {
-    if (!handlers_.bringUpToDate) {
+    if (!menu_) {
         return;
     }
-    const Menu& menu = handlers_.bringUpToDate();
     // Until the new lines have been counted the old items live, so that no two share an address.
     const auto before = std::exchange(lines_, {});
     std::map<const MenuItem*, int> numbers;
     for (const auto& [id, line] : before) {
         numbers.emplace(line.item.get(), id);
     }
-    const auto children = addLines(menu, numbers);
+    const auto children = addLines(*menu_, numbers);
     lines_[kRoot].children = children;
     ++revision_;
 }
@@ -141,7 +153,7 @@ QVariantMap ExportedMenu::propertiesOf(int id) const {
     if (item->isSeparator) {
         return {{"type", "separator"}};
     }
-    QVariantMap properties{{"label", busLabel(item->title)}, {"enabled", item->canBeChosen()}};
+    QVariantMap properties{{"label", busLabel(*item)}, {"enabled", item->canBeChosen()}};
     if (item->submenu) {
         properties.insert("children-display", "submenu");
     }
@@ -155,6 +167,9 @@ QVariantMap ExportedMenu::propertiesOf(int id) const {
 bool ExportedMenu::AboutToShow(int id) {
     if (id != kRoot) {
         return false;
+    }
+    if (handlers_.aboutToShow) {
+        handlers_.aboutToShow(heldModifiers_());
     }
     update();
     emit LayoutUpdated(revision_, kRoot);

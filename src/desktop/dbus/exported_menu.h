@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/lifetime.h"
 #include "menubar/menu_exporter.h"
 
 #include <QDBusArgument>
@@ -55,7 +56,7 @@ public:
 
     explicit ExportedMenu(HeldModifiers heldModifiers);
 
-    void exportMenu(Handlers handlers) override;
+    Registration exportMenu(const Menu& menu, Handlers handlers) override;
 
     /// Puts the menu where panels look for it: where the toolkit's item says that its menu is, and
     /// where panels look that do not know that it has none. Nothing while the item is not on the
@@ -91,6 +92,7 @@ private:
         QList<int> children;
     };
 
+    /// Counts the lines of the menu as it is.
     void update();
     QList<int> addLines(const Menu& menu, const std::map<const MenuItem*, int>& numbers);
     const MenuItem* find(int id) const;
@@ -98,7 +100,9 @@ private:
     BusMenuItem layoutOf(int id, int depth) const;
 
     HeldModifiers heldModifiers_;
+    const Menu* menu_ = nullptr;
     Handlers handlers_;
+    Lifetime lifetime_;
     std::map<int, Line> lines_;
     int lastId_ = 0;
     uint revision_ = 0;

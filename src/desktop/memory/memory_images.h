@@ -2,6 +2,7 @@
 
 #include "platform/images.h"
 
+#include <algorithm>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -76,8 +77,8 @@ public:
 
 private:
     static Size bounded(Size size) {
-        constexpr double kMaxHeight = 280;
-        return {size.width, size.height > kMaxHeight ? kMaxHeight : size.height};
+        return {std::min(size.width, kLargestImage.width),
+                std::min(size.height, kLargestImage.height)};
     }
 };
 

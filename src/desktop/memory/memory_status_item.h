@@ -47,8 +47,16 @@ private:
 /// Gives the menu as a status bar would draw it.
 class MemoryMenuExporter : public MenuExporter {
 public:
-    void exportMenu(Handlers newHandlers) override { handlers = std::move(newHandlers); }
+    Registration exportMenu(const Menu& menu, Handlers newHandlers) override {
+        exported = &menu;
+        handlers = std::move(newHandlers);
+        return Registration([this] {
+            exported = nullptr;
+            handlers = {};
+        });
+    }
 
+    const Menu* exported = nullptr;
     Handlers handlers;
 };
 

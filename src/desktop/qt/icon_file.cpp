@@ -1,6 +1,7 @@
 #include "desktop/qt/icon_file.h"
 
 #include "base/file.h"
+#include "platform/images.h"
 
 #include <QBuffer>
 #include <QByteArray>
@@ -18,7 +19,6 @@ namespace panewright {
 namespace {
 
 // Of a picture. Larger ones are seen nowhere, and only take memory when decoded.
-constexpr std::size_t kMaxBytes = std::size_t{1} << 20U;
 constexpr int kMaxSide = 2048;
 constexpr int kShownSide = 256;
 
@@ -91,7 +91,7 @@ QList<ThemeFolder> themeFolders(const QSettings& index, int size) {
 QString fileIn(const QString& folder, const QString& name) {
     for (const char* extension : {".png", ".svg", ".xpm"}) {
         QString file = folder + '/' + name + extension;
-        if (isUsable(file, kMaxBytes)) {
+        if (isUsable(file, kLargestImageFile)) {
             return file;
         }
     }
@@ -110,12 +110,12 @@ QString fileIn(const QStringList& folders, const QString& name) {
 } // namespace
 
 QImage readIconFile(const QString& path) {
-    const auto content = readFile(path.toStdString(), kMaxBytes);
+    const auto content = readFile(path.toStdString(), kLargestImageFile);
     return content ? readIcon(content.value()) : QImage();
 }
 
 QImage readIcon(const Bytes& content) {
-    if (content.size() > kMaxBytes) {
+    if (content.size() > kLargestImageFile) {
         return {};
     }
     QByteArray data(reinterpret_cast<const char*>(content.data()), qsizetype(content.size()));

@@ -1,6 +1,7 @@
 #include "desktop/qt/qt_images.h"
 
 #include "desktop/qt/icon_file.h"
+#include "desktop/qt/qt_colour.h"
 #include "desktop/qt/qt_image.h"
 
 #include <QBuffer>
@@ -17,9 +18,6 @@
 namespace panewright {
 namespace {
 
-// In points: nothing larger is painted.
-constexpr double kMaxWidth = 2048;
-constexpr double kMaxHeight = 280;
 /// Where a shape may reach on either side, so that it can be painted at all.
 constexpr double kMaxReach = 1e5;
 
@@ -33,7 +31,7 @@ double bounded(double length, double longest) {
 }
 
 Size bounded(Size size) {
-    return {bounded(size.width, kMaxWidth), bounded(size.height, kMaxHeight)};
+    return {bounded(size.width, kLargestImage.width), bounded(size.height, kLargestImage.height)};
 }
 
 bool isFinite(const Rect& rect) {
@@ -46,11 +44,6 @@ QRectF toPaint(const Rect& rect) {
     const QRectF all(-kMaxReach, -kMaxReach, 2 * kMaxReach, 2 * kMaxReach);
     return isFinite(rect) ? QRectF(rect.x, rect.y, rect.width, rect.height).normalized() & all
                           : QRectF();
-}
-
-QColor toQt(const Colour& colour) {
-    return QColor::fromRgbF(float(colour.red), float(colour.green), float(colour.blue),
-                            float(colour.alpha));
 }
 
 /// Makes the painter's unit a point of an image of that size, painted into the target, and cuts off

@@ -1,7 +1,7 @@
 #include "desktop/qt/shortcut_recorder_widget.h"
 
 #include "desktop/qt/key_events.h"
-
+#include "desktop/qt/qt_colour.h"
 #include "shortcuts/modifier_flags.h"
 
 #include <QAccessibleWidget>
@@ -17,11 +17,6 @@ constexpr double kCornerRadius = 4;
 constexpr int kHeight = 24;
 constexpr Colour kText = grey(0.1);
 constexpr Colour kFocusRing{0.23, 0.51, 0.96};
-
-QColor toQt(const Colour& colour) {
-    return QColor::fromRgbF(float(colour.red), float(colour.green), float(colour.blue),
-                            float(colour.alpha));
-}
 
 /// A disc with a cross cut out of it, 12 by 12.
 QPainterPath clearImage() {

@@ -6,16 +6,16 @@ namespace panewright {
 
 /// The keyboard, which a window of ours borrows from another program's window and gives back.
 ///
-/// Window managers give it to a window of their own choice when ours closes, now and then after
-/// they were asked for another one. So it counts what was heard, in the order in which it was
-/// heard, and whether the user or the manager chose. Asks nobody: whoever owns it tells what
-/// happens, and does what it answers.
+/// When a window of ours closes, window managers give the keyboard to one of their own choice, some
+/// even after they were asked for another. The order in which changes were heard of tells whether
+/// the user or the manager chose. The loan asks nobody: its owner tells it what happens, and does
+/// what it answers.
 class KeyboardLoan {
 public:
     enum class State {
         kTheirs,    // another program has the keyboard, or nobody
         kOurs,      // a window of ours has it
-        kLeaving,   // it is about to go elsewhere while our window is shown: the user chose that
+        kLeaving,   // it goes elsewhere while our window is shown: by the user's choice
         kOrphaned,  // our window closed first: whoever has the keyboard now got it from the manager
         kReturning, // the manager has been asked to give it back
         kReturned,  // it has gone to another program since, though not for certain to stay there

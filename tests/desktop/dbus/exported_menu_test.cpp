@@ -14,7 +14,8 @@ TEST(ExportedMenu, ShowsThePanelTheMenuAsItIsAndDoesWhatIsChosen) {
     menu.insertItems({separatorItemWithTag(0), item}, 0);
     int timesClosed = 0;
     ExportedMenu exported([] { return std::uint64_t{0x80000}; });
-    exported.exportMenu({[&]() -> const Menu& { return menu; }, [&] { ++timesClosed; }});
+    const auto registration =
+        exported.exportMenu(menu, {[](std::uint64_t /*held*/) {}, [&] { ++timesClosed; }});
     const auto layout = [&] {
         BusMenuItem root;
         exported.GetLayout(0, -1, {}, root);
