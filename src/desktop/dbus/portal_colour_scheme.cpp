@@ -36,6 +36,10 @@ PortalColourScheme::PortalColourScheme(SessionBus& bus)
 void PortalColourScheme::watch() {
     auto connection = *bus_.connection();
     if (connection.isConnected()) {
+        arrivals_ = std::make_unique<QDBusServiceWatcher>(
+            kPortal, connection, QDBusServiceWatcher::WatchForRegistration);
+        connect(arrivals_.get(), &QDBusServiceWatcher::serviceRegistered, this,
+                &PortalColourScheme::ask);
         connection.connect(kPortal, kPortalPath, kSettings, "SettingChanged", this,
                            SLOT(settingChanged(QDBusMessage)));
         ask();
@@ -45,6 +49,7 @@ void PortalColourScheme::watch() {
 void PortalColourScheme::ask() {
     auto question = QDBusMessage::createMethodCall(kPortal, kPortalPath, kSettings, "Read");
     question << kAppearance << kColourScheme;
+    question.setAutoStartService(false);
     auto* answer = new QDBusPendingCallWatcher(bus_.connection()->asyncCall(question), this);
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
         answer->deleteLater();

@@ -5,12 +5,16 @@
 #include "desktop/shared/colour_scheme.h"
 
 #include <QDBusMessage>
+#include <QDBusServiceWatcher>
 #include <QObject>
+
+#include <memory>
 
 namespace panewright {
 
-/// What the settings portal says (interface org.freedesktop.portal.Settings, namespace
-/// org.freedesktop.appearance, key color-scheme: 1 is dark).
+/// What the settings portal says while it runs, which is not started for this (interface
+/// org.freedesktop.portal.Settings, namespace org.freedesktop.appearance, key color-scheme: 1 is
+/// dark).
 class PortalColourScheme : public QObject, public ColourScheme {
     Q_OBJECT
 
@@ -31,6 +35,7 @@ private:
     void set(const QVariant& value);
 
     SessionBus& bus_;
+    std::unique_ptr<QDBusServiceWatcher> arrivals_;
     bool isDark_ = false;
     ObserverList<> changed_;
     Registration busKnown_;
