@@ -1,10 +1,8 @@
 #include "desktop/qt/menu_popup.h"
 
-#include "desktop/qt/key_events.h"
 #include "desktop/qt/menu_row.h"
 #include "desktop/qt/menu_style.h"
 
-#include <QKeyEvent>
 #include <QStyleOption>
 
 #include <algorithm>
@@ -128,11 +126,12 @@ void MenuPopup::hideEvent(QHideEvent* event) {
 
 void MenuPopup::keyPressEvent(QKeyEvent* event) {
     event->accept();
+    const bool isRepeat = repeats_.isRepeat(*event);
     if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown) {
         moveByPage(event->key() == Qt::Key_PageUp ? -1 : 1);
     } else if (isMenuKey(event->key())) {
         QMenu::keyPressEvent(event);
-    } else if (event->isAutoRepeat() || isModifierKey(*event, context_.nativeKeyCodes)) {
+    } else if (isRepeat || isModifierKey(*event, context_.nativeKeyCodes)) {
         return; // what is held was meant for what came before
     } else if (isTyping(*event)) {
         typeAhead(event->text());
@@ -140,6 +139,11 @@ void MenuPopup::keyPressEvent(QKeyEvent* event) {
                key && context_.keyPressed(*key)) {
         hideAll();
     }
+}
+
+void MenuPopup::keyReleaseEvent(QKeyEvent* event) {
+    repeats_.isRepeat(*event);
+    QMenu::keyReleaseEvent(event);
 }
 
 /// The toolkit scrolls a menu while the pointer is anywhere above or below it, as on the panel that
