@@ -21,30 +21,35 @@ constexpr double kFarAside = 1 << 20;
 /// Room for a check mark.
 constexpr int kLeastPictureWidth = 16;
 
-/// Keys that Qt's menus know, whatever is held with them.
-bool isMenuKey(int key) {
-    switch (key) {
+bool isCommand(const QKeyEvent& event) {
+    return event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+}
+
+/// Arrows, Return and Escape are the menu's whatever is held with them, the others without.
+bool isMenuKey(const QKeyEvent& event) {
+    switch (event.key()) {
     case Qt::Key_Up:
     case Qt::Key_Down:
     case Qt::Key_Left:
     case Qt::Key_Right:
-    case Qt::Key_Home:
-    case Qt::Key_End:
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Escape:
         return true;
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        return !isCommand(event);
     default:
         return false;
     }
 }
 
 bool isTyping(const QKeyEvent& event) {
-    constexpr auto kCommands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
-    return !(event.modifiers() & kCommands) && !event.text().isEmpty() &&
-           event.text().front().isPrint();
+    return !isCommand(event) && !event.text().isEmpty() && event.text().front().isPrint();
 }
 
 } // namespace
@@ -127,10 +132,8 @@ void MenuPopup::hideEvent(QHideEvent* event) {
 void MenuPopup::keyPressEvent(QKeyEvent* event) {
     event->accept();
     const bool isRepeat = repeats_.isRepeat(*event);
-    if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown) {
-        moveByPage(event->key() == Qt::Key_PageUp ? -1 : 1);
-    } else if (isMenuKey(event->key())) {
-        QMenu::keyPressEvent(event);
+    if (isMenuKey(*event)) {
+        menuKeyPressed(event->key());
     } else if (isRepeat || isModifierKey(*event, context_.nativeKeyCodes)) {
         return; // what is held was meant for what came before
     } else if (isTyping(*event)) {
@@ -139,6 +142,15 @@ void MenuPopup::keyPressEvent(QKeyEvent* event) {
                key && context_.keyPressed(*key)) {
         hideAll();
     }
+}
+
+void MenuPopup::menuKeyPressed(int key) {
+    if (key == Qt::Key_PageUp || key == Qt::Key_PageDown) {
+        moveByPage(key == Qt::Key_PageUp ? -1 : 1);
+        return;
+    }
+    QKeyEvent alone(QEvent::KeyPress, key, Qt::NoModifier); // with Alt the toolkit ignores Escape
+    QMenu::keyPressEvent(&alone);
 }
 
 void MenuPopup::keyReleaseEvent(QKeyEvent* event) {

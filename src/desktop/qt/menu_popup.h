@@ -54,6 +54,7 @@ private:
     void fill(const Menu& model, QStyle& style);
     void addSubmenu(MenuRow& row);
     void select(QAction& row);
+    void menuKeyPressed(int key);
     void typeAhead(const QString& text);
     MenuRow* rowBeginningWith(const QString& text, bool isAfterCurrent) const;
     void moveByPage(int direction);
