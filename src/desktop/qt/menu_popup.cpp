@@ -4,6 +4,7 @@
 #include "desktop/qt/menu_style.h"
 
 #include <QStyleOption>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -18,6 +19,7 @@ using namespace std::chrono_literals;
 constexpr auto kTypingPause = 1s;
 constexpr int kHigherThanAnyScreen = 1 << 20;
 constexpr double kFarAside = 1 << 20;
+constexpr int kWheelUp = 1;
 /// Room for a check mark.
 constexpr int kLeastPictureWidth = 16;
 
@@ -216,6 +218,29 @@ void MenuPopup::select(QAction& row) {
     if (submenu) {
         submenu->setAttribute(Qt::WA_Disabled, false);
     }
+    scrollBackToLastRow();
+}
+
+/// The toolkit scrolls the selected row to the middle, also where that leaves nothing to show at
+/// the end of the menu.
+void MenuPopup::scrollBackToLastRow() {
+    const auto bottom = [this] { return actionGeometry(actions().last()).bottom(); };
+    const int border = style()->pixelMetric(QStyle::PM_MenuPanelWidth);
+    const int wanted = rect().bottom() - border;
+    if (bottom() >= wanted) {
+        return;
+    }
+    for (int before = bottom() - 1; before < bottom() && bottom() < wanted;) {
+        before = bottom();
+        scrollByRow(kWheelUp);
+    }
+    scrollByRow(-kWheelUp); // so that the last one is whole
+}
+
+void MenuPopup::scrollByRow(int direction) {
+    QWheelEvent event(rect().center(), geometry().center(), {}, {0, direction}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    wheelEvent(&event);
 }
 
 /// Looks from the current row on, or after it, and then from the top.

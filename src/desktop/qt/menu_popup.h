@@ -54,6 +54,8 @@ private:
     void fill(const Menu& model, QStyle& style);
     void addSubmenu(MenuRow& row);
     void select(QAction& row);
+    void scrollBackToLastRow();
+    void scrollByRow(int direction);
     void menuKeyPressed(int key);
     void typeAhead(const QString& text);
     MenuRow* rowBeginningWith(const QString& text, bool isAfterCurrent) const;
