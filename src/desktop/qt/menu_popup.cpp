@@ -203,7 +203,7 @@ void MenuPopup::typeAhead(const QString& text) {
     if (!row && isOneLetter) {
         row = rowBeginningWith(typed_.left(1), true); // the same letter again: the next such row
     }
-    if (row) {
+    if (row && row != activeAction()) { // a screen reader would say it again
         select(*row);
     }
 }
