@@ -43,6 +43,16 @@ bool isModifierKey(const QKeyEvent& event, const NativeKeyCodes& keyCodes) {
     }
 }
 
+bool KeyRepeats::isRepeat(const QKeyEvent& event) {
+    if (event.type() == QEvent::KeyRelease) {
+        releasedKey_ = event.nativeScanCode();
+        releaseTime_ = event.timestamp();
+    }
+    return event.isAutoRepeat() ||
+           (event.type() == QEvent::KeyPress && event.timestamp() != 0 &&
+            event.timestamp() == releaseTime_ && event.nativeScanCode() == releasedKey_);
+}
+
 std::optional<KeyEvent> keyEventOf(const QKeyEvent& event, const NativeKeyCodes& keyCodes) {
     const auto keyCode = keyCodes.virtualKeyCode(event.nativeScanCode(), event.nativeVirtualKey());
     if (!keyCode) {

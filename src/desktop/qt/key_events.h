@@ -20,6 +20,19 @@ std::uint64_t heldModifierFlags();
 /// one that switches to another layout).
 bool isModifierKey(const QKeyEvent& event, const NativeKeyCodes& keyCodes);
 
+/// Tells which presses a held key makes. The toolkit looks for such a press when the release before
+/// it comes, so QKeyEvent::isAutoRepeat() misses those that arrive later.
+class KeyRepeats {
+public:
+    /// To be called with each press and release of a widget's keys.
+    bool isRepeat(const QKeyEvent& event);
+
+private:
+    quint32 releasedKey_ = 0;
+    /// The X server's time: a repeated press has that of its release.
+    quint64 releaseTime_ = 0;
+};
+
 /// Nil for a key without a virtual key code.
 std::optional<KeyEvent> keyEventOf(const QKeyEvent& event, const NativeKeyCodes& keyCodes);
 

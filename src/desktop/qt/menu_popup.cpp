@@ -1,11 +1,10 @@
 #include "desktop/qt/menu_popup.h"
 
-#include "desktop/qt/key_events.h"
 #include "desktop/qt/menu_row.h"
 #include "desktop/qt/menu_style.h"
 
-#include <QKeyEvent>
 #include <QStyleOption>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -20,33 +19,39 @@ using namespace std::chrono_literals;
 constexpr auto kTypingPause = 1s;
 constexpr int kHigherThanAnyScreen = 1 << 20;
 constexpr double kFarAside = 1 << 20;
+constexpr int kWheelUp = 1;
 /// Room for a check mark.
 constexpr int kLeastPictureWidth = 16;
 
-/// Keys that Qt's menus know, whatever is held with them.
-bool isMenuKey(int key) {
-    switch (key) {
+bool isCommand(const QKeyEvent& event) {
+    return event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+}
+
+/// Arrows, Return and Escape are the menu's whatever is held with them, the others without.
+bool isMenuKey(const QKeyEvent& event) {
+    switch (event.key()) {
     case Qt::Key_Up:
     case Qt::Key_Down:
     case Qt::Key_Left:
     case Qt::Key_Right:
-    case Qt::Key_Home:
-    case Qt::Key_End:
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Escape:
         return true;
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        return !isCommand(event);
     default:
         return false;
     }
 }
 
 bool isTyping(const QKeyEvent& event) {
-    constexpr auto kCommands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
-    return !(event.modifiers() & kCommands) && !event.text().isEmpty() &&
-           event.text().front().isPrint();
+    return !isCommand(event) && !event.text().isEmpty() && event.text().front().isPrint();
 }
 
 } // namespace
@@ -128,11 +133,10 @@ void MenuPopup::hideEvent(QHideEvent* event) {
 
 void MenuPopup::keyPressEvent(QKeyEvent* event) {
     event->accept();
-    if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown) {
-        moveByPage(event->key() == Qt::Key_PageUp ? -1 : 1);
-    } else if (isMenuKey(event->key())) {
-        QMenu::keyPressEvent(event);
-    } else if (event->isAutoRepeat() || isModifierKey(*event, context_.nativeKeyCodes)) {
+    const bool isRepeat = repeats_.isRepeat(*event);
+    if (isMenuKey(*event)) {
+        menuKeyPressed(event->key());
+    } else if (isRepeat || isModifierKey(*event, context_.nativeKeyCodes)) {
         return; // what is held was meant for what came before
     } else if (isTyping(*event)) {
         typeAhead(event->text());
@@ -140,6 +144,20 @@ void MenuPopup::keyPressEvent(QKeyEvent* event) {
                key && context_.keyPressed(*key)) {
         hideAll();
     }
+}
+
+void MenuPopup::menuKeyPressed(int key) {
+    if (key == Qt::Key_PageUp || key == Qt::Key_PageDown) {
+        moveByPage(key == Qt::Key_PageUp ? -1 : 1);
+        return;
+    }
+    QKeyEvent alone(QEvent::KeyPress, key, Qt::NoModifier); // with Alt the toolkit ignores Escape
+    QMenu::keyPressEvent(&alone);
+}
+
+void MenuPopup::keyReleaseEvent(QKeyEvent* event) {
+    repeats_.isRepeat(*event);
+    QMenu::keyReleaseEvent(event);
 }
 
 /// The toolkit scrolls a menu while the pointer is anywhere above or below it, as on the panel that
@@ -185,7 +203,7 @@ void MenuPopup::typeAhead(const QString& text) {
     if (!row && isOneLetter) {
         row = rowBeginningWith(typed_.left(1), true); // the same letter again: the next such row
     }
-    if (row) {
+    if (row && row != activeAction()) { // a screen reader would say it again
         select(*row);
     }
 }
@@ -200,6 +218,29 @@ void MenuPopup::select(QAction& row) {
     if (submenu) {
         submenu->setAttribute(Qt::WA_Disabled, false);
     }
+    scrollBackToLastRow();
+}
+
+/// The toolkit scrolls the selected row to the middle, also where that leaves nothing to show at
+/// the end of the menu.
+void MenuPopup::scrollBackToLastRow() {
+    const auto bottom = [this] { return actionGeometry(actions().last()).bottom(); };
+    const int border = style()->pixelMetric(QStyle::PM_MenuPanelWidth);
+    const int wanted = rect().bottom() - border;
+    if (bottom() >= wanted) {
+        return;
+    }
+    for (int before = bottom() - 1; before < bottom() && bottom() < wanted;) {
+        before = bottom();
+        scrollByRow(kWheelUp);
+    }
+    scrollByRow(-kWheelUp); // so that the last one is whole
+}
+
+void MenuPopup::scrollByRow(int direction) {
+    QWheelEvent event(rect().center(), geometry().center(), {}, {0, direction}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    wheelEvent(&event);
 }
 
 /// Looks from the current row on, or after it, and then from the top.

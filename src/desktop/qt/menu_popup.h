@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/qt/key_events.h"
 #include "desktop/shared/native_key_codes.h"
 #include "menubar/menu.h"
 #include "platform/key_event.h"
@@ -43,6 +44,7 @@ protected:
     bool event(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override;
 
@@ -52,6 +54,9 @@ private:
     void fill(const Menu& model, QStyle& style);
     void addSubmenu(MenuRow& row);
     void select(QAction& row);
+    void scrollBackToLastRow();
+    void scrollByRow(int direction);
+    void menuKeyPressed(int key);
     void typeAhead(const QString& text);
     MenuRow* rowBeginningWith(const QString& text, bool isAfterCurrent) const;
     void moveByPage(int direction);
@@ -63,6 +68,7 @@ private:
     const Context& context_;
     /// Of the column for pictures and check marks, in the toolkit's units.
     int pictureWidth_;
+    KeyRepeats repeats_;
     QString typed_;
     QTimer typingEnd_;
 };

@@ -1,10 +1,8 @@
 #include "desktop/qt/popover_window.h"
 
-#include "desktop/qt/key_events.h"
 #include "desktop/qt/native_geometry.h"
 
 #include <QCloseEvent>
-#include <QKeyEvent>
 #include <QLayout>
 #include <QPainter>
 #include <QWindow>
@@ -123,10 +121,12 @@ void PopoverWindow::closeEvent(QCloseEvent* event) {
 }
 
 bool PopoverWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == windowHandle() && event->type() == QEvent::KeyPress) {
-        const auto& press = static_cast<QKeyEvent&>(*event);
-        const auto key = keyEventOf(press, keyCodes_);
-        if (key && !isModifierKey(press, keyCodes_) && !press.isAutoRepeat() &&
+    const bool isPress = event->type() == QEvent::KeyPress;
+    if (watched == windowHandle() && (isPress || event->type() == QEvent::KeyRelease)) {
+        const auto& keyEvent = static_cast<QKeyEvent&>(*event);
+        const bool isRepeat = repeats_.isRepeat(keyEvent);
+        const auto key = keyEventOf(keyEvent, keyCodes_);
+        if (isPress && !isRepeat && key && !isModifierKey(keyEvent, keyCodes_) &&
             handlers_.keyDown(*key)) {
             return true;
         }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/qt/key_events.h"
 #include "desktop/shared/native_key_codes.h"
 #include "desktop/shared/own_windows.h"
 #include "platform/key_event.h"
@@ -52,6 +53,7 @@ private:
     const NativeKeyCodes& keyCodes_;
     OwnWindows& ownWindows_;
     Handlers handlers_;
+    KeyRepeats repeats_;
     PopoverAnchor anchor_;
     QPoint place_;
     /// The window manager may still have to be told once more.

@@ -1,12 +1,10 @@
 #include "desktop/qt/shortcut_recorder_widget.h"
 
-#include "desktop/qt/key_events.h"
 #include "desktop/qt/qt_colour.h"
 #include "shortcuts/modifier_flags.h"
 
 #include <QAccessibleWidget>
 #include <QGuiApplication>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -155,11 +153,12 @@ bool ShortcutRecorderWidget::event(QEvent* event) {
 
 bool ShortcutRecorderWidget::handleKey(QKeyEvent& event) {
     const bool wasRecording = recorder_.isRecording();
+    const bool isRepeat = repeats_.isRepeat(event);
     if (isModifierKey(event, keyCodes_)) {
         recorder_.flagsChanged(modifierFlagsOf(event.modifiers()));
         return wasRecording;
     }
-    if (event.type() == QEvent::KeyRelease || event.isAutoRepeat()) {
+    if (event.type() == QEvent::KeyRelease || isRepeat) {
         return wasRecording;
     }
     const auto key = keyEventOf(event, keyCodes_);

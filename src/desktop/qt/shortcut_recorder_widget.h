@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/qt/key_events.h"
 #include "desktop/shared/native_key_codes.h"
 #include "shortcuts/qf_shortcut_recorder.h"
 
@@ -43,6 +44,7 @@ private:
 
     QFShortcutRecorder& recorder_;
     const NativeKeyCodes& keyCodes_;
+    KeyRepeats repeats_;
     bool holdsKeyboard_ = false;
 };
 
