@@ -17,6 +17,8 @@ using namespace std::chrono_literals;
 
 /// After a pause of this length typing starts anew.
 constexpr auto kTypingPause = 1s;
+/// Windows that the manager does not see, and that hold keyboard and pointer while they are open.
+constexpr Qt::WindowFlags kWindowKind = Qt::Popup;
 constexpr int kHigherThanAnyScreen = 1 << 20;
 constexpr double kFarAside = 1 << 20;
 constexpr int kWheelUp = 1;
@@ -72,6 +74,7 @@ MenuPopup::MenuPopup(std::shared_ptr<Menu> model, MenuPopup& opener)
 }
 
 void MenuPopup::fill(const Menu& model, QStyle& style) {
+    setWindowFlags(kWindowKind);
     setStyle(&style);
     setToolTipsVisible(true);
     typingEnd_.setSingleShot(true);
@@ -123,7 +126,7 @@ void MenuPopup::showEvent(QShowEvent* event) {
 void MenuPopup::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const {
     QMenu::initStyleOption(option, action);
     option->maxIconWidth = pictureWidth_;
-    option->styleObject = const_cast<QAction*>(action);
+    option->styleObject = const_cast<QAction*>(action); // which the style only reads
 }
 
 void MenuPopup::hideEvent(QHideEvent* event) {
@@ -208,7 +211,8 @@ void MenuPopup::typeAhead(const QString& text) {
     }
 }
 
-/// Qt opens the submenu of the row too, to which the next keys would go, unless it is disabled.
+/// The toolkit would open the row's submenu too, and the next keys would go there. It leaves a
+/// submenu closed that is disabled.
 void MenuPopup::select(QAction& row) {
     auto* submenu = row.menu();
     if (submenu) {
@@ -249,12 +253,14 @@ MenuRow* MenuPopup::rowBeginningWith(const QString& text, bool isAfterCurrent) c
     if (const auto current = rows.indexOf(activeAction()); current >= 0) {
         std::rotate(rows.begin(), rows.begin() + current + (isAfterCurrent ? 1 : 0), rows.end());
     }
-    const auto found = std::find_if(rows.begin(), rows.end(), [&](QAction* action) {
-        const auto& row = static_cast<MenuRow&>(*action);
-        return row.isEnabled() && !row.isSeparator() &&
-               row.title().startsWith(text, Qt::CaseInsensitive);
-    });
-    return found == rows.end() ? nullptr : static_cast<MenuRow*>(*found);
+    for (auto* action : rows) {
+        auto* row = dynamic_cast<MenuRow*>(action);
+        if (row && row->isEnabled() && !row->isSeparator() &&
+            row->title().startsWith(text, Qt::CaseInsensitive)) {
+            return row;
+        }
+    }
+    return nullptr;
 }
 
 /// To the row a page further, else to the last that can be chosen on the way.

@@ -59,10 +59,6 @@ QRectF pictureRect(const Size& size, const QRect& column) {
 
 } // namespace
 
-int MenuStyle::longestTitle() {
-    return kLongestTitle;
-}
-
 int MenuStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                          QStyleHintReturn* returnData) const {
     switch (hint) {

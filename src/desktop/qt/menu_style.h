@@ -8,16 +8,13 @@ namespace panewright {
 
 /// Draws the rows of a MenuPopup, and leaves the rest of it to the application's style: a column of
 /// pictures in their own sizes, titles that are cut short where they are too long, shortcuts at the
-/// right. A row is as high as its picture.
+/// right. A row is as high as its picture or its text asks for.
 class MenuStyle : public VisibleBoxes {
     Q_OBJECT
 
 public:
     /// Goes with the parent.
     explicit MenuStyle(QObject* parent) : VisibleBoxes(parent) {}
-
-    /// Beyond this a title is cut short. In the toolkit's units.
-    static int longestTitle();
 
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* returnData) const override;

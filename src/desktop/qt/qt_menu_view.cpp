@@ -21,9 +21,6 @@ using namespace std::chrono_literals;
 constexpr auto kPatienceForKeyboard = 1s;
 constexpr auto kKeyboardTry = 20ms;
 
-/// A window that the manager does not see, and that holds keyboard and pointer while it is open.
-constexpr Qt::WindowFlags kWindowKind = Qt::Popup;
-
 } // namespace
 
 QtMenuView::QtMenuView(const NativeKeyCodes& keyCodes)
@@ -41,7 +38,6 @@ void QtMenuView::popUp(const Menu& menu, const PopoverAnchor& anchor, Handlers h
     close();
     handlers_ = std::move(handlers);
     menu_ = std::make_unique<MenuPopup>(menu, context_);
-    menu_->setWindowFlags(kWindowKind);
     menu_->setWindowTitle("Panewright menu");
     menu_->setAccessibleName(menu_->windowTitle());
     QObject::connect(menu_.get(), &QMenu::aboutToHide, menu_.get(), [this] { tellClosed(); });
