@@ -150,9 +150,11 @@ void StatusItemController::setupSavePopover() {
     savePopover_.emplace(
         ports_.applicationIcons,
         PopoverPresenter(ports_.workspace, ports_.program, [this] { return anchor(); }),
-        SaveShortcutViewController::Services{ports_.beeper, ports_.hotKeys, ports_.mainLoop,
-                                             ports_.text, shortcutText_, usage_, views_.factory,
-                                             *this},
+        SaveShortcutViewController::Services{
+            {ports_.beeper, ports_.hotKeys, *model_, ports_.text, shortcutText_, usage_},
+            ports_.mainLoop,
+            views_.factory,
+            *this},
         *tracking_);
 }
 
