@@ -2,6 +2,7 @@
 
 #include "desktop/memory/memory_windows.h"
 #include "shortcuts/qf_shortcut_recorder.h"
+#include "ui/edit_shortcut_view_controller.h"
 #include "ui/save_shortcut_view_controller.h"
 #include "ui/settings.h"
 #include "ui/view_factory.h"
@@ -103,6 +104,19 @@ public:
     bool preferred = false;
 };
 
+/// The edit popover's controls.
+class MemoryEditShortcutView
+    : public MemoryShortcutPopoverView<EditShortcutView, EditShortcutViewController> {
+public:
+    using MemoryShortcutPopoverView::MemoryShortcutPopoverView;
+
+    void setContext(const std::string& text) override { context = text; }
+    bool updateWindowState() const override { return updates; }
+
+    std::string context;
+    bool updates = false;
+};
+
 /// The settings window's controls, which a test fills in and reads.
 class MemorySettingsView : public SettingsView, public QFShortcutRecorderView {
 public:
@@ -146,6 +160,12 @@ class MemoryViews : public ViewFactory {
 public:
     MemoryViews(MemoryWindows& windows, ProcessId ownPid) : windows_(windows), ownPid_(ownPid) {}
 
+    std::unique_ptr<EditShortcutView>
+    makeEditShortcutView(EditShortcutViewController& controller) override {
+        auto view = std::make_unique<MemoryEditShortcutView>(controller, windows_, ownPid_);
+        edit = view.get();
+        return view;
+    }
     std::unique_ptr<SaveShortcutView>
     makeSaveShortcutView(SaveShortcutViewController& controller) override {
         auto view = std::make_unique<MemorySaveShortcutView>(controller, windows_, ownPid_);
@@ -158,7 +178,8 @@ public:
         return view;
     }
 
-    /// Null until the popover was opened for the first time.
+    // Null until the popover was opened for the first time.
+    MemoryEditShortcutView* edit = nullptr;
     MemorySaveShortcutView* save = nullptr;
     /// Null until the window was opened for the first time.
     MemorySettingsView* settings = nullptr;

@@ -74,6 +74,14 @@ QPushButton& ShortcutPopoverParts::addButton(const QString& text, std::function<
     return *button;
 }
 
+QPushButton& ShortcutPopoverParts::addButtonAtLeft(const QString& text,
+                                                   std::function<void()> clicked) {
+    auto& button = addButton(text, std::move(clicked));
+    buttons_->removeWidget(&button);
+    buttons_->insertWidget(0, &button);
+    return button;
+}
+
 std::string ShortcutPopoverParts::windowStateName() const {
     return name_->text().toStdString();
 }

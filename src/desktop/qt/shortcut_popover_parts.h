@@ -32,10 +32,10 @@ public:
     QBoxLayout& header() { return *header_; }
     /// The fields, below which others may be added.
     QFormLayout& form() { return *form_; }
-    /// The line of buttons, which begins with what is put at its front.
-    QBoxLayout& buttons() { return *buttons_; }
     /// Adds a button at the right end of its line.
     QPushButton& addButton(const QString& text, std::function<void()> clicked);
+    /// Adds one at the left, the last that Tab comes to.
+    QPushButton& addButtonAtLeft(const QString& text, std::function<void()> clicked);
 
     std::string windowStateName() const;
     void setWindowStateName(const std::string& name);

@@ -1,0 +1,43 @@
+#include "desktop/qt/edit_shortcut_widget.h"
+
+#include "desktop/qt/elided_text.h"
+#include "desktop/qt/key_events.h"
+
+#include <QCheckBox>
+#include <QFormLayout>
+#include <QGuiApplication>
+#include <QPushButton>
+
+namespace panewright {
+
+EditShortcutWidget::EditShortcutWidget(EditShortcutViewController& controller,
+                                       const NativeKeyCodes& keyCodes, OwnWindows& ownWindows)
+    : ShortcutPopoverWidget(controller, keyCodes, ownWindows, tr("Edit Window State")) {
+    context_ = new QLabel;
+    updateWindowState_ = new QCheckBox(tr("&Replace its frame by the current window's"));
+    updateWindowState_->setToolTip(
+        tr("The frame that the window in front had when this was opened."));
+    parts().form().addRow(QString(), context_);
+    parts().form().addRow(QString(), updateWindowState_);
+    addDeletion(controller);
+    parts().addButton(tr("&Cancel"), [&controller] { controller.cancel(); });
+    parts().addButton(tr("&Save"), [&controller] { controller.save(); }).setDefault(true);
+}
+
+void EditShortcutWidget::addDeletion(EditShortcutViewController& controller) {
+    auto& button = parts().addButtonAtLeft(tr("&Delete"), [&controller] {
+        controller.deleteWindowState(modifierFlagsOf(QGuiApplication::keyboardModifiers()));
+    });
+    button.setToolTip(tr("Asks first, unless Shift is held."));
+}
+
+void EditShortcutWidget::setContext(const std::string& text) {
+    showElided(*context_, text, kPopoverFieldWidth);
+    parts().window().contentChanged();
+}
+
+bool EditShortcutWidget::updateWindowState() const {
+    return updateWindowState_->isChecked();
+}
+
+} // namespace panewright
