@@ -19,16 +19,20 @@ EditShortcutWidget::EditShortcutWidget(EditShortcutViewController& controller,
         tr("The frame that the window in front had when this was opened."));
     parts().form().addRow(QString(), context_);
     parts().form().addRow(QString(), updateWindowState_);
-    addDeletion(controller);
     parts().addButton(tr("&Cancel"), [&controller] { controller.cancel(); });
     parts().addButton(tr("&Save"), [&controller] { controller.save(); }).setDefault(true);
+    addDeletion(controller);
 }
 
+/// Space presses a button when it is let go, and Shift may be let go before.
 void EditShortcutWidget::addDeletion(EditShortcutViewController& controller) {
-    auto& button = parts().addButtonAtLeft(tr("&Delete"), [&controller] {
-        controller.deleteWindowState(modifierFlagsOf(QGuiApplication::keyboardModifiers()));
+    auto& button = parts().addButtonAtLeft(tr("&Delete"), [this, &controller] {
+        controller.deleteWindowState(
+            modifierFlagsOf(heldAtPress_ | QGuiApplication::keyboardModifiers()));
     });
     button.setToolTip(tr("Asks first, unless Shift is held."));
+    QObject::connect(&button, &QPushButton::pressed,
+                     [this] { heldAtPress_ = QGuiApplication::keyboardModifiers(); });
 }
 
 void EditShortcutWidget::setContext(const std::string& text) {

@@ -26,6 +26,9 @@ private:
     // Owned by the window.
     QLabel* context_ = nullptr;
     QCheckBox* updateWindowState_ = nullptr;
+
+    /// When the button that deletes was pressed.
+    Qt::KeyboardModifiers heldAtPress_;
 };
 
 } // namespace panewright
