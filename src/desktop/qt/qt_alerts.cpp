@@ -6,6 +6,7 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QWindow>
 
 #include <utility>
 
@@ -48,6 +49,52 @@ int responseOf(const QMessageBox& box) {
     return kAlertFirstButtonReturn + static_cast<int>(buttons.size()) - 1;
 }
 
+/// Keeps what the user does from a window while a question about it is open, which gets the
+/// keyboard instead.
+///
+/// The toolkit's modality would leave the keyboard with the window after a click, where nothing
+/// hears it: it asks for the keyboard as any program does, which a window manager need not grant.
+class Blocking : public QObject {
+public:
+    Blocking(QMessageBox& question, QWindow& blocked, OwnWindows& ownWindows)
+        : QObject(&question), question_(question), ownWindows_(ownWindows) {
+        blocked.installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (!question_.isVisible()) {
+            return false;
+        }
+        switch (event->type()) {
+        case QEvent::FocusIn:
+            ownWindows_.makeKey(question_.winId());
+            return false;
+        case QEvent::Close:
+            event->ignore();
+            return true;
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::Wheel:
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::TabletPress:
+        case QEvent::TabletRelease:
+            return true;
+        default:
+            return false;
+        }
+    }
+
+private:
+    QMessageBox& question_;
+    OwnWindows& ownWindows_;
+};
+
 QMessageBox* makeBox(const Alert& alert, QWidget* blocked) {
     auto* box = new QMessageBox(blocked);
     box->setIcon(iconFor(alert.style));
@@ -55,8 +102,9 @@ QMessageBox* makeBox(const Alert& alert, QWidget* blocked) {
     box->setWindowIcon(programIcon());
     box->setTextFormat(Qt::PlainText);
     box->setText(QString::fromStdString(alert.messageText));
-    box->setWindowModality(blocked ? Qt::WindowModal : Qt::NonModal);
-    box->setWindowFlag(Qt::WindowStaysOnTopHint);
+    box->setWindowModality(Qt::NonModal);
+    box->setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                        Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint);
     addButtons(*box, alert.buttons);
     return box;
 }
@@ -76,6 +124,7 @@ Registration QtAlerts::ask(const Alert& alert, Answered answered) {
                          answered(response);
                      });
     if (blocked) {
+        new Blocking(*box, *blocked->windowHandle(), ownWindows_); // owned by the box
         ownWindows_.keepOutOfTaskBars(box->winId());
     }
     box->show();

@@ -88,7 +88,9 @@ std::string ShortcutPopoverParts::windowStateName() const {
 
 void ShortcutPopoverParts::setWindowStateName(const std::string& name) {
     name_->setText(QString::fromStdString(name));
-    name_->selectAll();
+    // All of it, beginning with what is read first.
+    const auto length = static_cast<int>(name_->text().length());
+    name_->setSelection(length, -length);
 }
 
 void ShortcutPopoverParts::focusWindowStateName() {
