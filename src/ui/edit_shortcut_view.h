@@ -14,6 +14,8 @@ public:
 
     /// The check box that has the frame replaced. Nobody but the user changes it.
     virtual bool updateWindowState() const = 0;
+    /// Off for a state whose saved frame is never used.
+    virtual void setUpdateWindowStateEnabled(bool enabled) = 0;
 };
 
 } // namespace panewright

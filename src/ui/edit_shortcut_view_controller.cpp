@@ -43,6 +43,7 @@ void EditShortcutViewController::setWindowState(const std::shared_ptr<WindowStat
     keepWindowState(state);
     view_->setWindowStateName(state ? state->windowStateName().value_or("") : "");
     view_->setContext(state ? contextOf(state) : "");
+    view_->setUpdateWindowStateEnabled(state && !state->isDefault()); // which follows the display
     if (state && state->keyEvent()) {
         recorder.setKeyCode(static_cast<std::int64_t>(state->keyEvent()->keyCode()),
                             state->keyEvent()->modifierFlags());

@@ -15,7 +15,7 @@ constexpr const char* kEditorId = "org.example.Editor";
 constexpr const char* kTerminalId = "org.example.Terminal";
 constexpr Rect kFrame{100, 50, 800, 600}, kSaved{1, 2, 300, 200}, kDisplay{0, 0, 1600, 900};
 constexpr std::uint64_t kOption = 0x80000, kShift = 0x20000;
-constexpr std::uint16_t kJ = 38, kK = 40, k1 = 18, kSpace = 49, kEscape = 53;
+constexpr std::uint16_t kJ = 38, kK = 40, kU = 32, k1 = 18, kSpace = 49, kEscape = 53;
 
 /// The program with a terminal's and an editor's window, the latter in front, and a state of the
 /// editor on Option-K, which is being edited.
@@ -191,6 +191,8 @@ TEST_F(EditPopoverTest, SaysWhereTheStateAppliesAndWhoElseOfOursHasItsShortcutTh
     program_.addState("Global", true, kEditorId, kJ, kSaved);
     program_.addState("Theirs", false, kTerminalId, kJ, kSaved);
     program_.addState("Large", false, kEditorId, 19, kSaved);
+    Model::instance().setMoveToNextWindowKeyEvent(
+        CarbonKeyEvent::carbonEventWithKeyCode(kK, kOption));
     const struct {
         const char* state;
         const char* context;
@@ -198,7 +200,8 @@ TEST_F(EditPopoverTest, SaysWhereTheStateAppliesAndWhoElseOfOursHasItsShortcutTh
         const char* remark;
     } cases[] = {
         {"Mine", "Only active for org.example.Editor", kJ, "Also used by “Global”."},
-        {"Mine", "Only active for org.example.Editor", kK, ""},
+        {"Mine", "Only active for org.example.Editor", kK, "Also used by “Move to Next Display”."},
+        {"Mine", "Only active for org.example.Editor", kU, ""},
         {"Global", "Active for all applications", kJ, "Also used by “Mine”, “Theirs”."},
         {"Full Screen", "Built in, active for all applications", 19,
          "Also used by “Centered Large”, “Large”."},
@@ -208,6 +211,7 @@ TEST_F(EditPopoverTest, SaysWhereTheStateAppliesAndWhoElseOfOursHasItsShortcutTh
         mine_->setKeyEvent(CarbonKeyEvent::carbonEventWithKeyCode(kJ, kOption));
         edit(each.state);
         EXPECT_EQ(view().context, each.context);
+        EXPECT_EQ(view().updateEnabled, each.state != std::string("Full Screen"));
         record(each.recorded);
         EXPECT_EQ(view().remark, each.remark);
         popover().cancel();

@@ -112,9 +112,11 @@ public:
 
     void setContext(const std::string& text) override { context = text; }
     bool updateWindowState() const override { return updates; }
+    void setUpdateWindowStateEnabled(bool enabled) override { updateEnabled = enabled; }
 
     std::string context;
     bool updates = false;
+    bool updateEnabled = true;
 };
 
 /// The settings window's controls, which a test fills in and reads.

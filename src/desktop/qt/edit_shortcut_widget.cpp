@@ -15,8 +15,6 @@ EditShortcutWidget::EditShortcutWidget(EditShortcutViewController& controller,
     : ShortcutPopoverWidget(controller, keyCodes, ownWindows, tr("Edit Window State")) {
     context_ = new QLabel;
     updateWindowState_ = new QCheckBox(tr("&Replace its frame by the current window's"));
-    updateWindowState_->setToolTip(
-        tr("The frame that the window in front had when this was opened."));
     parts().form().addRow(QString(), context_);
     parts().form().addRow(QString(), updateWindowState_);
     parts().addButton(tr("&Cancel"), [&controller] { controller.cancel(); });
@@ -42,6 +40,13 @@ void EditShortcutWidget::setContext(const std::string& text) {
 
 bool EditShortcutWidget::updateWindowState() const {
     return updateWindowState_->isChecked();
+}
+
+void EditShortcutWidget::setUpdateWindowStateEnabled(bool enabled) {
+    updateWindowState_->setEnabled(enabled);
+    updateWindowState_->setToolTip(
+        enabled ? tr("The frame that the window in front had when this was opened.")
+                : tr("The frame of a built-in state follows from the display."));
 }
 
 } // namespace panewright

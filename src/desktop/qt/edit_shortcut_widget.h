@@ -19,6 +19,7 @@ public:
 
     void setContext(const std::string& text) override;
     bool updateWindowState() const override;
+    void setUpdateWindowStateEnabled(bool enabled) override;
 
 private:
     void addDeletion(EditShortcutViewController& controller);
