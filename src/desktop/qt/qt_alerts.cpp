@@ -25,8 +25,10 @@ QMessageBox::Icon iconFor(AlertStyle style) {
     return QMessageBox::NoIcon;
 }
 
-/// The first button is Return's, the last one Escape's and that of the window's closing.
-void addButtons(QMessageBox& box, const std::vector<std::string>& titles) {
+/// In the order of their titles. The first button is Return's, the last one Escape's and that of
+/// the window's closing.
+QList<QAbstractButton*> addButtons(QMessageBox& box, const std::vector<std::string>& titles) {
+    QList<QAbstractButton*> buttons;
     for (std::size_t i = 0; i < titles.size(); ++i) {
         const auto role = i == 0                   ? QMessageBox::AcceptRole
                           : i + 1 == titles.size() ? QMessageBox::RejectRole
@@ -36,17 +38,9 @@ void addButtons(QMessageBox& box, const std::vector<std::string>& titles) {
             box.setDefaultButton(button);
         }
         box.setEscapeButton(button);
+        buttons.append(button);
     }
-}
-
-int responseOf(const QMessageBox& box) {
-    const auto buttons = box.buttons();
-    for (int i = 0; i < buttons.size(); ++i) {
-        if (buttons[i] == box.clickedButton()) {
-            return kAlertFirstButtonReturn + i;
-        }
-    }
-    return kAlertFirstButtonReturn + static_cast<int>(buttons.size()) - 1;
+    return buttons;
 }
 
 /// Keeps what the user does from a window while a question about it is open, which gets the
@@ -105,7 +99,6 @@ QMessageBox* makeBox(const Alert& alert, QWidget* blocked) {
     box->setWindowModality(Qt::NonModal);
     box->setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                         Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint);
-    addButtons(*box, alert.buttons);
     return box;
 }
 
@@ -114,14 +107,16 @@ QMessageBox* makeBox(const Alert& alert, QWidget* blocked) {
 Registration QtAlerts::ask(const Alert& alert, Answered answered) {
     QPointer<QWidget> blocked = QApplication::activeWindow();
     QPointer<QMessageBox> box = makeBox(alert, blocked);
+    const auto buttons = addButtons(*box, alert.buttons);
     QObject::connect(box, &QMessageBox::finished, box,
-                     [this, box, blocked, answered = std::move(answered)] {
-                         const int response = responseOf(*box);
+                     [this, box, buttons, blocked, answered = std::move(answered)] {
+                         auto* const clicked = box->clickedButton();
+                         const auto pressed = buttons.indexOf(clicked ? clicked : buttons.last());
                          box->deleteLater();
                          if (blocked && blocked->isVisible()) {
                              ownWindows_.makeKey(blocked->winId());
                          }
-                         answered(response);
+                         answered(kAlertFirstButtonReturn + static_cast<int>(pressed));
                      });
     if (blocked) {
         new Blocking(*box, *blocked->windowHandle(), ownWindows_); // owned by the box
