@@ -130,7 +130,7 @@ void EditShortcutViewController::questionAnswered(int response) {
 
 /// Lets go of the state before: one that leaves the store by other hands closes the popover.
 std::shared_ptr<WindowState> EditShortcutViewController::removeFromStore() {
-    const auto state = windowState();
+    auto state = windowState();
     keepWindowState(nullptr);
     editing_.removeWindowState(state);
     editing_.finishEditingWindowState();

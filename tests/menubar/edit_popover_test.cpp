@@ -49,13 +49,14 @@ protected:
     /// What has happened since the last call: the events, as "name shortcut state's name".
     std::vector<std::string> takeEvents() {
         std::vector<std::string> events;
-        for (auto& [name, attributes] : std::exchange(desktop_.analytics.events, {})) {
-            const auto text = [&attributes](const char* key) {
-                const auto found = attributes.find(key);
-                return found == attributes.end() ? "" : ' ' + std::get<std::string>(found->second);
+        for (const auto& event : std::exchange(desktop_.analytics.events, {})) {
+            const auto text = [&](const char* key) {
+                const auto found = event.attributes.find(key);
+                return found == event.attributes.end() ? ""
+                                                       : ' ' + std::get<std::string>(found->second);
             };
-            if (name != "OpenMenu") {
-                events.push_back(name + text("KeyboardShortcut") + text("WindowStateName"));
+            if (event.name != "OpenMenu") {
+                events.push_back(event.name + text("KeyboardShortcut") + text("WindowStateName"));
             }
         }
         return events;
