@@ -21,6 +21,7 @@
 #include "desktop/linux/termination_signals.h"
 #include "desktop/qt/key_events.h"
 #include "desktop/qt/native_geometry.h"
+#include "desktop/qt/qt_alerts.h"
 #include "desktop/qt/qt_application_icons.h"
 #include "desktop/qt/qt_images.h"
 #include "desktop/qt/qt_main_loop.h"
@@ -86,12 +87,13 @@ struct Adapters {
              const ProgramInformation& program)
         : sounds(desktop.beeper), application(bus, program.bundleIdentifier()), notifierHosts(bus),
           colourScheme(bus), colours(colourScheme), icons(desktop.icons, mainLoop),
-          statusItem({notifierHosts, desktop.tray}, desktop.brightness, desktop.displays,
-                     desktop.workAreas),
+          alerts(desktop.ownWindows), statusItem({notifierHosts, desktop.tray}, desktop.brightness,
+                                                 desktop.displays, desktop.workAreas),
           menuView(desktop.nativeKeyCodes), views(desktop.nativeKeyCodes, desktop.ownWindows) {}
 
     Ports portsOf(X11Desktop& desktop, MainLoop& mainLoop, const Process& process) {
         return {.accessibility = desktop.accessibility,
+                .alerts = alerts,
                 .analytics = analytics,
                 .applicationIcons = icons,
                 .backgroundWork = backgroundWork,
@@ -127,6 +129,7 @@ struct Adapters {
     PortalColourScheme colourScheme;
     ThemeColours colours;
     QtApplicationIcons icons;
+    QtAlerts alerts;
     QtImages images;
     QtStatusItem statusItem;
     ExportedMenu exportedMenu{heldModifierFlags};

@@ -11,16 +11,16 @@ HotKeyChange hotKeyChangeAt(HotKeyOccasion occasion, bool isSavePopoverShown) {
     case HotKeyOccasion::kActivation:
     case HotKeyOccasion::kPermission:
         return isSavePopoverShown ? HotKeyChange::kLeave : HotKeyChange::kInstall;
-    case HotKeyOccasion::kSavingBegun:
+    case HotKeyOccasion::kPopoverOpened:
         return HotKeyChange::kRelease;
-    case HotKeyOccasion::kSavingAbandoned:
+    case HotKeyOccasion::kPopoverAbandoned:
         return HotKeyChange::kLeave;
     case HotKeyOccasion::kStart:
     case HotKeyOccasion::kMenuOpened:
     case HotKeyOccasion::kStateRemoved:
     case HotKeyOccasion::kStatesRestored:
     case HotKeyOccasion::kSettingsChanged:
-    case HotKeyOccasion::kSavingFinished:
+    case HotKeyOccasion::kPopoverFinished:
         return HotKeyChange::kInstall;
     }
     return HotKeyChange::kLeave;

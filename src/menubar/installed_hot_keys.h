@@ -21,16 +21,18 @@ enum class HotKeyOccasion {
     kStateRemoved,
     kStatesRestored,
     kSettingsChanged,
-    kSavingBegun,
-    kSavingFinished,  // by saving or cancelling
-    kSavingAbandoned, // by Escape, or the window manager
+    // Of the popovers for a state:
+    kPopoverOpened,
+    kPopoverFinished,  // by saving, cancelling or deleting
+    kPopoverAbandoned, // by Escape, or the window manager
 };
 
 enum class HotKeyChange { kInstall, kRelease, kLeave };
 
-/// What is to be done then. The save popover has them released, so that each can be recorded, and
-/// another program that becomes active meanwhile leaves them so; after Escape they come back with
-/// the next occasion.
+/// What is to be done then. No hot key is installed when a popover opens, so that each can be
+/// recorded. Another program that becomes active leaves that so only while the save popover is
+/// shown, which then works for that program. After Escape the hot keys come back with the next
+/// occasion.
 HotKeyChange hotKeyChangeAt(HotKeyOccasion occasion, bool isSavePopoverShown);
 
 /// Installs the hot keys that apply while the application is frontmost, in place of all that are

@@ -10,11 +10,13 @@ void PopoverPresenter::bringForward(Popover& popover) const {
     popover.makeKeyAndOrderFront();
 }
 
-void PopoverPresenter::close(Popover* popover) const {
+void PopoverPresenter::close(Popover* popover, KeyboardGoes where) const {
     if (popover) {
         popover->close();
     }
-    workspace_.hideThisApplication();
+    if (where == KeyboardGoes::kBackToItsProgram) {
+        workspace_.hideThisApplication();
+    }
 }
 
 } // namespace panewright

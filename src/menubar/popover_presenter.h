@@ -9,6 +9,9 @@
 
 namespace panewright {
 
+/// Who gets the keyboard when a popover closes.
+enum class KeyboardGoes { kBackToItsProgram, kToTheNextPopover };
+
 /// How a popover of the status item comes and goes: the same for each. Main thread only.
 class PopoverPresenter {
 public:
@@ -20,8 +23,9 @@ public:
     /// Shows it at the anchor with the keyboard in it, also one that is open already.
     void bringForward(Popover& popover) const;
 
-    /// Closes it (null: nothing) and gives the keyboard back to the program that had it.
-    void close(Popover* popover) const;
+    /// Closes it (null: nothing). The keyboard goes back to the program that had it, unless another
+    /// popover opens in its place.
+    void close(Popover* popover, KeyboardGoes where) const;
 
 private:
     Workspace& workspace_;

@@ -45,8 +45,4 @@ std::shared_ptr<WindowState> SavePopover::newPendingState() const {
     return state;
 }
 
-void SavePopover::close() {
-    presenter_.close(controller_->popover());
-}
-
 } // namespace panewright

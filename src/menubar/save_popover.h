@@ -23,8 +23,9 @@ public:
     void open();
     /// Takes the tracked window as it is now for a fresh pending state.
     void update();
-    /// Gives the keyboard back too.
-    void close();
+    /// As the user does with the button.
+    void cancel() { controller_->cancel(); }
+    void close(KeyboardGoes where) { presenter_.close(controller_->popover(), where); }
 
 private:
     std::shared_ptr<WindowState> newPendingState() const;

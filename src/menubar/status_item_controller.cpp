@@ -98,6 +98,7 @@ void StatusItemController::awakeFromNib() {
     setupCarbonEventManager();
     setupNotifications();
     setupSavePopover();
+    setupEditPopover();
     setupMenuItems();
 }
 
@@ -147,16 +148,29 @@ void StatusItemController::setupNotifications() {
         ports_.workspace.onApplicationActivated([this] { workspaceDidActiveApplication(); });
     permission_ = ports_.accessibility.onTrusted([this] { permissionGiven(); });
     tracking_->setWindowChangedHandler([this] { updateSaveShortcutViewControllerIfOpen(); });
+    removedStates_ = model_->onStatesRemoved([this] { editPopover_->closeWithoutState(); });
 }
 
 void StatusItemController::setupSavePopover() {
-    savePopover_.emplace(
-        ports_.applicationIcons,
-        PopoverPresenter(ports_.workspace, ports_.program, [this] { return anchor(); }),
-        SaveShortcutViewController::Services{ports_.beeper, ports_.hotKeys, ports_.mainLoop,
-                                             ports_.text, shortcutText_, usage_, views_.factory,
-                                             *this},
-        *tracking_);
+    savePopover_.emplace(ports_.applicationIcons, popoverPresenter(),
+                         SaveShortcutViewController::Services{popoverServices(), ports_.mainLoop,
+                                                              views_.factory, *this},
+                         *tracking_);
+}
+
+void StatusItemController::setupEditPopover() {
+    editPopover_.emplace(popoverPresenter(),
+                         EditShortcutViewController::Services{popoverServices(), ports_.alerts,
+                                                              views_.factory, *this},
+                         *model_, *tracking_);
+}
+
+PopoverPresenter StatusItemController::popoverPresenter() {
+    return {ports_.workspace, ports_.program, [this] { return anchor(); }};
+}
+
+ShortcutPopoverController::Services StatusItemController::popoverServices() {
+    return {ports_.beeper, ports_.hotKeys, *model_, ports_.text, shortcutText_, usage_};
 }
 
 void StatusItemController::setupMenuItems() {
@@ -276,8 +290,35 @@ void StatusItemController::removeWindowState(const std::shared_ptr<WindowState>&
     updateHotKeys(HotKeyOccasion::kStateRemoved);
 }
 
-void StatusItemController::editWindowState(const std::shared_ptr<WindowState>& /*state*/) {
-    ports_.beeper.beep();
+template <class OpenPopover>
+void StatusItemController::cancelForAnother(OpenPopover& popover) {
+    if (popover.isShown()) {
+        keyboardGoes_ = KeyboardGoes::kToTheNextPopover;
+        popover.cancel();
+        keyboardGoes_ = KeyboardGoes::kBackToItsProgram;
+    }
+}
+
+void StatusItemController::editWindowState(const std::shared_ptr<WindowState>& state) {
+    if (!model_->keyOfWindowState(state)) {
+        ports_.beeper.beep();
+        return;
+    }
+    cancelForAnother(*savePopover_);
+    usage_.trackEvent(kEditWindowStateEvent, state->attributesForTracking(shortcutText_));
+    updateHotKeys(HotKeyOccasion::kPopoverOpened);
+    editPopover_->open(state);
+}
+
+void StatusItemController::finishEditingWindowState() {
+    model_->save();
+    updateHotKeys(HotKeyOccasion::kPopoverFinished);
+    editPopover_->close(keyboardGoes_);
+}
+
+void StatusItemController::abandonEditingWindowState() {
+    updateHotKeys(HotKeyOccasion::kPopoverAbandoned);
+    editPopover_->close(keyboardGoes_);
 }
 
 void StatusItemController::saveWindowPosition() {
@@ -285,7 +326,8 @@ void StatusItemController::saveWindowPosition() {
         ports_.beeper.beep();
         return;
     }
-    updateHotKeys(HotKeyOccasion::kSavingBegun);
+    cancelForAnother(*editPopover_);
+    updateHotKeys(HotKeyOccasion::kPopoverOpened);
     tracking_->updateApplicationTracking();
     savePopover_->open();
 }
@@ -298,13 +340,13 @@ void StatusItemController::updateSaveShortcutViewControllerIfOpen() {
 
 void StatusItemController::finishSavingWindowState() {
     model_->save();
-    updateHotKeys(HotKeyOccasion::kSavingFinished);
-    savePopover_->close();
+    updateHotKeys(HotKeyOccasion::kPopoverFinished);
+    savePopover_->close(keyboardGoes_);
 }
 
 void StatusItemController::abandonSavingWindowState() {
-    updateHotKeys(HotKeyOccasion::kSavingAbandoned);
-    savePopover_->close();
+    updateHotKeys(HotKeyOccasion::kPopoverAbandoned);
+    savePopover_->close(keyboardGoes_);
 }
 
 void StatusItemController::restoreWindowStates() {

@@ -2,6 +2,7 @@
 
 #include "menubar/active_window_placer.h"
 #include "menubar/application_actions.h"
+#include "menubar/edit_popover.h"
 #include "menubar/focus_tracking.h"
 #include "menubar/installed_hot_keys.h"
 #include "menubar/menu_view.h"
@@ -13,6 +14,7 @@
 #include "platform/status_item.h"
 #include "services/launch_agent_startup_item.h"
 #include "ui/hot_key_refresh.h"
+#include "ui/window_state_editing.h"
 #include "ui/window_state_saving.h"
 
 #include <memory>
@@ -31,6 +33,7 @@ class WindowState;
 /// only.
 class StatusItemController : public WindowStateApplier,
                              public WindowStateSaving,
+                             public WindowStateEditing,
                              public HotKeyRefresh,
                              public std::enable_shared_from_this<StatusItemController> {
 public:
@@ -68,16 +71,18 @@ public:
     /// Only adds: the caller saves and refreshes the hot keys.
     void addWindowState(const std::shared_ptr<WindowState>& state) override;
 
-    /// Beeps: a state cannot be edited yet.
+    /// Opens the edit popover for it; beeps for a state that is not in the store.
     void editWindowState(const std::shared_ptr<WindowState>& state);
 
     /// Removes and saves, and gives the hot key that the state overrode back to its owner. Null
     /// removes nothing.
-    void removeWindowState(const std::shared_ptr<WindowState>& state);
+    void removeWindowState(const std::shared_ptr<WindowState>& state) override;
 
     void saveWindowPosition() override;
     void finishSavingWindowState() override;
     void abandonSavingWindowState() override;
+    void finishEditingWindowState() override;
+    void abandonEditingWindowState() override;
 
     // Actions that concern the whole program and are passed on to it.
     /// Installs the hot keys of the built-in states too.
@@ -100,6 +105,7 @@ private:
     void setupCarbonEventManager();
     void setupNotifications();
     void setupSavePopover();
+    void setupEditPopover();
     void setupMenuItems();
     void showStatusItem();
     void lookForStatusItemLater();
@@ -110,6 +116,11 @@ private:
     void workspaceDidActiveApplication();
     void permissionGiven();
     void updateHotKeys(HotKeyOccasion occasion);
+    /// Cancels it, if it is open, without giving the keyboard away before the other one is there.
+    template <class OpenPopover>
+    void cancelForAnother(OpenPopover& popover);
+    PopoverPresenter popoverPresenter();
+    ShortcutPopoverController::Services popoverServices();
     /// Takes the tracked window as it is now into an open save popover.
     void updateSaveShortcutViewControllerIfOpen();
     PopoverAnchor anchor() const;
@@ -125,6 +136,9 @@ private:
     Model* model_ = nullptr;
     std::optional<StatusMenu> menu_;
     std::optional<SavePopover> savePopover_;
+    std::optional<EditPopover> editPopover_;
+    /// When a popover closes.
+    KeyboardGoes keyboardGoes_ = KeyboardGoes::kBackToItsProgram;
     std::optional<LaunchAgentStartupItem> startupItem_;
     /// Null while none is set.
     std::shared_ptr<CarbonKeyEvent> moveToNextDisplayKey_;
@@ -132,6 +146,7 @@ private:
     Registration activations_;
     Registration permission_;
     Registration exportedMenu_;
+    Registration removedStates_;
     Registration statusItemChanges_;
     Registration lookForStatusItem_;
 };

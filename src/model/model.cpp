@@ -58,13 +58,17 @@ void Model::loadWindowStates() {
     }
 }
 
+void Model::setWindowStates(std::optional<WindowStates> states) {
+    windowStates_ = std::move(states);
+    removals_.notify();
+}
+
 void Model::save() {
     if (!windowStates_) {
         return;
     }
     for (auto entry = windowStates_->begin(); entry != windowStates_->end();) {
-        const bool isKept =
-            entry->first == kDefaultsKey || entry->first == kGlobalsKey || !entry->second->empty();
+        const bool isKept = appliesEverywhere(entry->first) || !entry->second->empty();
         entry = isKept ? std::next(entry) : windowStates_->erase(entry);
     }
     writer_.write(snapshotOf(*windowStates_));
@@ -76,6 +80,7 @@ void Model::restoreDefaultWindowStates() {
             std::string(kDefaultsKey),
             std::make_shared<WindowStateArray>(makeDefaultWindowStates()));
         save();
+        removals_.notify();
     }
 }
 
@@ -92,18 +97,23 @@ void Model::addWindowState(const std::shared_ptr<WindowState>& state) {
 }
 
 void Model::removeWindowState(const std::shared_ptr<WindowState>& state) {
-    if (windowStates_) {
-        std::shared_ptr<WindowStateArray> holder;
-        for (const auto& [key, array] : *windowStates_) {
-            if (std::find(array->begin(), array->end(), state) != array->end()) {
-                holder = array;
-            }
-        }
-        if (holder) {
-            holder->erase(std::remove(holder->begin(), holder->end(), state), holder->end());
-        }
+    if (const auto key = keyOfWindowState(state)) {
+        auto& holder = *arrayFor(*key);
+        holder.erase(std::remove(holder.begin(), holder.end(), state), holder.end());
     }
     save();
+    removals_.notify();
+}
+
+std::optional<std::string>
+Model::keyOfWindowState(const std::shared_ptr<WindowState>& state) const {
+    std::optional<std::string> holder;
+    for (const auto& [key, array] : windowStates_.value_or(WindowStates())) {
+        if (std::find(array->begin(), array->end(), state) != array->end()) {
+            holder = key;
+        }
+    }
+    return holder;
 }
 
 std::shared_ptr<CarbonKeyEvent> Model::moveToNextWindowKeyEvent() const {

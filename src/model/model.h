@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/observer_list.h"
 #include "base/shared_instance.h"
 #include "model/store_file.h"
 #include "model/store_writer.h"
@@ -20,6 +21,11 @@ class StoreLock;
 // The keys of the dictionary that are no bundle identifiers.
 inline constexpr std::string_view kDefaultsKey = "defaults";
 inline constexpr std::string_view kGlobalsKey = "globals";
+
+/// Whether the states under that key of the dictionary apply to every application.
+inline bool appliesEverywhere(std::string_view key) {
+    return key == kDefaultsKey || key == kGlobalsKey;
+}
 
 /// The single store of all window states. Main thread only.
 class Model {
@@ -46,7 +52,7 @@ public:
 
     /// Replaces everything; nothing is saved yet. A save after that sets a file that could not be
     /// read aside.
-    void setWindowStates(std::optional<WindowStates> states) { windowStates_ = std::move(states); }
+    void setWindowStates(std::optional<WindowStates> states);
 
     void loadWindowStates();
 
@@ -64,6 +70,14 @@ public:
     /// Removes that very object and saves, also when it was not there. Its hot key stays
     /// registered.
     void removeWindowState(const std::shared_ptr<WindowState>& state);
+
+    /// The key of the array that holds that very object; nil when none does.
+    std::optional<std::string> keyOfWindowState(const std::shared_ptr<WindowState>& state) const;
+
+    /// Calls back after states have been removed or replaced.
+    Registration onStatesRemoved(std::function<void()> callback) {
+        return removals_.add(std::move(callback));
+    }
 
     /// The dictionary is a copy, the arrays are the live ones.
     std::optional<WindowStates> allWindowStates() const { return windowStates_; }
@@ -95,6 +109,7 @@ private:
     StoreFile file_;
     StoreWriter writer_;
     std::optional<WindowStates> windowStates_;
+    ObserverList<> removals_;
 };
 
 } // namespace panewright

@@ -3,6 +3,7 @@
 namespace panewright {
 
 class Accessibility;
+class Alerts;
 class Analytics;
 class ApplicationIcons;
 class BackgroundWork;
@@ -28,6 +29,7 @@ class Workspace;
 /// given it.
 struct Ports {
     Accessibility& accessibility;
+    Alerts& alerts;
     Analytics& analytics;
     ApplicationIcons& applicationIcons;
     const BackgroundWork& backgroundWork;

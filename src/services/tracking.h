@@ -22,8 +22,11 @@ private:
 // Names of the events.
 constexpr std::string_view kAllowShortcutToMoveDisplaysEvent = "AllowShortcutToMoveDisplays";
 constexpr std::string_view kApplyWindowStateEvent = "ApplyWindowState";
+constexpr std::string_view kCancelEditWindowStateEvent = "CancelEditWindowState";
 constexpr std::string_view kCancelSaveWindowStateEvent = "CancelSaveWindowState";
 constexpr std::string_view kCheckForUpdatesEvent = "CheckForUpdates";
+constexpr std::string_view kDeleteWindowStateEvent = "DeleteWindowState";
+constexpr std::string_view kEditWindowStateEvent = "EditWindowState";
 constexpr std::string_view kInstallStartupItemEvent = "InstallStartupItem";
 constexpr std::string_view kMoveToNextDisplayEvent = "MoveToNextDisplay";
 constexpr std::string_view kOpenFAQEvent = "OpenFAQ";
@@ -34,6 +37,7 @@ constexpr std::string_view kPreferencesWebsiteEvent = "PreferencesWebsite";
 constexpr std::string_view kRemoveStartupItemEvent = "RemoveStartupItem";
 constexpr std::string_view kRemoveWindowStateEvent = "RemoveWindowState";
 constexpr std::string_view kRestoreDefaultWindowStatesEvent = "RestoreDefaultWindowStates";
+constexpr std::string_view kSaveEditsToWindowStateEvent = "SaveEditsToWindowState";
 constexpr std::string_view kSaveWindowStateEvent = "SaveWindowState";
 constexpr std::string_view kShowSettingsEvent = "ShowSettings";
 

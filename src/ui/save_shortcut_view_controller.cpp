@@ -1,9 +1,7 @@
 #include "ui/save_shortcut_view_controller.h"
 
 #include "model/window_state.h"
-#include "shortcuts/virtual_key_codes.h"
 #include "ui/format_text.h"
-#include "ui/shortcut_remark.h"
 #include "ui/window_state_saving.h"
 
 namespace panewright {
@@ -22,25 +20,39 @@ SaveShortcutViewController::create(const Services& services) {
 }
 
 SaveShortcutViewController::SaveShortcutViewController(const Services& services)
-    : services_(services), recorder_(services.shortcutText, services.beeper) {
-    localizeLabels(recorder_, services_.text);
-}
+    : ShortcutPopoverController(services.shared), mainLoop_(services.mainLoop),
+      views_(services.views), saving_(services.saving) {}
 
 void SaveShortcutViewController::loadViewSafely() {
     if (!view_) {
-        view_ = services_.views.makeSaveShortcutView(*this);
+        view_ = views_.makeSaveShortcutView(*this);
         viewDidLoad();
     }
 }
 
-void SaveShortcutViewController::viewDidLoad() {
-    recorder_.setDelegate(weak_from_this());
-    recorder_.setRequiresModifierFlags(false);
+/// A fresh state of the same application leaves the remark as it is: asking who else holds a
+/// shortcut is too much for each step of a window that is dragged.
+void SaveShortcutViewController::setWindowState(std::shared_ptr<WindowState> state) {
+    const bool isOfAnother =
+        state && (!windowState() || windowState()->appBundleId() != state->appBundleId());
+    keepWindowState(std::move(state));
+    if (isOfAnother) {
+        updateShortcutRemark();
+    }
+}
+
+std::optional<std::string> SaveShortcutViewController::applicationOfShortcut() const {
+    return view_->forAllApplications() || !windowState() ? std::nullopt
+                                                         : windowState()->appBundleId();
+}
+
+void SaveShortcutViewController::abandon() {
+    saving_.abandonSavingWindowState();
 }
 
 void SaveShortcutViewController::setApplicationName(const std::string& name) {
     appName_ = name;
-    view_->setForAppOnlyTitle(textWith(services_.text.localized("Only active for %@"), name));
+    view_->setForAppOnlyTitle(textWith(services().text.localized("Only active for %@"), name));
     updateTooltips();
 }
 
@@ -61,14 +73,14 @@ void SaveShortcutViewController::setCanBeForAppOnly(bool can) {
 
 void SaveShortcutViewController::updateTooltips() {
     view_->setForAppOnlyToolTip(textWith(
-        services_.text.localized("The keyboard shortcut will only be active while %@ is active."),
+        services().text.localized("The keyboard shortcut will only be active while %@ is active."),
         appName_));
     view_->setForAllApplicationsToolTip(
-        services_.text.localized("The keyboard shortcut will be active for all applications."));
+        services().text.localized("The keyboard shortcut will be active for all applications."));
 }
 
 void SaveShortcutViewController::updateTooltipsSoon() {
-    tooltipTimer_ = services_.mainLoop.after(kTooltipDelay, [this] { updateTooltips(); });
+    tooltipTimer_ = mainLoop_.after(kTooltipDelay, [this] { updateTooltips(); });
 }
 
 void SaveShortcutViewController::reset() {
@@ -78,88 +90,50 @@ void SaveShortcutViewController::reset() {
     view_->setForAppOnlyEnabled(true);
     view_->setForAppOnly(true);
     view_->setForAllApplications(false);
-    recorder_.clear();
+    shortcutRecorder().clear();
     view_->setShortcutRemark("");
 }
 
 void SaveShortcutViewController::onActiveForAppOnly() {
     view_->setForAllApplications(false);
     updateTooltipsSoon();
+    updateShortcutRemark();
 }
 
 void SaveShortcutViewController::onActiveForAll() {
     view_->setForAppOnly(false);
     updateTooltipsSoon();
+    updateShortcutRemark();
 }
 
 void SaveShortcutViewController::onActiveContextChange() {
     updateTooltipsSoon();
 }
 
-bool SaveShortcutViewController::keyDown(const KeyEvent& event) {
-    if (recorder_.performKeyEquivalent(event)) {
-        return true;
-    }
-    if (event.keyCode == kEscapeKeyCode) {
-        services_.saving.abandonSavingWindowState();
-        return true;
-    }
-    return false;
-}
-
-void SaveShortcutViewController::closeRequested() {
-    recorder_.resignFirstResponder(); // which ends a recording
-    services_.saving.abandonSavingWindowState();
-}
-
 void SaveShortcutViewController::save() {
-    const auto name = view_->windowStateName();
-    if (services_.text.trimmedOfWhitespace(name).empty() || !windowState_) {
-        services_.beeper.beep();
+    const auto name = enteredName();
+    if (!name) {
         return;
     }
-    windowState_->setIsGlobal(view_->forAllApplications());
-    windowState_->setPrefersDisplay(view_->prefersDisplay());
-    windowState_->setWindowStateName(name);
-    services_.saving.addWindowState(windowState_);
-    services_.saving.finishSavingWindowState();
-    services_.tracking.trackEvent(kSaveWindowStateEvent,
-                                  windowState_->attributesForTracking(services_.shortcutText));
+    windowState()->setIsGlobal(view_->forAllApplications());
+    windowState()->setPrefersDisplay(view_->prefersDisplay());
+    windowState()->setWindowStateName(*name);
+    saving_.addWindowState(windowState());
+    saving_.finishSavingWindowState();
+    services().tracking.trackEvent(kSaveWindowStateEvent,
+                                   windowState()->attributesForTracking(services().shortcutText));
     drop();
 }
 
 void SaveShortcutViewController::cancel() {
-    services_.saving.finishSavingWindowState();
+    saving_.finishSavingWindowState();
     drop();
-    services_.tracking.trackEvent(kCancelSaveWindowStateEvent);
+    services().tracking.trackEvent(kCancelSaveWindowStateEvent);
 }
 
 void SaveShortcutViewController::drop() {
     view_->setWindowStateImage(nullptr);
-    windowState_ = nullptr;
-}
-
-void SaveShortcutViewController::shortcutRecorderSetFlags(QFShortcutRecorder& /*recorder*/,
-                                                          std::uint64_t flags,
-                                                          std::uint16_t andKeyCode) {
-    if (windowState_) {
-        windowState_->setKeyEvent(CarbonKeyEvent::carbonEventWithKeyCode(andKeyCode, flags));
-    }
-    view_->setShortcutRemark(shortcutRemark(services_.hotKeys, services_.text, andKeyCode, flags));
-}
-
-void SaveShortcutViewController::shortcutRecorderDidClearFlags(QFShortcutRecorder& /*recorder*/,
-                                                               std::uint64_t /*flags*/,
-                                                               std::uint16_t /*andKeyCode*/) {
-    if (windowState_) {
-        windowState_->setKeyEvent(nullptr);
-    }
-    view_->setShortcutRemark("");
-}
-
-void SaveShortcutViewController::shortcutRecorderRefusesKey(QFShortcutRecorder& /*recorder*/,
-                                                            bool refuses) {
-    view_->setShortcutRemark(refuses ? refusedKeyRemark(services_.text) : "");
+    keepWindowState(nullptr);
 }
 
 } // namespace panewright

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/edit_shortcut_view.h"
 #include "ui/save_shortcut_view.h"
 #include "ui/settings_view.h"
 
@@ -7,6 +8,7 @@
 
 namespace panewright {
 
+class EditShortcutViewController;
 class SaveShortcutViewController;
 class Settings;
 
@@ -15,6 +17,8 @@ class ViewFactory {
 public:
     virtual ~ViewFactory() = default;
 
+    virtual std::unique_ptr<EditShortcutView>
+    makeEditShortcutView(EditShortcutViewController& controller) = 0;
     virtual std::unique_ptr<SaveShortcutView>
     makeSaveShortcutView(SaveShortcutViewController& controller) = 0;
     virtual std::unique_ptr<SettingsView> makeSettingsView(Settings& controller) = 0;

@@ -168,6 +168,14 @@ TEST_F(SavePopoverTest, SaysWhatItKnowsAndHangsInTheCornerWhileNobodyKnowsWhereT
     EXPECT_EQ(view().remark, "This key cannot be a shortcut.");
     recorder.keyDown({38, 0});
     EXPECT_EQ(view().remark, "");
+    program_.addState("Theirs", false, "org.example.Terminal", kK, kFrame);
+    record(kK, 0x80000);
+    view().allApplications = true;
+    view().controller().onActiveForAll();
+    EXPECT_EQ(view().remark, "Another program uses this shortcut.\nAlso used by “Theirs”.");
+    view().allApplications = false;
+    view().controller().onActiveForAppOnly();
+    EXPECT_EQ(view().remark, "Another program uses this shortcut.");
     view().appOnlyToolTip.clear();
     view().controller().onActiveForAppOnly();
     desktop().mainLoop.advance(199ms);

@@ -189,7 +189,7 @@ TEST_F(StatusMenuTest, AppliesEditsAndDeletesByWhatIsHeldAtTheChoice) {
     EXPECT_FALSE(view().isOpen());
     open();
     EXPECT_TRUE(view().choose("Mine", kOption, "Editor"));
-    EXPECT_EQ(desktop_.beeper.beeps, 1);
+    EXPECT_EQ(desktop_.views.edit->controller().windowState(), state);
 
     const auto* menu = open();
     const auto inSubmenu = item("Mine", "Editor");

@@ -284,6 +284,43 @@ TEST_P(SavingInOnePanel, RecordsEveryKeyThatHasACode) {
     }
 }
 
+TEST_P(SavingInOnePanel, EditsAndDeletesAStateWithTheKeysAlone) {
+    const auto edit = [&](const std::string& name) {
+        openMenu(window_);
+        type(name);
+        press({"alt+Return"});
+        ASSERT_TRUE(eventually([&] { return isPopoverActive(); }));
+    };
+    const auto expectStored = [&](const std::string& text, const char* what) {
+        EXPECT_TRUE(eventually([&] { return window_.isActive(); })) << what;
+        EXPECT_THAT(store(), testing::HasSubstr(text)) << what;
+    };
+    openPopover(window_);
+    save(window_, "Before", "alt+9");
+    const auto saved = store();
+    edit("Before");
+    press({"Tab", "space", "alt+8", "Escape"});
+    expectStored(saved, "Escape writes nothing");
+    edit("Before");
+    type("After");
+    press({"Return"});
+    expectStored("\"After\"", "the new name");
+    expectStored("\"keyCode\": 28, \"modifierFlags\": 524288", "the shortcut of before Escape");
+    edit("After");
+    const auto popover = desktop_.x().activeWindow();
+    for (const char* answer : {"Escape", "Return"}) {
+        press({"alt+d"});
+        ASSERT_TRUE(eventually(
+            [&] { return isPopoverActive() && desktop_.x().activeWindow() != popover; }));
+        press({answer});
+        EXPECT_EQ(eventually([&] { return desktop_.x().activeWindow() == popover; },
+                             std::chrono::seconds(1)),
+                  answer == std::string("Escape"));
+    }
+    EXPECT_TRUE(eventually([&] { return window_.isActive(); }));
+    EXPECT_THAT(store(), testing::Not(testing::HasSubstr("\"After\"")));
+}
+
 INSTANTIATE_TEST_SUITE_P(Everywhere, SavingInOnePanel, testing::Values(kTint2),
                          [](const auto& suite) { return std::string(suite.param.windowManager); });
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/memory/memory_alerts.h"
 #include "desktop/memory/memory_application_icons.h"
 #include "desktop/memory/memory_displays.h"
 #include "desktop/memory/memory_hot_keys.h"
@@ -42,6 +43,7 @@ struct MemoryDesktop {
     MemoryViews views{windows, kOwnPid};
     MemoryTextServices text;
     MemoryUserDefaults userDefaults;
+    MemoryAlerts alerts;
     MemoryBeeper beeper;
     MemoryAnalytics analytics;
     MemorySounds sounds;
@@ -53,6 +55,7 @@ struct MemoryDesktop {
     /// All of it, with what has to do with files on the machine that the test runs on.
     Ports ports(const StandardFolders& folders, const LoginItemFormat& loginItems) {
         return {.accessibility = accessibility,
+                .alerts = alerts,
                 .analytics = analytics,
                 .applicationIcons = icons,
                 .backgroundWork = backgroundWork,

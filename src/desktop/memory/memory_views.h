@@ -2,6 +2,7 @@
 
 #include "desktop/memory/memory_windows.h"
 #include "shortcuts/qf_shortcut_recorder.h"
+#include "ui/edit_shortcut_view_controller.h"
 #include "ui/save_shortcut_view_controller.h"
 #include "ui/settings.h"
 #include "ui/view_factory.h"
@@ -39,27 +40,49 @@ private:
     std::optional<WindowId> window_;
 };
 
-/// The save popover's controls, which a test fills in and reads.
-class MemorySaveShortcutView : public SaveShortcutView, public QFShortcutRecorderView {
+/// What the popovers' controls share. A test fills them in and reads them.
+template <class View, class Controller>
+class MemoryShortcutPopoverView : public View, public QFShortcutRecorderView {
 public:
-    MemorySaveShortcutView(SaveShortcutViewController& controller, MemoryWindows& windows,
-                           ProcessId ownPid)
+    MemoryShortcutPopoverView(Controller& controller, MemoryWindows& windows, ProcessId ownPid)
         : controller_(controller), popover_(windows, ownPid) {
         controller_.shortcutRecorder().setView(this);
     }
-    ~MemorySaveShortcutView() override { controller_.shortcutRecorder().setView(nullptr); }
-    MemorySaveShortcutView(const MemorySaveShortcutView&) = delete;
-    MemorySaveShortcutView& operator=(const MemorySaveShortcutView&) = delete;
+    ~MemoryShortcutPopoverView() override { controller_.shortcutRecorder().setView(nullptr); }
+    MemoryShortcutPopoverView(const MemoryShortcutPopoverView&) = delete;
+    MemoryShortcutPopoverView& operator=(const MemoryShortcutPopoverView&) = delete;
 
-    SaveShortcutViewController& controller() { return controller_; }
+    Controller& controller() { return controller_; }
     MemoryPopover& popover() override { return popover_; }
-    void setApplicationImage(const ImagePtr& image) override { applicationImage = image; }
-    void setWindowStateImage(const ImagePtr& image) override { windowStateImage = image; }
     std::string windowStateName() const override { return name; }
     void setWindowStateName(const std::string& text) override { name = text; }
     void focusWindowStateName() override { recorderHasFocus = false; }
+    void setShortcutRemark(const std::string& text) override { remark = text; }
+
+    bool isFirstResponder() const override { return recorderHasFocus; }
+    void makeFirstResponder() override { recorderHasFocus = true; }
+    void setNeedsDisplay() override {}
+
+    std::string name;
+    std::string remark;
+    bool recorderHasFocus = false;
+
+private:
+    Controller& controller_;
+    MemoryPopover popover_;
+};
+
+/// The save popover's controls.
+class MemorySaveShortcutView
+    : public MemoryShortcutPopoverView<SaveShortcutView, SaveShortcutViewController> {
+public:
+    using MemoryShortcutPopoverView::MemoryShortcutPopoverView;
+
+    void setApplicationImage(const ImagePtr& image) override { applicationImage = image; }
+    void setWindowStateImage(const ImagePtr& image) override { windowStateImage = image; }
     bool forAppOnly() const override { return appOnly; }
     void setForAppOnly(bool on) override { appOnly = on; }
+    void setForAppOnlyEnabled(bool enabled) override { appOnlyEnabled = enabled; }
     void setForAppOnlyTitle(const std::string& title) override { appOnlyTitle = title; }
     void setForAppOnlyToolTip(const std::string& text) override { appOnlyToolTip = text; }
     bool forAllApplications() const override { return allApplications; }
@@ -69,16 +92,9 @@ public:
     }
     bool prefersDisplay() const override { return preferred; }
     void setPrefersDisplay(bool on) override { preferred = on; }
-    void setShortcutRemark(const std::string& text) override { remark = text; }
-    void setForAppOnlyEnabled(bool enabled) override { appOnlyEnabled = enabled; }
-
-    bool isFirstResponder() const override { return recorderHasFocus; }
-    void makeFirstResponder() override { recorderHasFocus = true; }
-    void setNeedsDisplay() override {}
 
     ImagePtr applicationImage;
     ImagePtr windowStateImage;
-    std::string name;
     bool appOnly = false;
     bool appOnlyEnabled = true;
     std::string appOnlyTitle;
@@ -86,12 +102,21 @@ public:
     bool allApplications = false;
     std::string allApplicationsToolTip;
     bool preferred = false;
-    std::string remark;
-    bool recorderHasFocus = false;
+};
 
-private:
-    SaveShortcutViewController& controller_;
-    MemoryPopover popover_;
+/// The edit popover's controls.
+class MemoryEditShortcutView
+    : public MemoryShortcutPopoverView<EditShortcutView, EditShortcutViewController> {
+public:
+    using MemoryShortcutPopoverView::MemoryShortcutPopoverView;
+
+    void setContext(const std::string& text) override { context = text; }
+    bool updateWindowState() const override { return updates; }
+    void setUpdateWindowStateEnabled(bool enabled) override { updateEnabled = enabled; }
+
+    std::string context;
+    bool updates = false;
+    bool updateEnabled = true;
 };
 
 /// The settings window's controls, which a test fills in and reads.
@@ -137,6 +162,12 @@ class MemoryViews : public ViewFactory {
 public:
     MemoryViews(MemoryWindows& windows, ProcessId ownPid) : windows_(windows), ownPid_(ownPid) {}
 
+    std::unique_ptr<EditShortcutView>
+    makeEditShortcutView(EditShortcutViewController& controller) override {
+        auto view = std::make_unique<MemoryEditShortcutView>(controller, windows_, ownPid_);
+        edit = view.get();
+        return view;
+    }
     std::unique_ptr<SaveShortcutView>
     makeSaveShortcutView(SaveShortcutViewController& controller) override {
         auto view = std::make_unique<MemorySaveShortcutView>(controller, windows_, ownPid_);
@@ -149,7 +180,8 @@ public:
         return view;
     }
 
-    /// Null until the popover was opened for the first time.
+    // Null until the popover was opened for the first time.
+    MemoryEditShortcutView* edit = nullptr;
     MemorySaveShortcutView* save = nullptr;
     /// Null until the window was opened for the first time.
     MemorySettingsView* settings = nullptr;

@@ -1,9 +1,15 @@
 #include "desktop/qt/qt_views.h"
 
+#include "desktop/qt/edit_shortcut_widget.h"
 #include "desktop/qt/save_shortcut_widget.h"
 #include "desktop/qt/settings_window.h"
 
 namespace panewright {
+
+std::unique_ptr<EditShortcutView>
+QtViews::makeEditShortcutView(EditShortcutViewController& controller) {
+    return std::make_unique<EditShortcutWidget>(controller, keyCodes_, ownWindows_);
+}
 
 std::unique_ptr<SaveShortcutView>
 QtViews::makeSaveShortcutView(SaveShortcutViewController& controller) {

@@ -12,6 +12,8 @@ public:
     QtViews(const NativeKeyCodes& keyCodes, OwnWindows& ownWindows)
         : keyCodes_(keyCodes), ownWindows_(ownWindows) {}
 
+    std::unique_ptr<EditShortcutView>
+    makeEditShortcutView(EditShortcutViewController& controller) override;
     std::unique_ptr<SaveShortcutView>
     makeSaveShortcutView(SaveShortcutViewController& controller) override;
     std::unique_ptr<SettingsView> makeSettingsView(Settings& controller) override;

@@ -1,12 +1,13 @@
 #pragma once
 
-#include <QLabel>
-
-#include <string>
+#include "desktop/qt/elided_text.h"
 
 namespace panewright {
 
-/// A line under a recorder that says what is wrong with the shortcut; hidden at first.
+// In Qt's units.
+constexpr int kRemarkWidth = 240;
+
+/// The lines under a recorder that say what is wrong with the shortcut; hidden at first.
 inline QLabel* makeShortcutRemarkLabel() {
     auto* label = new QLabel;
     auto palette = label->palette();
@@ -18,7 +19,7 @@ inline QLabel* makeShortcutRemarkLabel() {
 
 /// Empty hides it.
 inline void showRemark(QLabel& label, const std::string& text) {
-    label.setText(QString::fromStdString(text));
+    showElided(label, text, kRemarkWidth);
     label.setVisible(!text.empty());
 }
 

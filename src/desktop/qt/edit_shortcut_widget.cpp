@@ -1,0 +1,52 @@
+#include "desktop/qt/edit_shortcut_widget.h"
+
+#include "desktop/qt/elided_text.h"
+#include "desktop/qt/key_events.h"
+
+#include <QCheckBox>
+#include <QFormLayout>
+#include <QGuiApplication>
+#include <QPushButton>
+
+namespace panewright {
+
+EditShortcutWidget::EditShortcutWidget(EditShortcutViewController& controller,
+                                       const NativeKeyCodes& keyCodes, OwnWindows& ownWindows)
+    : ShortcutPopoverWidget(controller, keyCodes, ownWindows, tr("Edit Window State")) {
+    context_ = new QLabel;
+    updateWindowState_ = new QCheckBox(tr("&Replace its frame by the current window's"));
+    parts().form().addRow(QString(), context_);
+    parts().form().addRow(QString(), updateWindowState_);
+    parts().addButton(tr("&Cancel"), [&controller] { controller.cancel(); });
+    parts().addButton(tr("&Save"), [&controller] { controller.save(); }).setDefault(true);
+    addDeletion(controller);
+}
+
+/// Space presses a button when it is let go, and Shift may be let go before.
+void EditShortcutWidget::addDeletion(EditShortcutViewController& controller) {
+    auto& button = parts().addButtonAtLeft(tr("&Delete"), [this, &controller] {
+        controller.deleteWindowState(
+            modifierFlagsOf(heldAtPress_ | QGuiApplication::keyboardModifiers()));
+    });
+    button.setToolTip(tr("Asks first, unless Shift is held."));
+    QObject::connect(&button, &QPushButton::pressed,
+                     [this] { heldAtPress_ = QGuiApplication::keyboardModifiers(); });
+}
+
+void EditShortcutWidget::setContext(const std::string& text) {
+    showElided(*context_, text, kPopoverFieldWidth);
+    parts().window().contentChanged();
+}
+
+bool EditShortcutWidget::updateWindowState() const {
+    return updateWindowState_->isChecked();
+}
+
+void EditShortcutWidget::setUpdateWindowStateEnabled(bool enabled) {
+    updateWindowState_->setEnabled(enabled);
+    updateWindowState_->setToolTip(
+        enabled ? tr("The frame that the window in front had when this was opened.")
+                : tr("The frame of a built-in state follows from the display."));
+}
+
+} // namespace panewright

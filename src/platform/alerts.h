@@ -1,0 +1,42 @@
+#pragma once
+
+#include "base/registration.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace panewright {
+
+/// How grave a question is; the platform chooses the picture.
+enum class AlertStyle { kWarning = 0, kInformational = 1, kCritical = 2 };
+
+/// A question with the buttons that answer it, in the user's language.
+struct Alert {
+    std::string messageText;
+    AlertStyle style = AlertStyle::kWarning;
+    /// At least one. Return presses the first one, Escape the last one, which closing the window
+    /// does too.
+    std::vector<std::string> buttons;
+
+    friend bool operator==(const Alert&, const Alert&) = default;
+};
+
+/// What the first button answers; the others follow on it by ones.
+constexpr int kAlertFirstButtonReturn = 1000;
+
+/// Asks the user. Main thread only.
+class Alerts {
+public:
+    using Answered = std::function<void(int response)>;
+
+    virtual ~Alerts() = default;
+
+    /// Shows the question and returns at once: over the window of ours that has the keyboard, which
+    /// alone it blocks, or by itself when there is none. Calls back once, on the main loop, after
+    /// the question has closed; a window that it blocked has the keyboard again then, unless the
+    /// callback closes it. Releasing the registration closes the question unanswered.
+    virtual Registration ask(const Alert& alert, Answered answered) = 0;
+};
+
+} // namespace panewright

@@ -1,0 +1,223 @@
+#include "support/launched_program.h"
+#include "support/print_geometry.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace panewright {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr ProcessId kEditor = 42, kTerminal = 43;
+constexpr const char* kEditorId = "org.example.Editor";
+constexpr const char* kTerminalId = "org.example.Terminal";
+constexpr Rect kFrame{100, 50, 800, 600}, kSaved{1, 2, 300, 200}, kDisplay{0, 0, 1600, 900};
+constexpr std::uint64_t kOption = 0x80000, kShift = 0x20000;
+constexpr std::uint16_t kJ = 38, kK = 40, kU = 32, k1 = 18, kSpace = 49, kEscape = 53;
+
+/// The program with a terminal's and an editor's window, the latter in front, and a state of the
+/// editor on Option-K, which is being edited.
+class EditPopoverTest : public testing::Test {
+protected:
+    EditPopoverTest() {
+        desktop_.displays.setDisplays({{.id = 1, .bounds = kDisplay}});
+        desktop_.keyboardLayout.setKeys({{kJ, "j"}, {kK, "k"}, {k1, "1"}});
+        program_.open(kTerminal, kTerminalId, kFrame);
+        editor_ = program_.open(kEditor, kEditorId, kFrame);
+        program_.launch();
+        mine_ = program_.addState("Mine", false, kEditorId, kK, kSaved);
+        edit("Mine");
+    }
+    void choose(const std::string& row, std::uint64_t flags = 0) {
+        desktop_.statusItem.click();
+        EXPECT_TRUE(desktop_.menuView.choose(row, flags)) << row;
+        desktop_.mainLoop.runPending();
+    }
+    void edit(const std::string& name) { choose(name, kOption); }
+    MemoryEditShortcutView& view() { return *desktop_.views.edit; }
+    EditShortcutViewController& popover() { return view().controller(); }
+    bool isShown() { return view().popover().isShown(); }
+    void record(std::uint16_t keyCode) {
+        view().recorderHasFocus = true;
+        popover().shortcutRecorder().keyDown({kSpace, 0});
+        EXPECT_EQ(popover().windowState()->keyEvent(), nullptr) << "until the recording ends";
+        popover().shortcutRecorder().flagsChanged(kOption);
+        popover().shortcutRecorder().keyDown({keyCode, kOption});
+    }
+    /// What has happened since the last call: the events, as "name shortcut state's name".
+    std::vector<std::string> takeEvents() {
+        std::vector<std::string> events;
+        for (const auto& event : std::exchange(desktop_.analytics.events, {})) {
+            const auto text = [&](const char* key) {
+                const auto found = event.attributes.find(key);
+                return found == event.attributes.end() ? ""
+                                                       : ' ' + std::get<std::string>(found->second);
+            };
+            if (event.name != "OpenMenu") {
+                events.push_back(event.name + text("KeyboardShortcut") + text("WindowStateName"));
+            }
+        }
+        return events;
+    }
+    ProcessId frontmost() { return desktop_.workspace.frontmostApplication()->processIdentifier; }
+
+    LaunchedProgram program_;
+    MemoryDesktop& desktop_ = program_.desktop;
+    WindowId editor_ = 0;
+    std::shared_ptr<WindowState> mine_;
+};
+
+TEST_F(EditPopoverTest, SavesTheNameAndOnRequestTheFrameThatTheWindowHadAtTheOpening) {
+    const ImagePtr picture = std::make_shared<MemoryImage>(Size{1, 1});
+    const ImagePtr both = std::make_shared<MemoryImage>(Size{2, 2});
+    for (const bool replaces : {false, true}) {
+        mine_->setWindowStateImage(picture);
+        mine_->setAppIconAndWindowStateImage(both);
+        EXPECT_EQ(desktop_.hotKeys.registeredCount(), 0U);
+        EXPECT_EQ(view().name, "Mine");
+        EXPECT_EQ(popover().shortcutRecorder().keyCode(), kK);
+        view().updates |= replaces;
+        desktop_.windows.setFrame(editor_, {9, 9, 99, 99});
+        view().name = " Yours ";
+        popover().save();
+        desktop_.mainLoop.runPending();
+        EXPECT_THAT(takeEvents(),
+                    ElementsAre("EditWindowState ⌥K Mine", "SaveEditsToWindowState ⌥K  Yours "));
+        EXPECT_EQ(mine_->windowStateName(), " Yours ");
+        EXPECT_EQ(mine_->originalWindowRect(), replaces ? kFrame : kSaved);
+        EXPECT_EQ(mine_->windowStateImage(), replaces ? nullptr : picture);
+        EXPECT_EQ(mine_->appIconAndWindowStateImage(), both);
+        EXPECT_FALSE(isShown() || popover().windowState());
+        EXPECT_EQ(frontmost(), kEditor);
+        mine_->setWindowStateName("Mine");
+        desktop_.windows.setFrame(editor_, kFrame);
+        desktop_.mainLoop.runPending();
+        takeEvents();
+        edit("Mine");
+        EXPECT_EQ(view().updates, replaces) << "stays as it was left";
+    }
+}
+
+TEST_F(EditPopoverTest, KeepsARecordedShortcutWhenItIsCancelledOrTheNameIsRefused) {
+    record(kJ);
+    view().name = " \t";
+    popover().save();
+    EXPECT_TRUE(isShown());
+    EXPECT_EQ(desktop_.beeper.beeps, 1);
+    view().name = "Forgotten";
+    popover().cancel();
+    EXPECT_THAT(takeEvents(),
+                ElementsAre("EditWindowState ⌥K Mine", "CancelEditWindowState ⌥J Mine"));
+    EXPECT_TRUE(program_.press(kJ));
+    EXPECT_EQ(program_.frame(editor_), kSaved);
+}
+
+TEST_F(EditPopoverTest, LeavesTheHotKeysToTheNextApplicationAndOnlyClosesOnEscape) {
+    desktop_.windows.activateApplication(kTerminal);
+    desktop_.mainLoop.runPending();
+    EXPECT_TRUE(isShown());
+    EXPECT_EQ(desktop_.hotKeys.registeredCount(), 4U); // the built-in ones
+    desktop_.windows.activateApplication(kEditor);
+    desktop_.mainLoop.runPending();
+    edit("Mine");
+    takeEvents();
+    EXPECT_TRUE(popover().keyDown({kEscape, 0}));
+    EXPECT_FALSE(isShown());
+    EXPECT_THAT(takeEvents(), IsEmpty());
+}
+
+TEST_F(EditPopoverTest, DeletesAfterAQuestionOrAtOnceWithShift) {
+    popover().deleteWindowState(0);
+    EXPECT_EQ(desktop_.alerts.open, (Alert{"Are you sure you want to delete this window state?",
+                                           AlertStyle::kCritical,
+                                           {"Yes", "No"}}));
+    EXPECT_EQ(desktop_.beeper.beeps, 1);
+    takeEvents();
+    desktop_.alerts.press(1);
+    EXPECT_TRUE(isShown());
+    EXPECT_THAT(takeEvents(), IsEmpty());
+    popover().deleteWindowState(0);
+    desktop_.alerts.press(0);
+    EXPECT_FALSE(isShown());
+    EXPECT_THAT(takeEvents(),
+                ElementsAre("RemoveWindowState ⌥K Mine", "DeleteWindowState ⌥K Mine"));
+    EXPECT_EQ(Model::instance().keyOfWindowState(mine_), std::nullopt);
+    EXPECT_EQ(desktop_.hotKeys.registeredCount(), 4U);
+
+    edit("Full Screen");
+    takeEvents();
+    popover().deleteWindowState(kShift);
+    EXPECT_FALSE(isShown() || desktop_.alerts.open);
+    EXPECT_THAT(takeEvents(), ElementsAre("RemoveWindowState ⌥1 Full Screen"));
+}
+
+TEST_F(EditPopoverTest, ClosesWithTheStateThatLeavesTheStoreAndTheQuestionToo) {
+    popover().deleteWindowState(0);
+    program_.addState("Other", false, kEditorId, kJ, kSaved);
+    choose("Other", kOption | kShift);
+    choose("Restore Built-in States");
+    EXPECT_TRUE(isShown() && desktop_.alerts.open) << "neither is the one";
+    choose("Mine", kOption | kShift);
+    EXPECT_FALSE(isShown() || desktop_.alerts.open);
+    edit("Full Screen");
+    Model::instance().restoreDefaultWindowStates();
+    EXPECT_FALSE(isShown());
+    takeEvents();
+    program_.delegate.statusItemController()->editWindowState(mine_);
+    EXPECT_FALSE(isShown()) << "of a row that is left";
+    EXPECT_THAT(takeEvents(), IsEmpty());
+}
+
+TEST_F(EditPopoverTest, IsOpenAloneAndCancelsTheOtherPopover) {
+    record(kJ);
+    popover().deleteWindowState(0);
+    choose("Save Current Window…");
+    EXPECT_FALSE(isShown() || desktop_.alerts.open);
+    EXPECT_EQ(desktop_.hotKeys.registeredCount(), 0U);
+    edit("Mine");
+    EXPECT_TRUE(isShown());
+    EXPECT_FALSE(desktop_.views.save->popover().isShown());
+    EXPECT_EQ(desktop_.hotKeys.registeredCount(), 0U);
+    EXPECT_EQ(frontmost(), MemoryDesktop::kOwnPid);
+    EXPECT_THAT(takeEvents(),
+                ElementsAre("EditWindowState ⌥K Mine", "CancelEditWindowState ⌥J Mine",
+                            "CancelSaveWindowState", "EditWindowState ⌥J Mine"));
+    popover().cancel();
+    EXPECT_EQ(frontmost(), kEditor);
+}
+
+TEST_F(EditPopoverTest, SaysWhereTheStateAppliesAndWhoElseOfOursHasItsShortcutThere) {
+    program_.addState("Global", true, kEditorId, kJ, kSaved);
+    program_.addState("Theirs", false, kTerminalId, kJ, kSaved);
+    program_.addState("Large", false, kEditorId, 19, kSaved);
+    Model::instance().setMoveToNextWindowKeyEvent(
+        CarbonKeyEvent::carbonEventWithKeyCode(kK, kOption));
+    const struct {
+        const char* state;
+        const char* context;
+        std::uint16_t recorded;
+        const char* remark;
+    } cases[] = {
+        {"Mine", "Only active for org.example.Editor", kJ, "Also used by “Global”."},
+        {"Mine", "Only active for org.example.Editor", kK, "Also used by “Move to Next Display”."},
+        {"Mine", "Only active for org.example.Editor", kU, ""},
+        {"Global", "Active for all applications", kJ, "Also used by “Mine”, “Theirs”."},
+        {"Full Screen", "Built in, active for all applications", 19,
+         "Also used by “Centered Large”, “Large”."},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.state);
+        mine_->setKeyEvent(CarbonKeyEvent::carbonEventWithKeyCode(kJ, kOption));
+        edit(each.state);
+        EXPECT_EQ(view().context, each.context);
+        EXPECT_EQ(view().updateEnabled, each.state != std::string("Full Screen"));
+        record(each.recorded);
+        EXPECT_EQ(view().remark, each.remark);
+        popover().cancel();
+    }
+}
+
+} // namespace
+} // namespace panewright
