@@ -50,7 +50,8 @@ ThemeColours::ThemeColours(ColourScheme& scheme) : scheme_(scheme) {
 }
 
 void ThemeColours::apply() const {
-    const auto palette = scheme_.isDark() ? darkPalette() : QApplication::style()->standardPalette();
+    const auto palette =
+        scheme_.isDark() ? darkPalette() : QApplication::style()->standardPalette();
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
 }
