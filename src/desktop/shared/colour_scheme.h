@@ -11,8 +11,8 @@ class ColourScheme {
 public:
     virtual ~ColourScheme() = default;
 
-    /// Whether light text on dark grounds is wanted; false where nobody has said, or it is not known
-    /// yet.
+    /// Whether light text on dark grounds is wanted; false where nobody has said, or it is not
+    /// known yet.
     virtual bool isDark() const = 0;
 
     /// Calls back on the main loop after that changed.
