@@ -140,7 +140,7 @@ void MenuPopup::keyPressEvent(QKeyEvent* event) {
     if (isMenuKey(*event)) {
         menuKeyPressed(event->key());
     } else if (isRepeat || isModifierKey(*event, context_.nativeKeyCodes)) {
-        return; // what is held was meant for what came before
+        return; // what is held was meant for what came before; the toolkit closes menus by Alt
     } else if (isTyping(*event)) {
         typeAhead(event->text());
     } else if (const auto key = keyEventOf(*event, context_.nativeKeyCodes);

@@ -61,14 +61,10 @@ QRectF pictureRect(const Size& size, const QRect& column) {
 
 int MenuStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                          QStyleHintReturn* returnData) const {
-    switch (hint) {
-    case SH_MenuBar_AltKeyNavigation:
-        return 0; // or the menu would close when Alt goes down
-    case SH_Menu_Scrollable:
+    if (hint == SH_Menu_Scrollable) {
         return 1; // or long menus would break into columns
-    default:
-        return VisibleBoxes::styleHint(hint, option, widget, returnData);
     }
+    return VisibleBoxes::styleHint(hint, option, widget, returnData);
 }
 
 QSize MenuStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,

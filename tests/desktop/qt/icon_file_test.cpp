@@ -51,7 +51,9 @@ TEST_F(IconFile, IsReadUnlessItCouldDoHarm) {
     writePicture("small", {48, 32});
     writePicture("wide", {1024, 512});
     writePicture("huge", {4096, 4096});
-    writeSvg("plain.svg", rectangle + R"(<use x:href="#r"/>)");
+    const std::string undashed = R"(<path style="stroke-dasharray:none" stroke-dasharray="none"/>)";
+    writeSvg("plain.svg", rectangle + undashed + R"(<use x:href="#r"/>)");
+    writeSvg("dashed.svg", rectangle + undashed + R"(<path stroke-dasharray=".001"/>)");
     writeSvg("repeats.svg", rectangle + repeated(R"(<use x:href="#r"/>)", 25));
     writeSvg("nested.svg", repeated("<g>", 1000) + repeated("</g>", 1000));
     writeSvg("reads.svg", R"(<image x:href="pipe" width="9" height="9"/>)");
@@ -66,7 +68,7 @@ TEST_F(IconFile, IsReadUnlessItCouldDoHarm) {
         {"huge", {}},        {"repeats.svg", {}},  {"nested.svg", {}},
         {"reads.svg", {}},   {"styled.svg", {}},   {"large.svg", {}},
         {"packed.svgz", {}}, {"text", {}},         {"folder", {}},
-        {"pipe", {}},        {"missing", {}},
+        {"pipe", {}},        {"missing", {}},      {"dashed.svg", {}},
     };
     for (const auto& [name, size] : cases) {
         EXPECT_EQ(readIconFile(path(name)).size(), size.isValid() ? size : QSize(0, 0)) << name;
