@@ -305,6 +305,7 @@ void StatusItemController::editWindowState(const std::shared_ptr<WindowState>& s
         return;
     }
     cancelForAnother(*savePopover_);
+    cancelForAnother(*editPopover_); // with another state, whose new shortcut is to be saved
     usage_.trackEvent(kEditWindowStateEvent, state->attributesForTracking(shortcutText_));
     updateHotKeys(HotKeyOccasion::kPopoverOpened);
     editPopover_->open(state);

@@ -184,6 +184,10 @@ TEST_F(EditPopoverTest, IsOpenAloneAndCancelsTheOtherPopover) {
     EXPECT_THAT(takeEvents(),
                 ElementsAre("EditWindowState ⌥K Mine", "CancelEditWindowState ⌥J Mine",
                             "CancelSaveWindowState", "EditWindowState ⌥J Mine"));
+    edit("Full Screen");
+    EXPECT_TRUE(isShown());
+    EXPECT_THAT(takeEvents(),
+                ElementsAre("CancelEditWindowState ⌥J Mine", "EditWindowState ⌥1 Full Screen"));
     popover().cancel();
     EXPECT_EQ(frontmost(), kEditor);
 }
