@@ -39,10 +39,9 @@ FixedMenuItems::FixedMenuItems(const TextServices& text, const ProgramInformatio
     startupItem->isCheckable = true;
     addGroup(after, {startupItem, makeItem(text.localized("Restore Built-in States"),
                                            actions.restoreWindowStates)});
-    MenuItems service{crashItem};
-    if (updater.isAvailable()) {
-        service.push_back(makeItem(text.localized("Check for Updates…"), actions.checkForUpdates));
-    }
+    const auto updateItem = makeItem(text.localized("Check for Updates…"), actions.checkForUpdates);
+    updateItem->isEnabled = updater.isAvailable();
+    MenuItems service{crashItem, updateItem};
     if (!program.website().empty()) {
         service.push_back(makeItem(text.localized("Send Feedback…"), actions.sendFeedback));
         service.push_back(makeItem(text.localized("FAQ"), actions.openFAQ));

@@ -25,8 +25,8 @@ struct FixedMenuItems {
         std::function<void()> quit;
     };
 
-    /// What there is to choose depends on these: where nobody looks for updates, and where the
-    /// program has no site, the items for it are left out.
+    /// What there is to choose depends on these: where nobody looks for updates the item for that
+    /// cannot be chosen, and where the program has no site the items for it are left out.
     FixedMenuItems(const TextServices& text, const ProgramInformation& program,
                    const SoftwareUpdater& updater, const Actions& actions);
 

@@ -286,9 +286,9 @@ TEST(StatusMenuOfAProgramAlone, OffersNeitherSiteNorUpdates) {
     program.launch();
     program.desktop.statusItem.click();
     auto last = rows(program.desktop.menuView.shown());
-    last.erase(last.begin(), last.end() - 5);
-    EXPECT_THAT(last, ElementsAre("Restore Built-in States", "-", "(Version: 1.2.8.57)", "-",
-                                  "Quit Panewright"));
+    last.erase(last.begin(), last.end() - 6);
+    EXPECT_THAT(last, ElementsAre("Restore Built-in States", "-", "(Check for Updates…)",
+                                  "(Version: 1.2.8.57)", "-", "Quit Panewright"));
 }
 
 TEST(MenuAdditions, MeanTheTagsInTheirRange) {
