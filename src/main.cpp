@@ -38,9 +38,7 @@
 
 #include <QApplication>
 #include <QCoreApplication>
-#include <QLibraryInfo>
 #include <QPixmapCache>
-#include <QTranslator>
 
 #include <fmt/format.h>
 
@@ -156,7 +154,7 @@ int runOn(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus, const Proces
     return mainLoop.run();
 }
 
-/// The toolkit's application object and the user's language.
+/// The toolkit's application object.
 class Toolkit {
 public:
     /// `argc` tells afterwards how many arguments the toolkit has left.
@@ -170,9 +168,6 @@ public:
         QApplication::setQuitOnLastWindowClosed(false);
         // Little is drawn and seldom, while clearing the cache would wake the program up later.
         QPixmapCache::setCacheLimit(0);
-        install(qtTexts_, "qtbase", QLibraryInfo::path(QLibraryInfo::TranslationsPath));
-        install(ownTexts_, "panewright",
-                QCoreApplication::applicationDirPath() + "/../share/panewright/translations");
     }
 
 private:
@@ -183,19 +178,12 @@ private:
         count_ = static_cast<int>(arguments.size()) - 1;
         return arguments.data();
     }
-    static void install(QTranslator& translator, const QString& name, const QString& folder) {
-        if (translator.load(QLocale(), name, "_", folder)) {
-            QCoreApplication::installTranslator(&translator);
-        }
-    }
 
     std::string platformOption_ = "-platform";
     std::string platform_ = "xcb";
     int count_ = 0;
     std::vector<char*> arguments_; // the toolkit refers to them
     QApplication application_;
-    QTranslator qtTexts_;
-    QTranslator ownTexts_;
 };
 
 int runToolkit(int& argc, char** argv, const Process& process,

@@ -9,7 +9,6 @@
 #include "platform/reopen_requests.h"
 #include "platform/software_updater.h"
 #include "platform/user_defaults.h"
-#include "services/product_website.h"
 #include "services/workspace_additions.h"
 
 namespace panewright {
@@ -29,7 +28,8 @@ AppDelegate*& theInstance() {
 } // namespace
 
 AppDelegate::AppDelegate(const Ports& ports, const Views& views)
-    : ports_(ports), views_(views), tracking_(ports.analytics) {}
+    : ports_(ports), views_(views), tracking_(ports.analytics),
+      pages_(ports.workspace, ports.program, ports.text, ports.beeper) {}
 
 AppDelegate::~AppDelegate() {
     ports_.softwareUpdater.setWillShowHandler(nullptr);
@@ -99,11 +99,11 @@ void AppDelegate::settings() {
 }
 
 std::shared_ptr<Settings> AppDelegate::makeSettings() {
-    return Settings::create({ports_.beeper, ports_.hotKeys, ports_.workspace, ports_.program,
-                             ports_.text, ShortcutText(ports_.keyboardLayout, ports_.text),
-                             tracking_, ports_.statusItem,
-                             statusItemController_->launchAgentStartupItem(), Model::instance(),
-                             *statusItemController_, *statusItemController_, views_.factory});
+    return Settings::create({ports_.beeper, ports_.hotKeys, ports_.program, pages_, ports_.text,
+                             ShortcutText(ports_.keyboardLayout, ports_.text), tracking_,
+                             ports_.statusItem, statusItemController_->launchAgentStartupItem(),
+                             Model::instance(), *statusItemController_, *statusItemController_,
+                             views_.factory});
 }
 
 void AppDelegate::runAtStartup() {
@@ -134,7 +134,7 @@ void AppDelegate::checkForUpdatesInBackground() {
 }
 
 void AppDelegate::sendFeedback() {
-    ports_.workspace.openUrl(feedbackUrl(ports_.program));
+    pages_.openFeedback();
 }
 
 void AppDelegate::crash() {
@@ -142,7 +142,7 @@ void AppDelegate::crash() {
 }
 
 void AppDelegate::openFAQ() {
-    ports_.workspace.openUrl(faqUrl(ports_.program));
+    pages_.openFAQ();
     tracking_.trackEvent(kOpenFAQEvent);
 }
 

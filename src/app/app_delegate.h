@@ -3,6 +3,7 @@
 #include "menubar/status_item_controller.h"
 #include "menubar/views.h"
 #include "platform/ports.h"
+#include "services/product_pages.h"
 #include "ui/settings.h"
 
 #include <memory>
@@ -62,6 +63,7 @@ private:
     Ports ports_;
     Views views_;
     Tracking tracking_;
+    ProductPages pages_;
     std::optional<RunningApplication> frontMostAppBeforeRunning_;
     std::shared_ptr<StatusItemController> statusItemController_;
     std::shared_ptr<Settings> settings_;

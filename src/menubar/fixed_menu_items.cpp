@@ -44,8 +44,8 @@ FixedMenuItems::FixedMenuItems(const TextServices& text, const ProgramInformatio
     MenuItems service{crashItem, updateItem};
     if (!program.website().empty()) {
         service.push_back(makeItem(text.localized("Send Feedback…"), actions.sendFeedback));
-        service.push_back(makeItem(text.localized("FAQ"), actions.openFAQ));
     }
+    service.push_back(makeItem(text.localized("FAQ"), actions.openFAQ));
     service.push_back(versionItem);
     addGroup(after, service);
     addGroup(after, {makeItem(text.localized("Quit Panewright"), actions.quit)});

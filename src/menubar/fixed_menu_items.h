@@ -26,7 +26,7 @@ struct FixedMenuItems {
     };
 
     /// What there is to choose depends on these: where nobody looks for updates the item for that
-    /// cannot be chosen, and where the program has no site the items for it are left out.
+    /// cannot be chosen, and where the program has no site the item for feedback is left out.
     FixedMenuItems(const TextServices& text, const ProgramInformation& program,
                    const SoftwareUpdater& updater, const Actions& actions);
 

@@ -10,7 +10,6 @@
 #include "platform/displays.h"
 #include "platform/main_loop.h"
 #include "platform/work_areas.h"
-#include "services/product_website.h"
 #include "services/workspace_additions.h"
 #include "shortcuts/carbon_event_manager.h"
 #include "shortcuts/modifier_flags.h"
@@ -45,6 +44,7 @@ StatusItemController::create(const Ports& ports, const Views& views, Application
 StatusItemController::StatusItemController(const Ports& ports, const Views& views,
                                            ApplicationActions& actions)
     : ports_(ports), views_(views), actions_(actions), usage_(ports.analytics),
+      pages_(ports.workspace, ports.program, ports.text, ports.beeper),
       shortcutText_(ports.keyboardLayout, ports.text),
       tracking_(FocusTracking::create(
           {ports.accessibility, ports.displays, ports.workspace, ports.program})),
@@ -366,7 +366,7 @@ void StatusItemController::checkForUpdates() {
 
 /// Unlike the program's own action sends no event.
 void StatusItemController::openFAQ() {
-    ports_.workspace.openUrl(faqUrl(ports_.program));
+    pages_.openFAQ();
 }
 
 void StatusItemController::crash() {

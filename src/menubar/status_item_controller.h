@@ -13,6 +13,7 @@
 #include "platform/ports.h"
 #include "platform/status_item.h"
 #include "services/launch_agent_startup_item.h"
+#include "services/product_pages.h"
 #include "ui/hot_key_refresh.h"
 #include "ui/window_state_editing.h"
 #include "ui/window_state_saving.h"
@@ -130,6 +131,7 @@ private:
     Views views_;
     ApplicationActions& actions_;
     Tracking usage_;
+    ProductPages pages_;
     ShortcutText shortcutText_;
     std::shared_ptr<FocusTracking> tracking_;
     ActiveWindowPlacer placer_;

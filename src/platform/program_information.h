@@ -1,6 +1,9 @@
 #pragma once
 
+#include <filesystem>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace panewright {
 
@@ -19,6 +22,10 @@ public:
     /// The address of the site that the product's pages are on, such as "https://example.org";
     /// empty if it has none.
     virtual std::string website() const = 0;
+
+    /// The help page that is installed with the program, in that language (ISO 639-1), as an HTML
+    /// file; nil if it is missing.
+    virtual std::optional<std::filesystem::path> helpPage(std::string_view language) const = 0;
 
     /// The file name of the program.
     virtual std::string executableName() const = 0;

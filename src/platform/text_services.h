@@ -5,6 +5,9 @@
 
 namespace panewright {
 
+/// The language that the texts in the program are in (ISO 639-1).
+constexpr std::string_view kSourceLanguage = "en";
+
 /// What only a Unicode library knows about text. Text is UTF-8; bytes that are not come back as
 /// U+FFFD. Callable from any thread.
 class TextServices {
@@ -17,6 +20,10 @@ public:
     /// A text that the user sees, which stands in the program in English, in the user's language;
     /// as it is where there is no translation.
     virtual std::string localized(const char* text) const = 0;
+
+    /// The language that `localized` answers in, such as "de"; kSourceLanguage where the user's has
+    /// no translation.
+    virtual std::string language() const = 0;
 
     /// Below 0 if `a` comes before `b` in a list of names in the user's language, 0 if the two
     /// differ in upper and lower case at most, above 0 if it comes after.

@@ -3,6 +3,7 @@
 #include "base/registration.h"
 #include "platform/accessibility.h"
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -45,6 +46,10 @@ public:
 
     /// Opens the address in the user's browser. Returns at once; failure is ignored.
     virtual void openUrl(const std::string& url) = 0;
+
+    /// Opens the file in the user's program for files of its kind. Returns at once; failure is
+    /// ignored.
+    virtual void openFile(const std::filesystem::path& file) = 0;
 
     /// Starts the application whose bundle stands at the path; nothing where there are no bundles.
     virtual void launchApplication(const std::string& bundlePath) = 0;

@@ -16,6 +16,10 @@ namespace panewright {
 
 class QFShortcutRecorder;
 
+/// What a recorder shows while it has no shortcut, and while it records and has none yet.
+constexpr const char* kDefaultLabel = "Click to record shortcut";
+constexpr const char* kWaitingForKeysLabel = "Type shortcut";
+
 /// Hears what the user recorded. Flags are in the application's form.
 class QFShortcutRecorderDelegate {
 public:
@@ -182,8 +186,8 @@ private:
     bool mouseDownInSnapBack_ = false;
     bool captureTabKey_ = false;
     bool requiresModifierFlags_ = true;
-    std::string defaultLabel_ = "Click to record shortcut";
-    std::string waitingForKeysLabel_ = "Type shortcut";
+    std::string defaultLabel_ = kDefaultLabel;
+    std::string waitingForKeysLabel_ = kWaitingForKeysLabel;
     TextAttributes defaultAttributes_;
     TextAttributes waitingForKeysAttributes_{grey(0.5)};
     Colour snapBackButtonTint_{1, 0.5, 0};

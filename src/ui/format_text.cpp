@@ -17,8 +17,8 @@ std::string versionText(const ProgramInformation& program, const TextServices& t
 }
 
 void localizeLabels(QFShortcutRecorder& recorder, const TextServices& text) {
-    recorder.setDefaultLabel(text.localized(recorder.defaultLabel().c_str()));
-    recorder.setWaitingForKeysLabel(text.localized(recorder.waitingForKeysLabel().c_str()));
+    recorder.setDefaultLabel(text.localized(kDefaultLabel));
+    recorder.setWaitingForKeysLabel(text.localized(kWaitingForKeysLabel));
 }
 
 } // namespace panewright

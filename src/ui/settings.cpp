@@ -1,7 +1,6 @@
 #include "ui/settings.h"
 
 #include "model/model.h"
-#include "services/product_website.h"
 #include "ui/format_text.h"
 #include "ui/shortcut_remark.h"
 
@@ -24,7 +23,7 @@ void Settings::awakeFromNib() {
     recorder_.setDelegate(weak_from_this());
     showStoredShortcut();
     view_->setVersion(versionText(services_.program, services_.text));
-    view_->setWebsiteShown(!services_.program.website().empty());
+    view_->setWebsiteShown(services_.pages.hasWebsite());
     view_->setAllowMoveWindow(services_.model.allowWindowStateShortcutsToMoveWindowNextDisplay());
     showSavingUnlessInStatusBar();
     statusItemChanges_ =
@@ -92,17 +91,17 @@ void Settings::restoreDefaultWindowStates() {
 
 void Settings::feedback() {
     services_.tracking.trackEvent(kPreferencesFeedbackEvent);
-    services_.workspace.openUrl(feedbackUrl(services_.program));
+    services_.pages.openFeedback();
 }
 
 void Settings::faq() {
     services_.tracking.trackEvent(kPreferencesFAQEvent);
-    services_.workspace.openUrl(faqUrl(services_.program));
+    services_.pages.openFAQ();
 }
 
 void Settings::website() {
     services_.tracking.trackEvent(kPreferencesWebsiteEvent);
-    services_.workspace.openUrl(websiteUrl(services_.program));
+    services_.pages.openWebsite();
 }
 
 } // namespace panewright

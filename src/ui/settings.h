@@ -5,8 +5,8 @@
 #include "platform/program_information.h"
 #include "platform/status_item.h"
 #include "platform/text_services.h"
-#include "platform/workspace.h"
 #include "services/launch_agent_startup_item.h"
+#include "services/product_pages.h"
 #include "services/tracking.h"
 #include "shortcuts/qf_shortcut_recorder.h"
 #include "ui/hot_key_refresh.h"
@@ -27,8 +27,8 @@ public:
     struct Services {
         Beeper& beeper;
         const HotKeys& hotKeys;
-        Workspace& workspace;
         const ProgramInformation& program;
+        ProductPages pages;
         const TextServices& text;
         ShortcutText shortcutText;
         Tracking tracking;

@@ -18,7 +18,7 @@ public:
     virtual bool allowMoveWindow() const = 0;
     virtual void setAllowMoveWindow(bool on) = 0;
     virtual void setVersion(const std::string& text) = 0;
-    /// Whether the window leads to the pages of the product's website.
+    /// Whether the window leads to the product's website and its page for feedback.
     virtual void setWebsiteShown(bool isShown) = 0;
     /// What is to be said of the shortcut that the recorder shows; empty for nothing.
     virtual void setShortcutRemark(const std::string& text) = 0;

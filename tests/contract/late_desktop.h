@@ -84,6 +84,7 @@ public:
     void bringThisApplicationToFront() override;
     void hideThisApplication() override;
     void openUrl(const std::string& /*url*/) override {}
+    void openFile(const std::filesystem::path& /*file*/) override {}
     void launchApplication(const std::string& /*bundlePath*/) override {}
 
 private:

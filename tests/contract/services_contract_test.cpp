@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+
 #include <limits>
 
 namespace panewright {
@@ -26,6 +28,25 @@ TEST(TextServicesContract, UppercasesAndTrims) {
     }
     EXPECT_EQ(qt.upperCased("éß\xFF"), "ÉSS\uFFFD");
     EXPECT_EQ(qt.trimmedOfWhitespace("\u2003wide\u00A0"), "wide");
+}
+
+TEST(QtTextServicesContract, AnswersInTheFirstLanguageThatItKnows) {
+    int count = 0;
+    const QCoreApplication application(count, nullptr);
+    const struct {
+        QStringList languages;
+        std::string language;
+        std::string yes;
+    } cases[] = {
+        {{"de-CH", "de"}, "de", "Ja"},   {{"fr-FR", "fr", "de-DE"}, "de", "Ja"},
+        {{"en-US", "de"}, "en", "Yes"},  {{"C"}, "en", "Yes"},
+        {{"tlh", "x", ""}, "en", "Yes"}, {{}, "en", "Yes"},
+    };
+    for (const auto& each : cases) {
+        const QtTextServices text(each.languages);
+        EXPECT_EQ(text.language(), each.language) << each.languages.join(' ').toStdString();
+        EXPECT_EQ(text.localized("Yes"), each.yes) << each.languages.join(' ').toStdString();
+    }
 }
 
 TEST(UserDefaultsContract, GiveBackValueAndKindAndKeepKeysApart) {

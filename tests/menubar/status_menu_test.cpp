@@ -286,8 +286,8 @@ TEST(StatusMenuOfAProgramAlone, OffersNeitherSiteNorUpdates) {
     program.launch();
     program.desktop.statusItem.click();
     auto last = rows(program.desktop.menuView.shown());
-    last.erase(last.begin(), last.end() - 6);
-    EXPECT_THAT(last, ElementsAre("Restore Built-in States", "-", "(Check for Updates…)",
+    last.erase(last.begin(), last.end() - 7);
+    EXPECT_THAT(last, ElementsAre("Restore Built-in States", "-", "(Check for Updates…)", "FAQ",
                                   "(Version: 1.2.8.57)", "-", "Quit Panewright"));
 }
 

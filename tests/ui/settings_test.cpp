@@ -99,5 +99,21 @@ TEST_F(SettingsTest, KeepsItsOneWindowAndTellsWhatIsDoneInIt) {
     EXPECT_EQ(program_.desktop.analytics.events.back().name, "PreferencesWebsite");
 }
 
+TEST_F(SettingsTest, OpensTheInstalledHelpWhereThereIsNoSite) {
+    auto& settings = view().controller();
+    program_.desktop.program.site = "";
+    program_.desktop.text.userLanguage = "de";
+    settings.faq();
+    EXPECT_EQ(program_.desktop.beeper.beeps, 1);
+    program_.desktop.program.helpPages["en"] = "/help/en";
+    settings.faq();
+    program_.desktop.program.helpPages["de"] = "/help/de";
+    settings.faq();
+    EXPECT_THAT(program_.desktop.workspace.openedFiles,
+                testing::ElementsAre("/help/en", "/help/de"));
+    EXPECT_EQ(program_.desktop.beeper.beeps, 1);
+    EXPECT_EQ(program_.desktop.analytics.events.back().name, "PreferencesFAQ");
+}
+
 } // namespace
 } // namespace panewright

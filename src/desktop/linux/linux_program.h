@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/linux/installed_file.h"
 #include "desktop/linux/program_version.h"
 #include "platform/program_information.h"
 
@@ -17,6 +18,10 @@ public:
     std::string shortVersion() const override { return kProgramShortVersion; }
     std::string buildVersion() const override { return kProgramBuildVersion; }
     std::string website() const override { return kProgramWebsite; }
+    std::optional<std::filesystem::path> helpPage(std::string_view language) const override {
+        return installedFile(executablePath(),
+                             std::filesystem::path("help") / language / "index.html");
+    }
     std::string executableName() const override { return "panewright"; }
     std::string executablePath() const override {
         std::error_code ignored;

@@ -12,7 +12,10 @@
 #include "platform/text_services.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <functional>
+#include <map>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -104,14 +107,20 @@ public:
     std::string shortVersion() const override { return "1.2.8"; }
     std::string buildVersion() const override { return "57"; }
     std::string website() const override { return site; }
+    std::optional<std::filesystem::path> helpPage(std::string_view language) const override {
+        const auto page = helpPages.find(language);
+        return page == helpPages.end() ? std::nullopt : std::optional(page->second);
+    }
     std::string executableName() const override { return "panewright"; }
     std::string executablePath() const override { return path; }
 
     std::string path = "/opt/panewright/bin/panewright";
     std::string site = "http://quillfen.com";
+    /// By language.
+    std::map<std::string, std::filesystem::path, std::less<>> helpPages;
 };
 
-/// Knows the letters and white space of ASCII, and no language but English.
+/// Knows the letters and white space of ASCII, and says everything in English.
 class MemoryTextServices : public TextServices {
 public:
     std::string upperCased(std::string_view text) const override {
@@ -122,6 +131,7 @@ public:
         return upper;
     }
     std::string localized(const char* text) const override { return text; }
+    std::string language() const override { return userLanguage; }
     int localizedCaseInsensitiveCompare(std::string_view a, std::string_view b) const override {
         return upperCased(a).compare(upperCased(b));
     }
@@ -132,6 +142,8 @@ public:
         }
         return std::string(text.substr(first, text.find_last_not_of(" \t") + 1 - first));
     }
+
+    std::string userLanguage{kSourceLanguage};
 };
 
 } // namespace panewright

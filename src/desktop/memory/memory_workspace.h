@@ -23,11 +23,13 @@ public:
     void bringThisApplicationToFront() override { windows_.activateApplication(ownPid_); }
     void hideThisApplication() override { windows_.activateApplicationBefore(ownPid_); }
     void openUrl(const std::string& url) override { openedUrls.push_back(url); }
+    void openFile(const std::filesystem::path& file) override { openedFiles.push_back(file); }
     void launchApplication(const std::string& bundlePath) override {
         launched.push_back(bundlePath);
     }
 
     std::vector<std::string> openedUrls;
+    std::vector<std::filesystem::path> openedFiles;
     std::vector<std::string> launched;
 
 private:

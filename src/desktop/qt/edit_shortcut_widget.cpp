@@ -2,6 +2,7 @@
 
 #include "desktop/qt/elided_text.h"
 #include "desktop/qt/key_events.h"
+#include "desktop/qt/localized.h"
 
 #include <QCheckBox>
 #include <QFormLayout>
@@ -12,23 +13,23 @@ namespace panewright {
 
 EditShortcutWidget::EditShortcutWidget(EditShortcutViewController& controller,
                                        const NativeKeyCodes& keyCodes, OwnWindows& ownWindows)
-    : ShortcutPopoverWidget(controller, keyCodes, ownWindows, tr("Edit Window State")) {
+    : ShortcutPopoverWidget(controller, keyCodes, ownWindows, localized("Edit Window State")) {
     context_ = new QLabel;
-    updateWindowState_ = new QCheckBox(tr("&Replace its frame by the current window's"));
+    updateWindowState_ = new QCheckBox(localized("&Replace its frame by the current window's"));
     parts().form().addRow(QString(), context_);
     parts().form().addRow(QString(), updateWindowState_);
-    parts().addButton(tr("&Cancel"), [&controller] { controller.cancel(); });
-    parts().addButton(tr("&Save"), [&controller] { controller.save(); }).setDefault(true);
+    parts().addButton(localized("&Cancel"), [&controller] { controller.cancel(); });
+    parts().addButton(localized("&Save"), [&controller] { controller.save(); }).setDefault(true);
     addDeletion(controller);
 }
 
 /// Space presses a button when it is let go, and Shift may be let go before.
 void EditShortcutWidget::addDeletion(EditShortcutViewController& controller) {
-    auto& button = parts().addButtonAtLeft(tr("&Delete"), [this, &controller] {
+    auto& button = parts().addButtonAtLeft(localized("&Delete"), [this, &controller] {
         controller.deleteWindowState(
             modifierFlagsOf(heldAtPress_ | QGuiApplication::keyboardModifiers()));
     });
-    button.setToolTip(tr("Asks first, unless Shift is held."));
+    button.setToolTip(localized("Asks first, unless Shift is held."));
     QObject::connect(&button, &QPushButton::pressed,
                      [this] { heldAtPress_ = QGuiApplication::keyboardModifiers(); });
 }
@@ -45,8 +46,8 @@ bool EditShortcutWidget::updateWindowState() const {
 void EditShortcutWidget::setUpdateWindowStateEnabled(bool enabled) {
     updateWindowState_->setEnabled(enabled);
     updateWindowState_->setToolTip(
-        enabled ? tr("The frame that the window in front had when this was opened.")
-                : tr("The frame of a built-in state follows from the display."));
+        enabled ? localized("The frame that the window in front had when this was opened.")
+                : localized("The frame of a built-in state follows from the display."));
 }
 
 } // namespace panewright

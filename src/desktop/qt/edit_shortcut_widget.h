@@ -10,8 +10,6 @@ namespace panewright {
 
 /// The edit popover's controls.
 class EditShortcutWidget : public ShortcutPopoverWidget<EditShortcutView> {
-    Q_DECLARE_TR_FUNCTIONS(EditShortcutWidget)
-
 public:
     /// All of it must outlive the widget.
     EditShortcutWidget(EditShortcutViewController& controller, const NativeKeyCodes& keyCodes,

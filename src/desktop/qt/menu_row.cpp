@@ -1,5 +1,6 @@
 #include "desktop/qt/menu_row.h"
 
+#include "desktop/qt/localized.h"
 #include <QMenu>
 
 #include <algorithm>
@@ -32,7 +33,7 @@ MenuRow::MenuRow(std::shared_ptr<MenuItem> item, QObject* parent)
     title_ = onOneLine(item_->title);
     if (const auto& shortcut = item_->shortcut; !shortcut.text.empty()) {
         const auto text = onOneLine(shortcut.text);
-        shortcutText_ = shortcut.isTaken ? QMenu::tr("%1 (in use elsewhere)").arg(text) : text;
+        shortcutText_ = shortcut.isTaken ? localized("%1 (in use elsewhere)").arg(text) : text;
     }
     setText(spoken().replace('&', "&&"));
     setToolTip(QString::fromStdString(item_->toolTip));
@@ -48,7 +49,7 @@ QString MenuRow::spoken() const {
     const auto& shortcut = item_->shortcut;
     const auto words = onOneLine(shortcut.words);
     return title_ + ", " +
-           (shortcut.isTaken ? QMenu::tr("%1 (in use elsewhere)").arg(words) : words);
+           (shortcut.isTaken ? localized("%1 (in use elsewhere)").arg(words) : words);
 }
 
 } // namespace panewright

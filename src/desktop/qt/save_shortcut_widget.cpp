@@ -1,5 +1,6 @@
 #include "desktop/qt/save_shortcut_widget.h"
 
+#include "desktop/qt/localized.h"
 #include "desktop/qt/qt_image.h"
 #include "ui/save_shortcut_view_controller.h"
 
@@ -31,11 +32,11 @@ void setImage(QLabel& label, const ImagePtr& image) {
 
 SaveShortcutWidget::SaveShortcutWidget(SaveShortcutViewController& controller,
                                        const NativeKeyCodes& keyCodes, OwnWindows& ownWindows)
-    : ShortcutPopoverWidget(controller, keyCodes, ownWindows, tr("Save Window State")) {
+    : ShortcutPopoverWidget(controller, keyCodes, ownWindows, localized("Save Window State")) {
     addPictures();
     addContext(controller);
-    parts().addButton(tr("&Cancel"), [&controller] { controller.cancel(); });
-    parts().addButton(tr("&Save"), [&controller] { controller.save(); }).setDefault(true);
+    parts().addButton(localized("&Cancel"), [&controller] { controller.cancel(); });
+    parts().addButton(localized("&Save"), [&controller] { controller.save(); }).setDefault(true);
 }
 
 void SaveShortcutWidget::addPictures() {
@@ -48,10 +49,10 @@ void SaveShortcutWidget::addPictures() {
 
 void SaveShortcutWidget::addContext(SaveShortcutViewController& controller) {
     forAppOnly_ = new QRadioButton;
-    forAllApplications_ = new QRadioButton(tr("Active for &all applications"));
-    prefersDisplay_ = new QCheckBox(tr("&Prefer the display it is on now"));
+    forAllApplications_ = new QRadioButton(localized("Active for &all applications"));
+    prefersDisplay_ = new QCheckBox(localized("&Prefer the display it is on now"));
     prefersDisplay_->setToolTip(
-        tr("Also with other displays connected, the window goes to one of this size."));
+        localized("Also with other displays connected, the window goes to one of this size."));
     auto& form = parts().form();
     form.addRow(QString(), forAppOnly_);
     form.addRow(QString(), forAllApplications_);

@@ -11,8 +11,6 @@ namespace panewright {
 
 /// The save popover's controls.
 class SaveShortcutWidget : public ShortcutPopoverWidget<SaveShortcutView> {
-    Q_DECLARE_TR_FUNCTIONS(SaveShortcutWidget)
-
 public:
     /// All of it must outlive the widget.
     SaveShortcutWidget(SaveShortcutViewController& controller, const NativeKeyCodes& keyCodes,

@@ -1,5 +1,6 @@
 #include "desktop/qt/settings_window.h"
 
+#include "desktop/qt/localized.h"
 #include "desktop/qt/program_icon.h"
 #include "desktop/qt/shortcut_recorder_widget.h"
 #include "desktop/qt/shortcut_remark_label.h"
@@ -32,7 +33,7 @@ QPalette mutedText(QPalette palette) {
 SettingsWindow::SettingsWindow(Settings& settings, const NativeKeyCodes& keyCodes,
                                OwnWindows& ownWindows)
     : settings_(settings), ownWindows_(ownWindows) {
-    setWindowTitle(tr("Settings"));
+    setWindowTitle(localized("Settings"));
     setWindowIcon(programIcon());
     setAccessibleName(windowTitle());
     auto* layout = new QVBoxLayout(this);
@@ -58,7 +59,7 @@ void SettingsWindow::changeEvent(QEvent* event) {
 }
 
 void SettingsWindow::addSaving(QVBoxLayout& layout) {
-    save_ = new QPushButton(tr("&Save Current Window…"));
+    save_ = new QPushButton(localized("&Save Current Window…"));
     save_->setAutoDefault(false);
     connect(save_, &QPushButton::clicked, this, [this] { settings_.saveWindowPosition(); });
     layout.addWidget(save_, 0, Qt::AlignLeft);
@@ -67,8 +68,8 @@ void SettingsWindow::addSaving(QVBoxLayout& layout) {
 void SettingsWindow::addShortcut(QVBoxLayout& layout, const NativeKeyCodes& keyCodes) {
     auto* form = new QFormLayout;
     auto* recorder = new ShortcutRecorderWidget(settings_.shortcutRecorder(), keyCodes);
-    recorder->setAccessibleName(tr("Shortcut that moves the window to the next display"));
-    form->addRow(tr("&Move window to next display:"), recorder);
+    recorder->setAccessibleName(localized("Shortcut that moves the window to the next display"));
+    form->addRow(localized("&Move window to next display:"), recorder);
     remark_ = makeShortcutRemarkLabel();
     form->addRow(QString(), remark_);
     layout.addLayout(form);
@@ -76,15 +77,15 @@ void SettingsWindow::addShortcut(QVBoxLayout& layout, const NativeKeyCodes& keyC
 
 void SettingsWindow::addOptions(QVBoxLayout& layout) {
     allowMoveWindow_ =
-        new QCheckBox(tr("A shortcut &pressed again moves the window to the next display"));
-    startupItem_ = new QCheckBox(tr("Start at &login"));
+        new QCheckBox(localized("A shortcut &pressed again moves the window to the next display"));
+    startupItem_ = new QCheckBox(localized("Start at &login"));
     for (auto* box : {allowMoveWindow_, startupItem_}) {
         box->setStyle(new VisibleBoxes(box));
     }
-    auto* restore = new QPushButton(tr("&Restore Built-in States"));
+    auto* restore = new QPushButton(localized("&Restore Built-in States"));
     restore->setAutoDefault(false); // Return presses nothing
-    restore->setToolTip(tr("Puts the four built-in states back as they were at first. "
-                           "Your own states stay."));
+    restore->setToolTip(localized("Puts the four built-in states back as they were at first. "
+                                  "Your own states stay."));
     connect(allowMoveWindow_, &QCheckBox::clicked, this,
             [this] { settings_.allowStateShortuctMoveWindow(); });
     connect(startupItem_, &QCheckBox::clicked, this, [this] { settings_.startupItem(); });
@@ -102,15 +103,15 @@ void SettingsWindow::addFooter(QVBoxLayout& layout) {
         link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
         connect(link, &QLabel::linkActivated, this, [this, action] { (settings_.*action)(); });
         footer->addWidget(link);
-        links_.append(link);
+        return link;
     };
     version_ = new QLabel;
     footer->setSpacing(kSpacing);
     footer->addWidget(version_);
     footer->addStretch();
-    addLink(tr("Website"), &Settings::website);
-    addLink(tr("FAQ"), &Settings::faq);
-    addLink(tr("Feedback"), &Settings::feedback);
+    websiteLinks_.append(addLink(localized("Website"), &Settings::website));
+    addLink(localized("FAQ"), &Settings::faq);
+    websiteLinks_.append(addLink(localized("Feedback"), &Settings::feedback));
     layout.addSpacing(kSpacing);
     layout.addLayout(footer);
 }
@@ -141,7 +142,7 @@ void SettingsWindow::setVersion(const std::string& text) {
 }
 
 void SettingsWindow::setWebsiteShown(bool isShown) {
-    for (auto* link : links_) {
+    for (auto* link : websiteLinks_) {
         link->setVisible(isShown);
     }
 }

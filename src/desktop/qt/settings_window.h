@@ -51,8 +51,8 @@ private:
     QLabel* remark_ = nullptr;
     QPushButton* save_ = nullptr;
     QLabel* version_ = nullptr;
-    /// To the pages of the website.
-    QList<QLabel*> links_;
+    /// To the pages that only a website has.
+    QList<QLabel*> websiteLinks_;
 };
 
 } // namespace panewright

@@ -1,5 +1,6 @@
 #include "desktop/qt/shortcut_popover_parts.h"
 
+#include "desktop/qt/localized.h"
 #include "desktop/qt/program_icon.h"
 #include "desktop/qt/shortcut_recorder_widget.h"
 #include "desktop/qt/shortcut_remark_label.h"
@@ -54,13 +55,13 @@ void ShortcutPopoverParts::addFields(ShortcutPopoverController& controller,
 
     name_ = new QLineEdit;
     name_->setMinimumWidth(kPopoverFieldWidth);
-    name_->setPlaceholderText(tr("Left half, for example"));
-    name_->setAccessibleName(tr("Name of the window state"));
-    form_->addRow(tr("&Name:"), name_);
+    name_->setPlaceholderText(localized("Left half, for example"));
+    name_->setAccessibleName(localized("Name of the window state"));
+    form_->addRow(localized("&Name:"), name_);
 
     auto* recorder = new ShortcutRecorderWidget(controller.shortcutRecorder(), keyCodes);
-    recorder->setAccessibleName(tr("Shortcut"));
-    form_->addRow(tr("Shor&tcut:"), recorder);
+    recorder->setAccessibleName(localized("Shortcut"));
+    form_->addRow(localized("Shor&tcut:"), recorder);
     remark_ = makeShortcutRemarkLabel();
     form_->addRow(QString(), remark_);
     layout_->addLayout(form_);

@@ -3,8 +3,6 @@
 #include "desktop/qt/popover_window.h"
 #include "ui/shortcut_popover_controller.h"
 
-#include <QCoreApplication>
-
 class QBoxLayout;
 class QFormLayout;
 class QLabel;
@@ -20,8 +18,6 @@ constexpr int kPopoverFieldWidth = 240;
 /// What the popovers have in common in which a state gets its name and its shortcut: the window, a
 /// heading, the two fields and buttons.
 class ShortcutPopoverParts {
-    Q_DECLARE_TR_FUNCTIONS(ShortcutPopoverParts)
-
 public:
     /// All of it must outlive the parts.
     ShortcutPopoverParts(ShortcutPopoverController& controller, const NativeKeyCodes& keyCodes,

@@ -1,5 +1,6 @@
 #include "desktop/qt/shortcut_recorder_widget.h"
 
+#include "desktop/qt/localized.h"
 #include "desktop/qt/qt_colour.h"
 #include "shortcuts/modifier_flags.h"
 
@@ -66,9 +67,8 @@ QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* obje
 /// A shortcut with the modifiers that it begins with named as they are on the keyboard.
 QString inWords(const std::string& label) {
     static_assert(kModifierSymbols.size() == 4);
-    const QString words[] = {ShortcutRecorderWidget::tr("Ctrl"), ShortcutRecorderWidget::tr("Alt"),
-                             ShortcutRecorderWidget::tr("Shift"),
-                             ShortcutRecorderWidget::tr("Super")};
+    const QString words[] = {localized("Ctrl"), localized("Alt"), localized("Shift"),
+                             localized("Super")};
     auto rest = QString::fromStdString(label);
     QString text;
     for (std::size_t i = 0; i < kModifierSymbols.size(); ++i) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/lifetime.h"
-#include "desktop/freedesktop/url_opener.h"
+#include "desktop/freedesktop/desktop_opener.h"
 #include "desktop/x11/active_windows.h"
 #include "desktop/x11/window_activator.h"
 #include "desktop/x11/x11_keyboard_loan.h"
@@ -27,7 +27,8 @@ public:
     void hideThisApplication() override;
     /// Brings that window of ours to the front, from now on instead of the newest.
     void makeKey(xcb_window_t window);
-    void openUrl(const std::string& url) override { openUrlWithDesktop(url); }
+    void openUrl(const std::string& url) override { openWithDesktop(url); }
+    void openFile(const std::filesystem::path& file) override { openWithDesktop(file.string()); }
     void launchApplication(const std::string& /*bundlePath*/) override {}
 
 private:

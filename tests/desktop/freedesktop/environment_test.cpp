@@ -1,6 +1,6 @@
 // What the environment decides: folders, and who opens addresses.
 
-#include "desktop/freedesktop/url_opener.h"
+#include "desktop/freedesktop/desktop_opener.h"
 #include "desktop/freedesktop/xdg_folders.h"
 #include "support/eventually.h"
 #include "support/temporary_folder.h"
@@ -50,7 +50,7 @@ echo "$1" > "${0%/*}/heard"
     sigaddset(&blocked, SIGTERM);
     sigset_t before;
     pthread_sigmask(SIG_BLOCK, &blocked, &before);
-    openUrlWithDesktop("http://example.org/a page?'#faq");
+    openWithDesktop("http://example.org/a page?'#faq");
     EXPECT_TRUE(
         test::eventually([&] { return contentOf(heard) == "http://example.org/a page?'#faq\n"; }));
     EXPECT_EQ(contentOf(browser.string() + ".signals"), "blocked 0, SIGPIPE ignored 0\n");

@@ -1,4 +1,4 @@
-#include "desktop/freedesktop/url_opener.h"
+#include "desktop/freedesktop/desktop_opener.h"
 
 #include <signal.h> // NOLINT(modernize-deprecated-headers): <csignal> need not declare sigemptyset
 #include <spawn.h>
@@ -28,9 +28,9 @@ int spawnWithPlainSignals(char* const* arguments) {
 
 } // namespace
 
-void openUrlWithDesktop(const std::string& url) {
+void openWithDesktop(const std::string& addressOrPath) {
     std::string command = "xdg-open";
-    std::string address = url;
+    std::string address = addressOrPath;
     char* const arguments[] = {command.data(), address.data(), nullptr};
     // A child of a child has nobody here to be waited for by.
     const pid_t child = fork();

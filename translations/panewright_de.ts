@@ -1,0 +1,243 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>panewright</name>
+    <message>
+        <source>Save Current Window…</source>
+        <translation>Aktuelles Fenster sichern …</translation>
+    </message>
+    <message>
+        <source>Move to Next Display</source>
+        <translation>Auf nächsten Bildschirm bewegen</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>Einstellungen …</translation>
+    </message>
+    <message>
+        <source>Start at Login</source>
+        <translation>Bei der Anmeldung starten</translation>
+    </message>
+    <message>
+        <source>Restore Built-in States</source>
+        <translation>Eingebaute Zustände wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Crash</source>
+        <translation>Absturz</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>Nach Updates suchen …</translation>
+    </message>
+    <message>
+        <source>Send Feedback…</source>
+        <translation>Rückmeldung senden …</translation>
+    </message>
+    <message>
+        <source>FAQ</source>
+        <translation>Häufige Fragen</translation>
+    </message>
+    <message>
+        <source>Version: %@.%@</source>
+        <translation>Version: %@.%@</translation>
+    </message>
+    <message>
+        <source>Quit Panewright</source>
+        <translation>Panewright beenden</translation>
+    </message>
+    <message>
+        <source>All saved window states</source>
+        <translation>Alle gesicherten Fensterzustände</translation>
+    </message>
+    <message>
+        <source>Option-Click to edit a shortcut</source>
+        <translation>Mit Wahltaste klicken, um zu bearbeiten</translation>
+    </message>
+    <message>
+        <source>Option is the %@ key. Option-Shift-Click deletes.</source>
+        <translation>Die Wahltaste ist %@. Ein Klick mit Wahl- und Umschalttaste löscht.</translation>
+    </message>
+    <message>
+        <source>%1 (in use elsewhere)</source>
+        <translation>%1 (anderswo belegt)</translation>
+    </message>
+    <message>
+        <source>Save Window State</source>
+        <translation>Fensterzustand sichern</translation>
+    </message>
+    <message>
+        <source>Edit Window State</source>
+        <translation>Fensterzustand bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Name:</source>
+        <translation>&amp;Name:</translation>
+    </message>
+    <message>
+        <source>Name of the window state</source>
+        <translation>Name des Fensterzustands</translation>
+    </message>
+    <message>
+        <source>Left half, for example</source>
+        <translation>Linke Hälfte, zum Beispiel</translation>
+    </message>
+    <message>
+        <source>Shor&amp;tcut:</source>
+        <translation>&amp;Kurzbefehl:</translation>
+    </message>
+    <message>
+        <source>Shortcut</source>
+        <translation>Kurzbefehl</translation>
+    </message>
+    <message>
+        <source>Click to record shortcut</source>
+        <translation>Klicken zum Aufnehmen</translation>
+    </message>
+    <message>
+        <source>Type shortcut</source>
+        <translation>Tasten drücken</translation>
+    </message>
+    <message>
+        <source>Only active for %@</source>
+        <translation>Gilt nur in %@</translation>
+    </message>
+    <message>
+        <source>Active for &amp;all applications</source>
+        <translation>Gilt in &amp;allen Programmen</translation>
+    </message>
+    <message>
+        <source>Active for all applications</source>
+        <translation>Gilt in allen Programmen</translation>
+    </message>
+    <message>
+        <source>Built in, active for all applications</source>
+        <translation>Eingebaut, gilt in allen Programmen</translation>
+    </message>
+    <message>
+        <source>The keyboard shortcut will only be active while %@ is active.</source>
+        <translation>Der Kurzbefehl wirkt nur, während %@ aktiv ist.</translation>
+    </message>
+    <message>
+        <source>The keyboard shortcut will be active for all applications.</source>
+        <translation>Der Kurzbefehl wirkt in allen Programmen.</translation>
+    </message>
+    <message>
+        <source>&amp;Prefer the display it is on now</source>
+        <translation>Seinen jetzigen &amp;Bildschirm bevorzugen</translation>
+    </message>
+    <message>
+        <source>Also with other displays connected, the window goes to one of this size.</source>
+        <translation>Auch wenn andere Bildschirme angeschlossen sind, kommt das Fenster auf einen dieser Größe.</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>Abbre&amp;chen</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Sichern</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>Asks first, unless Shift is held.</source>
+        <translation>Fragt vorher, außer mit gedrückter Umschalttaste.</translation>
+    </message>
+    <message>
+        <source>&amp;Replace its frame by the current window's</source>
+        <translation>&amp;Rahmen durch den des aktuellen Fensters ersetzen</translation>
+    </message>
+    <message>
+        <source>The frame that the window in front had when this was opened.</source>
+        <translation>Der Rahmen, den das vorderste Fenster beim Öffnen dieses Fensters hatte.</translation>
+    </message>
+    <message>
+        <source>The frame of a built-in state follows from the display.</source>
+        <translation>Der Rahmen eines eingebauten Zustands ergibt sich aus dem Bildschirm.</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to delete this window state?</source>
+        <translation>Möchten Sie diesen Fensterzustand wirklich löschen?</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+    <message>
+        <source>Another program uses this shortcut.</source>
+        <translation>Ein anderes Programm verwendet diesen Kurzbefehl.</translation>
+    </message>
+    <message>
+        <source>Also used by %@.</source>
+        <translation>Auch verwendet von %@.</translation>
+    </message>
+    <message>
+        <source>This key cannot be a shortcut.</source>
+        <translation>Diese Taste kann kein Kurzbefehl sein.</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>&amp;Save Current Window…</source>
+        <translation>&amp;Aktuelles Fenster sichern …</translation>
+    </message>
+    <message>
+        <source>&amp;Move window to next display:</source>
+        <translation>Fenster auf nächsten &amp;Bildschirm bewegen:</translation>
+    </message>
+    <message>
+        <source>Shortcut that moves the window to the next display</source>
+        <translation>Kurzbefehl, der das Fenster auf den nächsten Bildschirm bewegt</translation>
+    </message>
+    <message>
+        <source>A shortcut &amp;pressed again moves the window to the next display</source>
+        <translation>Ein &amp;nochmals gedrückter Kurzbefehl bewegt das Fenster auf den nächsten Bildschirm</translation>
+    </message>
+    <message>
+        <source>Start at &amp;login</source>
+        <translation>Bei der Anme&amp;ldung starten</translation>
+    </message>
+    <message>
+        <source>&amp;Restore Built-in States</source>
+        <translation>&amp;Eingebaute Zustände wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Puts the four built-in states back as they were at first. Your own states stay.</source>
+        <translation>Stellt die vier eingebauten Zustände so her, wie sie anfangs waren. Ihre eigenen Zustände bleiben.</translation>
+    </message>
+    <message>
+        <source>Website</source>
+        <translation>Website</translation>
+    </message>
+    <message>
+        <source>Feedback</source>
+        <translation>Rückmeldung</translation>
+    </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Strg</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Umschalt</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Super</translation>
+    </message>
+</context>
+</TS>
