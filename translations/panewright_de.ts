@@ -239,5 +239,85 @@
         <source>Super</source>
         <translation>Super</translation>
     </message>
+    <message>
+        <source>The saved states could not be read…</source>
+        <translation>Die gesicherten Zustände konnten nicht gelesen werden …</translation>
+    </message>
+    <message>
+        <source>The saved states could not be written…</source>
+        <translation>Die gesicherten Zustände konnten nicht geschrieben werden …</translation>
+    </message>
+    <message>
+        <source>The saved states could not be read.</source>
+        <translation>Die gesicherten Zustände konnten nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The saved states could not be written.</source>
+        <translation>Die gesicherten Zustände konnten nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>The file %@ is damaged, or it is not from Panewright.</source>
+        <translation>Die Datei %@ ist beschädigt, oder sie stammt nicht von Panewright.</translation>
+    </message>
+    <message>
+        <source>Panewright may not read the file %@.</source>
+        <translation>Panewright darf die Datei %@ nicht lesen.</translation>
+    </message>
+    <message>
+        <source>The file %@ could not be read. The system says: %@</source>
+        <translation>Die Datei %@ konnte nicht gelesen werden. Das System sagt: %@</translation>
+    </message>
+    <message>
+        <source>The disk of the file %@ is full.</source>
+        <translation>Der Datenträger der Datei %@ ist voll.</translation>
+    </message>
+    <message>
+        <source>Panewright may not write the file %@.</source>
+        <translation>Panewright darf die Datei %@ nicht schreiben.</translation>
+    </message>
+    <message>
+        <source>Another Panewright works on the file %@.</source>
+        <translation>Ein anderes Panewright arbeitet mit der Datei %@.</translation>
+    </message>
+    <message>
+        <source>The states are too many for the file %@.</source>
+        <translation>Es sind zu viele Zustände für die Datei %@.</translation>
+    </message>
+    <message>
+        <source>The folder for them is missing and cannot be made.</source>
+        <translation>Der Ordner dafür fehlt und lässt sich nicht anlegen.</translation>
+    </message>
+    <message>
+        <source>The file %@ could not be written. The system says: %@</source>
+        <translation>Die Datei %@ konnte nicht geschrieben werden. Das System sagt: %@</translation>
+    </message>
+    <message>
+        <source>Nothing was changed. To start afresh, Panewright sets the file aside in its folder and begins with the built-in states.</source>
+        <translation>Nichts wurde verändert. Um neu zu beginnen, legt Panewright die Datei in ihrem Ordner beiseite und fängt mit den eingebauten Zuständen an.</translation>
+    </message>
+    <message>
+        <source>Start Afresh</source>
+        <translation>Neu beginnen</translation>
+    </message>
+    <message>
+        <source>Leave It</source>
+        <translation>So lassen</translation>
+    </message>
+    <message>
+        <source>All states are there as long as Panewright runs. It writes them with the next change, and when it ends.</source>
+        <translation>Alle Zustände sind da, solange Panewright läuft. Es schreibt sie bei der nächsten Änderung und wenn es endet.</translation>
+    </message>
+    <message>
+        <source>Try Again</source>
+        <translation>Nochmals versuchen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Nothing can be saved: the saved states could not be read.</source>
+        <translation>Es kann nichts gesichert werden: Die gesicherten Zustände konnten nicht gelesen werden.</translation>
+    </message>
 </context>
 </TS>

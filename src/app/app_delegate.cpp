@@ -103,7 +103,7 @@ std::shared_ptr<Settings> AppDelegate::makeSettings() {
                              ShortcutText(ports_.keyboardLayout, ports_.text), tracking_,
                              ports_.statusItem, statusItemController_->launchAgentStartupItem(),
                              Model::instance(), *statusItemController_, *statusItemController_,
-                             views_.factory});
+                             statusItemController_->storeTroubles(), views_.factory});
 }
 
 void AppDelegate::runAtStartup() {

@@ -33,7 +33,8 @@ constexpr int kMaxLinks = 40;
 FileError failure(const char* step, const std::filesystem::path& path) {
     const int code = errno;
     return {code == ENOENT,
-            fmt::format("{} {}: {}", step, path.string(), std::generic_category().message(code))};
+            fmt::format("{} {}: {}", step, path.string(), std::generic_category().message(code)),
+            std::error_code(code, std::generic_category())};
 }
 
 /// An open file, closed when it goes.

@@ -9,6 +9,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <system_error>
 
 namespace panewright {
 
@@ -20,6 +21,8 @@ struct FileError {
     /// Nothing stands under the name, or it is a link that leads to nothing.
     bool isNoSuchFile = false;
     std::string message;
+    /// Why the system refused; none where it did not.
+    std::error_code code{};
 };
 
 /// Tells one version of a file from another, as far as the file system does. Another link to the

@@ -34,6 +34,12 @@ void SavePopover::update() {
     controller_->setWindowState(newPendingState());
 }
 
+void SavePopover::showSavingRefusal() {
+    if (isShown()) {
+        controller_->showSavingRefusal();
+    }
+}
+
 std::shared_ptr<WindowState> SavePopover::newPendingState() const {
     auto state = WindowState::init();
     if (const auto& application = tracking_.currentApplication()) {

@@ -23,6 +23,8 @@ public:
     void open();
     /// Takes the tracked window as it is now for a fresh pending state.
     void update();
+    /// Says anew whether what is entered can be saved.
+    void showSavingRefusal();
     /// As the user does with the button.
     void cancel() { controller_->cancel(); }
     void close(KeyboardGoes where) { presenter_.close(controller_->popover(), where); }

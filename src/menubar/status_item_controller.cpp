@@ -104,6 +104,9 @@ void StatusItemController::awakeFromNib() {
 
 void StatusItemController::setupModel() {
     model_ = &Model::instance();
+    storeTroubles_.emplace(
+        StoreTroubles::Services{ports_.alerts, *model_, ports_.text,
+                                [this] { updateHotKeys(HotKeyOccasion::kStatesRestored); }});
 }
 
 void StatusItemController::setupStartupItem() {
@@ -127,7 +130,7 @@ void StatusItemController::setupMenu() {
     menu_.emplace(
         StatusMenu::Services{ports_.applicationIcons, ports_.displays, ports_.hotKeys,
                              ports_.images, ports_.mainLoop, ports_.text, shortcutText_, usage_,
-                             *model_, *tracking_},
+                             *model_, *storeTroubles_, *tracking_},
         StatusMenu::Actions{[this] { updateHotKeys(HotKeyOccasion::kMenuOpened); },
                             [this](const auto& state) { applyWindowStateToActiveWindow(state); },
                             [this](const auto& state) { editWindowState(state); },
@@ -148,7 +151,10 @@ void StatusItemController::setupNotifications() {
         ports_.workspace.onApplicationActivated([this] { workspaceDidActiveApplication(); });
     permission_ = ports_.accessibility.onTrusted([this] { permissionGiven(); });
     tracking_->setWindowChangedHandler([this] { updateSaveShortcutViewControllerIfOpen(); });
-    removedStates_ = model_->onStatesRemoved([this] { editPopover_->closeWithoutState(); });
+    removedStates_ = model_->onStatesRemoved([this] {
+        editPopover_->closeWithoutState();
+        savePopover_->showSavingRefusal();
+    });
 }
 
 void StatusItemController::setupSavePopover() {

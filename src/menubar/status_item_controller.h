@@ -15,6 +15,7 @@
 #include "services/launch_agent_startup_item.h"
 #include "services/product_pages.h"
 #include "ui/hot_key_refresh.h"
+#include "ui/store_troubles.h"
 #include "ui/window_state_editing.h"
 #include "ui/window_state_saving.h"
 
@@ -47,6 +48,7 @@ public:
     /// Whether the start-at-login item is checked.
     void setStartupItemState(bool on) { menu_->fixedItems().startupItem->isChecked = on; }
     StatusMenu& menu() { return *menu_; }
+    StoreTroubles& storeTroubles() { return *storeTroubles_; }
 
     /// Sets everything up, shows the status item and, with an application known already, tracks it
     /// and installs the hot keys. Once only: repeating does nothing. The store is loaded here.
@@ -136,6 +138,7 @@ private:
     std::shared_ptr<FocusTracking> tracking_;
     ActiveWindowPlacer placer_;
     Model* model_ = nullptr;
+    std::optional<StoreTroubles> storeTroubles_;
     std::optional<StatusMenu> menu_;
     std::optional<SavePopover> savePopover_;
     std::optional<EditPopover> editPopover_;

@@ -73,8 +73,24 @@ void StatusMenu::rebuildMenuFlat(bool flat) {
         item->tag = kInsertedItemTag;
     }
     menu_->insertItems(section, kInsertedItemIndex);
+    showStoreTrouble(kInsertedItemIndex + section.size());
     fixed_.moveToNextDisplayItem->isEnabled =
         QuartzDisplay::screens(services_.displays).size() != 1;
+}
+
+void StatusMenu::showStoreTrouble(std::size_t index) {
+    removeItemsWithTag(*menu_, kStoreTroubleTag);
+    const auto line = services_.storeTroubles.line();
+    if (line.empty()) {
+        return;
+    }
+    auto item = titleItem(line);
+    item->action = [this](const MenuChoice&) { services_.storeTroubles.explain(); };
+    const MenuItems group{item, separatorItemWithTag(0)};
+    for (const auto& each : group) {
+        each->tag = kStoreTroubleTag;
+    }
+    menu_->insertItems(group, index);
 }
 
 /// The states that apply to the frontmost application, by title, each with its hot key unless that

@@ -11,6 +11,7 @@
 #include "platform/text_services.h"
 #include "services/tracking.h"
 #include "shortcuts/shortcut_text.h"
+#include "ui/store_troubles.h"
 #include "ui/window_state_images.h"
 
 #include <functional>
@@ -23,7 +24,9 @@ class Model;
 
 /// The tag of all that stands in the menu only while it is open, and of nothing else.
 inline constexpr std::int64_t kInsertedItemTag = 210;
-/// Where that begins.
+/// The tag of the line about the store, which stands below that, and of its separator.
+inline constexpr std::int64_t kStoreTroubleTag = 211;
+/// Where what is inserted begins.
 inline constexpr std::size_t kInsertedItemIndex = 3; // so many fixed items come before
 
 /// The status item's menu: its fixed items, and between these the saved states, which are put in
@@ -41,6 +44,7 @@ public:
         ShortcutText shortcutText;
         Tracking tracking;
         const Model& model;
+        StoreTroubles& storeTroubles;
         FocusTracking& focus;
     };
     struct Actions {
@@ -82,6 +86,8 @@ public:
     void showMoveToNextDisplayKey(const CarbonKeyEvent* key);
 
 private:
+    /// Below the states that end before the index.
+    void showStoreTrouble(std::size_t index);
     MenuItems quickItems();
     void addApplications(MenuItems& section, bool flat);
     void addFlat(MenuItems& section, const WindowStates& states);

@@ -42,6 +42,7 @@ Model::Model(const Services& services)
 void Model::loadWindowStates() {
     writer_.drain();
     windowStates_ = std::nullopt;
+    readFailure_ = std::nullopt;
     const auto content = file_.read();
     if (content) {
         windowStates_ = unarchivedWindowStates(content.value());
@@ -49,17 +50,28 @@ void Model::loadWindowStates() {
             file_.accept();
             save(); // a file in the plain form becomes a compressed one
         } else {
-            logLine("Error reading window states: the file is damaged and stays as it is");
+            readFailure_ = {StoreFailureCause::kDamaged, "the file is damaged and stays as it is"};
         }
     } else if (content.error().isNoSuchFile) {
         windowStates_.emplace();
     } else {
-        logLine("Error reading window states: " + content.error().message);
+        readFailure_ = storeFailureFrom(content.error());
+    }
+    if (readFailure_) {
+        logLine("Error reading window states: " + readFailure_->message);
+    }
+}
+
+void Model::startAfresh() {
+    if (!windowStates_) {
+        setWindowStates(WindowStates());
+        restoreDefaultWindowStates();
     }
 }
 
 void Model::setWindowStates(std::optional<WindowStates> states) {
     windowStates_ = std::move(states);
+    readFailure_ = std::nullopt;
     removals_.notify();
 }
 

@@ -7,6 +7,7 @@
 #include "model/window_state_archive.h"
 #include "services/defaults.h"
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -55,6 +56,17 @@ public:
     void setWindowStates(std::optional<WindowStates> states);
 
     void loadWindowStates();
+
+    /// Begins with the built-in states where the file could not be read, which the save sets aside.
+    /// Nothing otherwise.
+    void startAfresh();
+
+    /// The store's file; empty where there is no folder for it.
+    std::filesystem::path file() const { return file_.path(); }
+    /// Why there are no states; nil when there are.
+    const std::optional<StoreFailure>& readFailure() const { return readFailure_; }
+    /// Why the states are not on the disk as they are; nil when they are, or are about to be tried.
+    std::optional<StoreFailure> writeFailure() const { return writer_.failure(); }
 
     /// Hands the states to the background writer as they are now, without the applications that
     /// have none left.
@@ -109,6 +121,7 @@ private:
     StoreFile file_;
     StoreWriter writer_;
     std::optional<WindowStates> windowStates_;
+    std::optional<StoreFailure> readFailure_;
     ObserverList<> removals_;
 };
 

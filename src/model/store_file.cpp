@@ -43,7 +43,8 @@ std::optional<FileError> setAside(const fs::path& file, std::string_view kind) {
     if (!error) {
         return std::nullopt;
     }
-    return FileError{false, fmt::format("setting {} aside: {}", file.string(), error.message())};
+    return FileError{false, fmt::format("setting {} aside: {}", file.string(), error.message()),
+                     error};
 }
 
 } // namespace
@@ -72,17 +73,18 @@ void StoreFile::accept() {
     isUnaccepted_ = false;
 }
 
-std::optional<StoreWriteError> StoreFile::checkLock() {
+std::optional<StoreFailure> StoreFile::checkLock() {
     if (lock_.take() == StoreLock::Outcome::kHeldByAnother) {
-        return StoreWriteError{true, "another Panewright works on the store"};
+        return StoreFailure{StoreFailureCause::kHeldByAnother,
+                            "another Panewright works on the store"};
     }
     return std::nullopt;
 }
 
-std::optional<StoreWriteError> StoreFile::write(const Bytes& content) {
+std::optional<StoreFailure> StoreFile::write(const Bytes& content) {
     const auto file = storeFilePath(folders_);
     if (!file) {
-        return StoreWriteError{false, "no folder for the store"};
+        return StoreFailure{StoreFailureCause::kNoFolder, "no folder for the store"};
     }
     if (auto error = checkLock()) {
         return error;
@@ -92,17 +94,17 @@ std::optional<StoreWriteError> StoreFile::write(const Bytes& content) {
     }
     const fs::path target = linkTarget(*file);
     if (const auto error = setAsideWhatWouldBeLost(target)) {
-        return StoreWriteError{false, error->message};
+        return storeFailureFrom(*error);
     }
     attemptedChecksum_ = checksumOf(content);
     // The disk may take its time, in which another may have come.
-    std::optional<StoreWriteError> late;
+    std::optional<StoreFailure> late;
     const auto written = writeFileAtomically(*file, content, [&]() -> std::optional<FileError> {
         late = checkLock();
         return late ? FileError{false, late->message} : setAsideWhatWouldBeLost(target);
     });
     if (!written) {
-        return late ? *late : StoreWriteError{false, written.error().message};
+        return late ? *late : storeFailureFrom(written.error());
     }
     known_ = written.value();
     knownChecksum_ = attemptedChecksum_;

@@ -3,6 +3,7 @@
 #include "base/bytes.h"
 #include "base/file.h"
 #include "base/result.h"
+#include "model/store_failure.h"
 #include "model/store_location.h"
 
 #include <cstdint>
@@ -15,18 +16,14 @@ namespace panewright {
 
 class StoreLock;
 
-/// Why the store was not written.
-struct StoreWriteError {
-    /// Another process has the lock. The store may be written once that has gone.
-    bool isHeldByAnother = false;
-    std::string message;
-};
-
 /// The file of the store. One thread at a time.
 class StoreFile {
 public:
     /// Both must outlive it; the lock is its own to use from now on.
     StoreFile(const StandardFolders& folders, StoreLock& lock) : folders_(folders), lock_(lock) {}
+
+    /// Where it stands, or would; empty where there is no folder for it. Callable from any thread.
+    std::filesystem::path path() const { return quietStoreFilePath(folders_).value_or(""); }
 
     /// The whole content. A folder that is not to be had, which is logged, counts as no such file.
     Result<Bytes, FileError> read();
@@ -35,13 +32,13 @@ public:
     void accept();
 
     /// Takes the lock again if it is gone. Nil when write() may go on.
-    std::optional<StoreWriteError> checkLock();
+    std::optional<StoreFailure> checkLock();
 
     /// Replaces the content atomically, under the lock if there is one to be had. What stands there
     /// and would be lost is set aside first, under the next free number: as
     /// "keyEvents.data.unreadable-1" what read() gave and nobody accepted, as
     /// "keyEvents.data.changed-1" what somebody else has written since. Nothing when all went well.
-    std::optional<StoreWriteError> write(const Bytes& content);
+    std::optional<StoreFailure> write(const Bytes& content);
 
     /// Keeps the content beside the store, as "keyEvents.data.unsaved-1" or the next free number,
     /// whoever has the lock. Gives the name.

@@ -42,6 +42,11 @@ void StoreWriter::write(ArchiveValue snapshot) {
     changed_.notify_all();
 }
 
+std::optional<StoreFailure> StoreWriter::failure() const {
+    const std::scoped_lock lock(mutex_);
+    return failure_;
+}
+
 void StoreWriter::drain() {
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [this] { return !next_ && !isWriting_; });
@@ -56,18 +61,19 @@ void StoreWriter::run() {
             unsaved_ = std::exchange(next_, std::nullopt);
         }
         isWriting_ = true;
+        auto failure = failure_;
         lock.unlock();
         if (unsaved_) {
-            const auto error = writeNow(*unsaved_);
-            isBlockedByAnother_ = error && error->isHeldByAnother;
-            logOnce(error ? error->message : "");
-            if (!error) {
+            failure = writeNow(*unsaved_);
+            logOnce(failure);
+            if (!failure) {
                 unsaved_ = std::nullopt;
             } else if (isLast) {
                 keepUnsaved();
             }
         }
         lock.lock();
+        failure_ = std::move(failure);
         isWriting_ = false;
         changed_.notify_all();
         if (isLast) {
@@ -79,20 +85,21 @@ void StoreWriter::run() {
 /// Until there is a snapshot, the end, or another try to be made.
 void StoreWriter::waitForWork(std::unique_lock<std::mutex>& lock) {
     const auto hasWork = [this] { return next_ || isEnding_; };
-    if (unsaved_ && isBlockedByAnother_) {
+    if (unsaved_ && failure_ && failure_->cause == StoreFailureCause::kHeldByAnother) {
         changed_.wait_for(lock, kRetryInterval, hasWork);
     } else {
         changed_.wait(lock, hasWork);
     }
 }
 
-std::optional<StoreWriteError> StoreWriter::writeNow(const ArchiveValue& snapshot) {
+std::optional<StoreFailure> StoreWriter::writeNow(const ArchiveValue& snapshot) {
     if (auto error = file_.checkLock()) {
         return error; // before all the work
     }
     const auto content = archivedSnapshot(snapshot);
     return content ? file_.write(*content)
-                   : StoreWriteError{false, "they hold more than could be read back"};
+                   : StoreFailure{StoreFailureCause::kTooLarge,
+                                  "they hold more than could be read back"};
 }
 
 void StoreWriter::keepUnsaved() {
@@ -105,11 +112,12 @@ void StoreWriter::keepUnsaved() {
                  : "Error keeping window states: " + kept.error().message);
 }
 
-void StoreWriter::logOnce(const std::string& failure) {
-    if (!failure.empty() && failure != lastFailure_) {
-        logLine("Error saving window states: " + failure);
+void StoreWriter::logOnce(const std::optional<StoreFailure>& failure) {
+    const auto message = failure ? failure->message : std::string();
+    if (failure && message != lastFailure_) {
+        logLine("Error saving window states: " + message);
     }
-    lastFailure_ = failure;
+    lastFailure_ = message;
 }
 
 } // namespace panewright

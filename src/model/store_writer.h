@@ -30,6 +30,9 @@ public:
     /// Returns at once. The first call starts the thread.
     void write(ArchiveValue snapshot);
 
+    /// Why the newest snapshot that was tried is not on the disk; nil when it is, or none was.
+    std::optional<StoreFailure> failure() const;
+
     /// Returns when the newest snapshot has been written or has failed.
     void drain();
 
@@ -37,8 +40,8 @@ private:
     void run();
     void waitForWork(std::unique_lock<std::mutex>& lock);
     /// Nil when all went well.
-    std::optional<StoreWriteError> writeNow(const ArchiveValue& snapshot);
-    void logOnce(const std::string& failure);
+    std::optional<StoreFailure> writeNow(const ArchiveValue& snapshot);
+    void logOnce(const std::optional<StoreFailure>& failure);
     void keepUnsaved();
 
     StoreFile& file_;
@@ -47,11 +50,11 @@ private:
     // The thread's own.
     std::string lastFailure_;
     std::optional<ArchiveValue> unsaved_;
-    bool isBlockedByAnother_ = false;
 
-    std::mutex mutex_; // guards what follows
+    mutable std::mutex mutex_; // guards what follows
     std::condition_variable changed_;
     std::optional<ArchiveValue> next_;
+    std::optional<StoreFailure> failure_;
     bool isWriting_ = false;
     bool isEnding_ = false;
 

@@ -14,6 +14,8 @@ enum class AlertStyle { kWarning = 0, kInformational = 1, kCritical = 2 };
 /// A question with the buttons that answer it, in the user's language.
 struct Alert {
     std::string messageText;
+    /// What helps to answer, in smaller print; empty for none.
+    std::string informativeText = {};
     AlertStyle style = AlertStyle::kWarning;
     /// At least one. Return presses the first one, Escape the last one, which closing the window
     /// does too.

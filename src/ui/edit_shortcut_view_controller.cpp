@@ -112,10 +112,11 @@ void EditShortcutViewController::deleteWindowState(std::uint64_t modifierFlags) 
     }
     const auto& text = services().text;
     services().beeper.beep();
-    question_ = alerts_.ask({text.localized("Are you sure you want to delete this window state?"),
-                             AlertStyle::kCritical,
-                             {text.localized("Yes"), text.localized("No")}},
-                            [this](int response) { questionAnswered(response); });
+    question_ = alerts_.ask(
+        {.messageText = text.localized("Are you sure you want to delete this window state?"),
+         .style = AlertStyle::kCritical,
+         .buttons = {text.localized("Yes"), text.localized("No")}},
+        [this](int response) { questionAnswered(response); });
 }
 
 void EditShortcutViewController::questionAnswered(int response) {

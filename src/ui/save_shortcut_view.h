@@ -26,6 +26,9 @@ public:
 
     virtual bool prefersDisplay() const = 0;
     virtual void setPrefersDisplay(bool on) = 0;
+
+    /// Why nothing can be saved, beside a button that then saves nothing; empty when it can.
+    virtual void setSavingRefusal(const std::string& text) = 0;
 };
 
 } // namespace panewright

@@ -2,6 +2,7 @@
 
 #include "model/window_state.h"
 #include "ui/format_text.h"
+#include "ui/store_troubles.h"
 #include "ui/window_state_saving.h"
 
 namespace panewright {
@@ -92,6 +93,11 @@ void SaveShortcutViewController::reset() {
     view_->setForAllApplications(false);
     shortcutRecorder().clear();
     view_->setShortcutRemark("");
+    showSavingRefusal();
+}
+
+void SaveShortcutViewController::showSavingRefusal() {
+    view_->setSavingRefusal(savingRefusal(services().model, services().text));
 }
 
 void SaveShortcutViewController::onActiveForAppOnly() {

@@ -46,6 +46,8 @@ public:
 
     /// Everything that can be entered as it is at first.
     void reset();
+    /// Says whether what is entered can be saved.
+    void showSavingRefusal();
 
     // What the user does in the view.
     void save();

@@ -28,6 +28,16 @@ void Settings::awakeFromNib() {
     showSavingUnlessInStatusBar();
     statusItemChanges_ =
         services_.statusItem.onShownChange([this] { showSavingUnlessInStatusBar(); });
+    stateChanges_ = services_.model.onStatesRemoved([this] { showStoreTrouble(); });
+}
+
+void Settings::showWindow() {
+    showStoreTrouble();
+    view_->showWindow();
+}
+
+void Settings::showStoreTrouble() {
+    view_->setStoreTrouble(services_.storeTroubles.line());
 }
 
 /// Without an icon there is no menu to save from.

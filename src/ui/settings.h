@@ -10,6 +10,7 @@
 #include "services/tracking.h"
 #include "shortcuts/qf_shortcut_recorder.h"
 #include "ui/hot_key_refresh.h"
+#include "ui/store_troubles.h"
 #include "ui/view_factory.h"
 #include "ui/window_state_saving.h"
 
@@ -37,6 +38,7 @@ public:
         Model& model;
         HotKeyRefresh& hotKeyRefresh;
         WindowStateSaving& saving;
+        StoreTroubles& storeTroubles;
         ViewFactory& views;
     };
 
@@ -45,11 +47,12 @@ public:
 
     QFShortcutRecorder& shortcutRecorder() { return recorder_; }
 
-    void showWindow() { view_->showWindow(); }
+    void showWindow();
     void makeKeyAndOrderFront() { view_->makeKeyAndOrderFront(); }
 
     // What the user does in the window.
     void saveWindowPosition();
+    void explainStoreTrouble() { services_.storeTroubles.explain(); }
     void startupItem();
     void allowStateShortuctMoveWindow();
     void restoreDefaultWindowStates();
@@ -69,11 +72,13 @@ private:
     void awakeFromNib();
     void showStoredShortcut();
     void showSavingUnlessInStatusBar();
+    void showStoreTrouble();
 
     Services services_;
     QFShortcutRecorder recorder_;
     std::unique_ptr<SettingsView> view_; // after the rest, which it knows
     Registration statusItemChanges_;
+    Registration stateChanges_;
 };
 
 } // namespace panewright

@@ -131,6 +131,7 @@ TEST_F(EditPopoverTest, LeavesTheHotKeysToTheNextApplicationAndOnlyClosesOnEscap
 TEST_F(EditPopoverTest, DeletesAfterAQuestionOrAtOnceWithShift) {
     popover().deleteWindowState(0);
     EXPECT_EQ(desktop_.alerts.open, (Alert{"Are you sure you want to delete this window state?",
+                                           "",
                                            AlertStyle::kCritical,
                                            {"Yes", "No"}}));
     EXPECT_EQ(desktop_.beeper.beeps, 1);

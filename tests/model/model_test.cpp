@@ -186,11 +186,19 @@ TEST_F(ModelTest, LeavesAFileAloneThatItCannotRead) {
         auto model = makeModel();
         EXPECT_EQ(model->allWindowStates(), std::nullopt);
         EXPECT_EQ(model->defaultWindowStates(), nullptr);
+        EXPECT_EQ(model->readFailure()->cause, StoreFailureCause::kDamaged);
         model->addWindowState(makeState("app", "x"));
         model->restoreDefaultWindowStates();
         model = nullptr;
         EXPECT_EQ(contentOf(file_), content);
     }
+    const auto model = makeModel();
+    model->startAfresh();
+    model->finishSaving();
+    EXPECT_FALSE(model->readFailure());
+    EXPECT_THAT(keysOf(statesOnDisk()), ElementsAre("defaults"));
+    const std::string last(contents.back().begin(), contents.back().end());
+    EXPECT_EQ(contentOf(file_.string() + ".unreadable-1"), last);
 }
 
 TEST_F(ModelTest, GoesOnWithoutAFolder) {

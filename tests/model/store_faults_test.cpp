@@ -88,23 +88,25 @@ protected:
 };
 
 TEST_F(StoreFaultsTest, KeepsTheOldStatesWhicheverCallFailsAndSavesThemNextTime) {
+    using enum StoreFailureCause;
     const struct {
         Fault fault;
-        const char* cause; // null where it is overcome
+        std::optional<StoreFailureCause> failure; // nil where it is overcome
+        const char* cause;                        // null there
         const char* onDisk;
     } cases[] = {
-        {{"write", 1, ENOSPC}, "No space left on device", "old"},
-        {{"write", 1, EDQUOT}, "Disk quota exceeded", "old"},
-        {{"fsync", 1, EIO}, "Input/output error", "old"},
-        {{"close", 1, EDQUOT}, "Disk quota exceeded", "old"},
-        {{"rename", 1, EACCES}, "Permission denied", "old"},
-        {{"fsync", 2, EIO}, "Input/output error", "new"}, // the folder's, after the move
-        {{"write", 1, EINTR}, nullptr, "new"},
-        {{"fsync", 1, EINTR}, nullptr, "new"},
-        {{"close", 1, EINTR}, nullptr, "new"},
-        {{"short write", 1}, nullptr, "new"},
+        {{"write", 1, ENOSPC}, kDiskFull, "No space left on device", "old"},
+        {{"write", 1, EDQUOT}, kDiskFull, "Disk quota exceeded", "old"},
+        {{"fsync", 1, EIO}, kOther, "Input/output error", "old"},
+        {{"close", 1, EDQUOT}, kDiskFull, "Disk quota exceeded", "old"},
+        {{"rename", 1, EACCES}, kNotPermitted, "Permission denied", "old"},
+        {{"fsync", 2, EIO}, kOther, "Input/output error", "new"}, // the folder's, after the move
+        {{"write", 1, EINTR}, std::nullopt, nullptr, "new"},
+        {{"fsync", 1, EINTR}, std::nullopt, nullptr, "new"},
+        {{"close", 1, EINTR}, std::nullopt, nullptr, "new"},
+        {{"short write", 1}, std::nullopt, nullptr, "new"},
     };
-    for (const auto& [planned, cause, onDisk] : cases) {
+    for (const auto& [planned, failure, cause, onDisk] : cases) {
         SCOPED_TRACE(testing::Message() << planned.call << " " << planned.error);
         saveAs("old");
         static_cast<void>(log_.take());
@@ -112,6 +114,8 @@ TEST_F(StoreFaultsTest, KeepsTheOldStatesWhicheverCallFailsAndSavesThemNextTime)
         saveAs("new");
         EXPECT_GE(calls, planned.number);
         plan({});
+        const auto told = model_->writeFailure();
+        EXPECT_EQ(told ? std::optional(told->cause) : std::nullopt, failure);
         EXPECT_EQ(nameOnDisk(), onDisk);
         EXPECT_EQ(countOfFiles(folder_), 2) << "the store and its lock, nothing else";
         const auto lines = log_.take();
@@ -121,6 +125,7 @@ TEST_F(StoreFaultsTest, KeepsTheOldStatesWhicheverCallFailsAndSavesThemNextTime)
             EXPECT_THAT(lines[0], testing::HasSubstr(cause));
         }
         saveAs("newer");
+        EXPECT_FALSE(model_->writeFailure());
         EXPECT_EQ(nameOnDisk(), "newer");
     }
 }

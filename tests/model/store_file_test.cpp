@@ -132,7 +132,7 @@ TEST_F(StoreFileTest, LosesNothingToAnotherThatStartedAfterTheLockOrItsFolderWas
             setContent(folder_ / ".keyEvents.data.new-00000000", "a write of the other");
             const auto refused = file.write(bytes("second"));
             ASSERT_TRUE(refused);
-            EXPECT_TRUE(refused->isHeldByAnother);
+            EXPECT_EQ(refused->cause, StoreFailureCause::kHeldByAnother);
             EXPECT_EQ(contentOf(file_), "the other's");
             EXPECT_TRUE(std::filesystem::exists(folder_ / ".keyEvents.data.new-00000000"));
         }

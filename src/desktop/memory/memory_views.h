@@ -92,6 +92,7 @@ public:
     }
     bool prefersDisplay() const override { return preferred; }
     void setPrefersDisplay(bool on) override { preferred = on; }
+    void setSavingRefusal(const std::string& text) override { savingRefusal = text; }
 
     ImagePtr applicationImage;
     ImagePtr windowStateImage;
@@ -102,6 +103,7 @@ public:
     bool allApplications = false;
     std::string allApplicationsToolTip;
     bool preferred = false;
+    std::string savingRefusal;
 };
 
 /// The edit popover's controls.
@@ -138,6 +140,7 @@ public:
     void setAllowMoveWindow(bool on) override { allowsMove = on; }
     void setVersion(const std::string& text) override { version = text; }
     void setWebsiteShown(bool isShown) override { leadsToWebsite = isShown; }
+    void setStoreTrouble(const std::string& line) override { storeTrouble = line; }
     void setShortcutRemark(const std::string& text) override { remark = text; }
     void setSavingShown(bool isShown) override { offersSaving = isShown; }
 
@@ -151,6 +154,7 @@ public:
     bool offersSaving = false;
     bool leadsToWebsite = false;
     std::string version;
+    std::string storeTrouble;
     std::string remark;
 
 private:

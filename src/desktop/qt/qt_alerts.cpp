@@ -96,6 +96,7 @@ QMessageBox* makeBox(const Alert& alert, QWidget* blocked) {
     box->setWindowIcon(programIcon());
     box->setTextFormat(Qt::PlainText);
     box->setText(QString::fromStdString(alert.messageText));
+    box->setInformativeText(QString::fromStdString(alert.informativeText));
     box->setWindowModality(Qt::NonModal);
     box->setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                         Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint);

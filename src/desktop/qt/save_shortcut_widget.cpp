@@ -2,6 +2,7 @@
 
 #include "desktop/qt/localized.h"
 #include "desktop/qt/qt_image.h"
+#include "desktop/qt/shortcut_remark_label.h"
 #include "ui/save_shortcut_view_controller.h"
 
 #include <QCheckBox>
@@ -36,7 +37,8 @@ SaveShortcutWidget::SaveShortcutWidget(SaveShortcutViewController& controller,
     addPictures();
     addContext(controller);
     parts().addButton(localized("&Cancel"), [&controller] { controller.cancel(); });
-    parts().addButton(localized("&Save"), [&controller] { controller.save(); }).setDefault(true);
+    save_ = &parts().addButton(localized("&Save"), [&controller] { controller.save(); });
+    save_->setDefault(true);
 }
 
 void SaveShortcutWidget::addPictures() {
@@ -57,6 +59,9 @@ void SaveShortcutWidget::addContext(SaveShortcutViewController& controller) {
     form.addRow(QString(), forAppOnly_);
     form.addRow(QString(), forAllApplications_);
     form.addRow(QString(), prefersDisplay_);
+    refusal_ = makeShortcutRemarkLabel();
+    refusal_->setWordWrap(true);
+    form.addRow(QString(), refusal_);
     QObject::connect(forAppOnly_, &QRadioButton::clicked,
                      [&controller] { controller.onActiveForAppOnly(); });
     QObject::connect(forAllApplications_, &QRadioButton::clicked,
@@ -112,6 +117,13 @@ bool SaveShortcutWidget::prefersDisplay() const {
 
 void SaveShortcutWidget::setPrefersDisplay(bool on) {
     prefersDisplay_->setChecked(on);
+}
+
+void SaveShortcutWidget::setSavingRefusal(const std::string& text) {
+    refusal_->setText(QString::fromStdString(text));
+    refusal_->setVisible(!text.empty());
+    save_->setEnabled(text.empty());
+    parts().window().contentChanged();
 }
 
 } // namespace panewright

@@ -5,6 +5,7 @@
 
 class QCheckBox;
 class QLabel;
+class QPushButton;
 class QRadioButton;
 
 namespace panewright {
@@ -28,6 +29,7 @@ public:
     void setForAllApplicationsToolTip(const std::string& text) override;
     bool prefersDisplay() const override;
     void setPrefersDisplay(bool on) override;
+    void setSavingRefusal(const std::string& text) override;
 
 private:
     void addPictures();
@@ -39,6 +41,8 @@ private:
     QRadioButton* forAppOnly_ = nullptr;
     QRadioButton* forAllApplications_ = nullptr;
     QCheckBox* prefersDisplay_ = nullptr;
+    QLabel* refusal_ = nullptr;
+    QPushButton* save_ = nullptr;
 };
 
 } // namespace panewright

@@ -12,6 +12,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace panewright {
@@ -40,6 +41,7 @@ SettingsWindow::SettingsWindow(Settings& settings, const NativeKeyCodes& keyCode
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     layout->setSpacing(kSpacing);
     layout->setSizeConstraint(QLayout::SetFixedSize);
+    addStoreTrouble(*layout);
     addSaving(*layout);
     addShortcut(*layout, keyCodes);
     addOptions(*layout);
@@ -56,6 +58,15 @@ void SettingsWindow::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange && version_) {
         suitTheme();
     }
+}
+
+void SettingsWindow::addStoreTrouble(QVBoxLayout& layout) {
+    storeTrouble_ = new QPushButton(style()->standardIcon(QStyle::SP_MessageBoxWarning), {});
+    storeTrouble_->setAutoDefault(false);
+    storeTrouble_->hide();
+    connect(storeTrouble_, &QPushButton::clicked, this,
+            [this] { settings_.explainStoreTrouble(); });
+    layout.addWidget(storeTrouble_, 0, Qt::AlignLeft);
 }
 
 void SettingsWindow::addSaving(QVBoxLayout& layout) {
@@ -145,6 +156,11 @@ void SettingsWindow::setWebsiteShown(bool isShown) {
     for (auto* link : websiteLinks_) {
         link->setVisible(isShown);
     }
+}
+
+void SettingsWindow::setStoreTrouble(const std::string& line) {
+    storeTrouble_->setText(QString::fromStdString(line).replace('&', "&&"));
+    storeTrouble_->setVisible(!line.empty());
 }
 
 void SettingsWindow::setSavingShown(bool isShown) {

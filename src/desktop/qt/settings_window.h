@@ -29,6 +29,7 @@ public:
     void setAllowMoveWindow(bool on) override;
     void setVersion(const std::string& text) override;
     void setShortcutRemark(const std::string& text) override;
+    void setStoreTrouble(const std::string& line) override;
     void setWebsiteShown(bool isShown) override;
     void setSavingShown(bool isShown) override;
 
@@ -38,6 +39,7 @@ protected:
 private:
     /// Colours that the theme does not give.
     void suitTheme();
+    void addStoreTrouble(QVBoxLayout& layout);
     void addSaving(QVBoxLayout& layout);
     void addShortcut(QVBoxLayout& layout, const NativeKeyCodes& keyCodes);
     void addOptions(QVBoxLayout& layout);
@@ -49,6 +51,7 @@ private:
     QCheckBox* startupItem_ = nullptr;
     QCheckBox* allowMoveWindow_ = nullptr;
     QLabel* remark_ = nullptr;
+    QPushButton* storeTrouble_ = nullptr;
     QPushButton* save_ = nullptr;
     QLabel* version_ = nullptr;
     /// To the pages that only a website has.
