@@ -3,6 +3,7 @@
 #include "desktop/qt/program_icon.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -94,9 +95,11 @@ QMessageBox* makeBox(const Alert& alert, QWidget* blocked) {
     box->setIcon(iconFor(alert.style));
     box->setWindowTitle(QApplication::applicationDisplayName());
     box->setWindowIcon(programIcon());
-    box->setTextFormat(Qt::PlainText);
     box->setText(QString::fromStdString(alert.messageText));
     box->setInformativeText(QString::fromStdString(alert.informativeText));
+    for (auto* label : box->findChildren<QLabel*>()) {
+        label->setTextFormat(Qt::PlainText); // a file's name may look like markup
+    }
     box->setWindowModality(Qt::NonModal);
     box->setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                         Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint);
