@@ -22,7 +22,10 @@ ShortcutPopoverParts::ShortcutPopoverParts(ShortcutPopoverController& controller
                                            const NativeKeyCodes& keyCodes, OwnWindows& ownWindows,
                                            const QString& title)
     : window_(keyCodes, ownWindows,
-              {[&controller](const KeyEvent& event) { return controller.keyDown(event); },
+              {[&controller](const KeyEvent& event) {
+                   controller.shortcutRecorder().flagsChanged(event.modifierFlags);
+                   return controller.keyDown(event);
+               },
                [&controller] { controller.closeRequested(); }}) {
     window_.setWindowTitle(title);
     window_.setWindowIcon(programIcon());

@@ -5,7 +5,6 @@
 #include "shortcuts/modifier_flags.h"
 
 #include <QAccessibleWidget>
-#include <QGuiApplication>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -124,7 +123,7 @@ void ShortcutRecorderWidget::holdKeyboard(bool hold) {
     if (hold) {
         grabKeyboard();
         // What was held before the recording counts too.
-        recorder_.flagsChanged(modifierFlagsOf(QGuiApplication::queryKeyboardModifiers()));
+        recorder_.flagsChanged(heldModifierFlags());
     } else {
         releaseKeyboard();
     }
@@ -155,7 +154,9 @@ bool ShortcutRecorderWidget::handleKey(QKeyEvent& event) {
     const bool wasRecording = recorder_.isRecording();
     const bool isRepeat = repeats_.isRepeat(event);
     if (isModifierKey(event, keyCodes_)) {
-        recorder_.flagsChanged(modifierFlagsOf(event.modifiers()));
+        // What the event says is wrong for Alt with Shift held, which is Meta to the toolkit, and
+        // while a screen reader listens, which the toolkit lets see a copy of each event first.
+        recorder_.flagsChanged(heldModifierFlags());
         return wasRecording;
     }
     if (event.type() == QEvent::KeyRelease || isRepeat) {
@@ -166,6 +167,7 @@ bool ShortcutRecorderWidget::handleKey(QKeyEvent& event) {
         recorder_.keyWithoutCode();
         return wasRecording;
     }
+    recorder_.flagsChanged(key->modifierFlags);
     return recorder_.keyDown(*key) || wasRecording;
 }
 
