@@ -1,5 +1,6 @@
 #include "desktop/qt/save_shortcut_widget.h"
 
+#include "desktop/qt/accessible_control.h"
 #include "desktop/qt/localized.h"
 #include "desktop/qt/qt_image.h"
 #include "ui/save_shortcut_view_controller.h"
@@ -10,6 +11,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QVBoxLayout>
 
 namespace panewright {
 namespace {
@@ -21,6 +23,20 @@ constexpr int kImageSize = 16;
 QString titleThatFits(const QString& title, const QRadioButton& button) {
     auto shown = button.fontMetrics().elidedText(title, Qt::ElideMiddle, kPopoverFieldWidth);
     return '&' + shown.replace('&', "&&");
+}
+
+/// A group that only screen readers tell of.
+QWidget* grouped(const QList<QWidget*>& members, int spacing, const QString& name) {
+    auto* group = new QWidget;
+    setAccessibleRole(*group, QAccessible::Grouping);
+    group->setAccessibleName(name);
+    auto* layout = new QVBoxLayout(group);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(spacing);
+    for (auto* member : members) {
+        layout->addWidget(member);
+    }
+    return group;
 }
 
 void setImage(QLabel& label, const ImagePtr& image) {
@@ -43,6 +59,8 @@ void SaveShortcutWidget::addPictures() {
     applicationImage_ = new QLabel;
     windowStateImage_ = new QLabel;
     windowStateImage_->hide();
+    applicationImage_->setAccessibleName(localized("Icon of the program"));
+    windowStateImage_->setAccessibleName(localized("Picture of the window on its display"));
     parts().header().insertWidget(0, applicationImage_);
     parts().header().addWidget(windowStateImage_);
 }
@@ -54,8 +72,8 @@ void SaveShortcutWidget::addContext(SaveShortcutViewController& controller) {
     prefersDisplay_->setToolTip(
         localized("Also with other displays connected, the window goes to one of this size."));
     auto& form = parts().form();
-    form.addRow(QString(), forAppOnly_);
-    form.addRow(QString(), forAllApplications_);
+    form.addRow(QString(), grouped({forAppOnly_, forAllApplications_}, form.verticalSpacing(),
+                                   localized("Where the shortcut is active")));
     form.addRow(QString(), prefersDisplay_);
     QObject::connect(forAppOnly_, &QRadioButton::clicked,
                      [&controller] { controller.onActiveForAppOnly(); });

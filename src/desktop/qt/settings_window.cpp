@@ -1,5 +1,6 @@
 #include "desktop/qt/settings_window.h"
 
+#include "desktop/qt/link_button.h"
 #include "desktop/qt/localized.h"
 #include "desktop/qt/program_icon.h"
 #include "desktop/qt/shortcut_recorder_widget.h"
@@ -67,9 +68,9 @@ void SettingsWindow::addSaving(QVBoxLayout& layout) {
 
 void SettingsWindow::addShortcut(QVBoxLayout& layout, const NativeKeyCodes& keyCodes) {
     auto* form = new QFormLayout;
-    auto* recorder = new ShortcutRecorderWidget(settings_.shortcutRecorder(), keyCodes);
-    recorder->setAccessibleName(localized("Shortcut that moves the window to the next display"));
-    form->addRow(localized("&Move window to next display:"), recorder);
+    recorder_ = new ShortcutRecorderWidget(settings_.shortcutRecorder(), keyCodes);
+    recorder_->setAccessibleName(localized("Shortcut that moves the window to the next display"));
+    form->addRow(localized("&Move window to next display:"), recorder_);
     remark_ = makeShortcutRemarkLabel();
     form->addRow(QString(), remark_);
     layout.addLayout(form);
@@ -99,9 +100,8 @@ void SettingsWindow::addOptions(QVBoxLayout& layout) {
 void SettingsWindow::addFooter(QVBoxLayout& layout) {
     auto* footer = new QHBoxLayout;
     const auto addLink = [&](const QString& text, void (Settings::*action)()) {
-        auto* link = new QLabel("<a href=\"#\">" + text + "</a>");
-        link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
-        connect(link, &QLabel::linkActivated, this, [this, action] { (settings_.*action)(); });
+        auto* link = new LinkButton(text);
+        connect(link, &LinkButton::clicked, this, [this, action] { (settings_.*action)(); });
         footer->addWidget(link);
         return link;
     };
@@ -153,6 +153,7 @@ void SettingsWindow::setSavingShown(bool isShown) {
 
 void SettingsWindow::setShortcutRemark(const std::string& text) {
     showRemark(*remark_, text);
+    recorder_->setRemark(QString::fromStdString(text));
 }
 
 } // namespace panewright
