@@ -75,10 +75,10 @@ void SaveShortcutWidget::addContext(SaveShortcutViewController& controller) {
     form.addRow(QString(), grouped({forAppOnly_, forAllApplications_}, form.verticalSpacing(),
                                    localized("Where the shortcut is active")));
     form.addRow(QString(), prefersDisplay_);
-    QObject::connect(forAppOnly_, &QRadioButton::clicked,
-                     [&controller] { controller.onActiveForAppOnly(); });
-    QObject::connect(forAllApplications_, &QRadioButton::clicked,
-                     [&controller] { controller.onActiveForAll(); });
+    // Not clicked(), which is silent about what a screen reader toggles.
+    QObject::connect(forAppOnly_, &QRadioButton::toggled, [&controller](bool isOn) {
+        isOn ? controller.onActiveForAppOnly() : controller.onActiveForAll();
+    });
 }
 
 void SaveShortcutWidget::setApplicationImage(const ImagePtr& image) {
@@ -95,6 +95,7 @@ bool SaveShortcutWidget::forAppOnly() const {
 
 /// The two are exclusive: switching one off switches the other on, which is what is meant.
 void SaveShortcutWidget::setForAppOnly(bool on) {
+    const QSignalBlocker notByUser(forAppOnly_);
     (on ? forAppOnly_ : forAllApplications_)->setChecked(true);
 }
 

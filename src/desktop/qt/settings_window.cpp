@@ -87,9 +87,10 @@ void SettingsWindow::addOptions(QVBoxLayout& layout) {
     restore->setAutoDefault(false); // Return presses nothing
     restore->setToolTip(localized("Puts the four built-in states back as they were at first. "
                                   "Your own states stay."));
-    connect(allowMoveWindow_, &QCheckBox::clicked, this,
+    // Not clicked(), which is silent about what a screen reader toggles.
+    connect(allowMoveWindow_, &QCheckBox::toggled, this,
             [this] { settings_.allowStateShortuctMoveWindow(); });
-    connect(startupItem_, &QCheckBox::clicked, this, [this] { settings_.startupItem(); });
+    connect(startupItem_, &QCheckBox::toggled, this, [this] { settings_.startupItem(); });
     connect(restore, &QPushButton::clicked, this,
             [this] { settings_.restoreDefaultWindowStates(); });
     layout.addWidget(allowMoveWindow_);
@@ -126,6 +127,7 @@ bool SettingsWindow::startupItem() const {
 }
 
 void SettingsWindow::setStartupItem(bool on) {
+    const QSignalBlocker notByUser(startupItem_);
     startupItem_->setChecked(on);
 }
 
@@ -134,6 +136,7 @@ bool SettingsWindow::allowMoveWindow() const {
 }
 
 void SettingsWindow::setAllowMoveWindow(bool on) {
+    const QSignalBlocker notByUser(allowMoveWindow_);
     allowMoveWindow_->setChecked(on);
 }
 
