@@ -1,6 +1,7 @@
 #include "desktop/qt/link_button.h"
 
 #include "desktop/qt/localized.h"
+#include "desktop/qt/visible_boxes.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -17,6 +18,7 @@ constexpr int kMargin = 3;
 LinkButton::LinkButton(const QString& text) {
     setText(text);
     setAccessibleName(text);
+    setStyle(new VisibleBoxes(this));
     setCursor(Qt::PointingHandCursor);
     auto underlined = font();
     underlined.setUnderline(true);
