@@ -91,6 +91,7 @@ void ShortcutRecorderWidget::setNeedsDisplay() {
 
 void ShortcutRecorderWidget::setRemark(const QString& remark) {
     remark_ = remark;
+    remark_.replace('\n', ' ');
     describe();
 }
 
@@ -102,7 +103,7 @@ void ShortcutRecorderWidget::describe() {
                            ? localized("Recording: press the keys, or Escape to stop")
                        : words.isEmpty() ? localized("No shortcut")
                                          : words;
-    description += remark_.isEmpty() ? QString() : "\n" + remark_;
+    description += remark_.isEmpty() ? QString() : ". " + remark_;
     if (description != accessibleDescription()) { // which would be said again
         setAccessibleDescription(description);
     }
