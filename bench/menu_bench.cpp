@@ -104,9 +104,10 @@ private:
     QtTextServices text_;
     std::shared_ptr<FocusTracking> focus_ = FocusTracking::create(
         {desktop_.accessibility, desktop_.displays, desktop_.workspace, desktop_.program});
+    StoreTroubles storeTroubles_{{desktop_.alerts, store_.model(), text_, {}}};
     StatusMenu menu_{{desktop_.icons, desktop_.displays, desktop_.hotKeys, images_,
                       desktop_.mainLoop, text_, ShortcutText(desktop_.keyboardLayout, text_),
-                      Tracking(desktop_.analytics), store_.model(), *focus_},
+                      Tracking(desktop_.analytics), store_.model(), storeTroubles_, *focus_},
                      {[] {}, [](const auto&) {}, [](const auto&) {}, [](const auto&) {}},
                      FixedMenuItems(text_, desktop_.program, desktop_.softwareUpdater, {})};
 };

@@ -319,5 +319,105 @@
         <source>Nothing can be saved: the saved states could not be read.</source>
         <translation>Es kann nichts gesichert werden: Die gesicherten Zustände konnten nicht gelesen werden.</translation>
     </message>
+    <message>
+        <source>Return</source>
+        <translation>Eingabetaste</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Enter</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Leertaste</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Rücktaste</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Einfg</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Entf</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>Pos1</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Ende</translation>
+    </message>
+    <message>
+        <source>Page Up</source>
+        <translation>Bild auf</translation>
+    </message>
+    <message>
+        <source>Page Down</source>
+        <translation>Bild ab</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Pfeil links</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Pfeil rechts</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Pfeil hoch</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Pfeil runter</translation>
+    </message>
+    <message>
+        <source>No shortcut</source>
+        <translation>Kein Kurzbefehl</translation>
+    </message>
+    <message>
+        <source>Recording: press the keys, or Escape to stop</source>
+        <translation>Nimmt auf: Tasten drücken, Escape bricht ab</translation>
+    </message>
+    <message>
+        <source>Records a shortcut</source>
+        <translation>Nimmt einen Kurzbefehl auf</translation>
+    </message>
+    <message>
+        <source>Stops recording</source>
+        <translation>Beendet die Aufnahme</translation>
+    </message>
+    <message>
+        <source>Clears the shortcut</source>
+        <translation>Entfernt den Kurzbefehl</translation>
+    </message>
+    <message>
+        <source>Opens the page</source>
+        <translation>Öffnet die Seite</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>Icon of the program</source>
+        <translation>Symbol des Programms</translation>
+    </message>
+    <message>
+        <source>Picture of the window on its display</source>
+        <translation>Bild des Fensters auf seinem Bildschirm</translation>
+    </message>
+    <message>
+        <source>Where the shortcut is active</source>
+        <translation>Wo der Kurzbefehl gilt</translation>
+    </message>
 </context>
 </TS>

@@ -167,6 +167,13 @@ const std::string& QFShortcutRecorder::shownLabel() const {
     return isRecording_ ? waitingForKeysLabel_ : defaultLabel_;
 }
 
+std::string QFShortcutRecorder::shortcutInWords() const {
+    return shortcut_.keyCode == kNoKeyCode
+               ? ""
+               : text_.shortcutInWords(static_cast<std::uint64_t>(shortcut_.keyCode),
+                                       shortcut_.modifierFlags);
+}
+
 const TextAttributes& QFShortcutRecorder::shownAttributes() const {
     return shortcut_.mutableLabel.empty() && isRecording_ ? waitingForKeysAttributes_
                                                           : defaultAttributes_;

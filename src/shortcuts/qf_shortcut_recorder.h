@@ -142,6 +142,8 @@ public:
 
     /// The text in the middle.
     const std::string& shownLabel() const;
+    /// The shortcut for whoever hears it, such as "Alt+2"; empty while there is none.
+    std::string shortcutInWords() const;
     const TextAttributes& shownAttributes() const;
     /// Where the buttons are that can be pressed now; nil while there is none. While idle they are
     /// not drawn.

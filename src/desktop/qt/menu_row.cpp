@@ -1,6 +1,8 @@
 #include "desktop/qt/menu_row.h"
 
 #include "desktop/qt/localized.h"
+#include "desktop/qt/localized_shortcut.h"
+
 #include <QMenu>
 
 #include <algorithm>
@@ -14,8 +16,7 @@ bool endsLine(QChar c) {
            c == QChar::ParagraphSeparator;
 }
 
-QString onOneLine(const std::string& text) {
-    auto line = QString::fromStdString(text);
+QString onOneLine(QString line) {
     if (std::any_of(line.cbegin(), line.cend(), endsLine)) {
         std::replace_if(line.begin(), line.end(), endsLine, QChar(' '));
     }
@@ -30,9 +31,9 @@ MenuRow::MenuRow(std::shared_ptr<MenuItem> item, QObject* parent)
         setSeparator(true);
         return;
     }
-    title_ = onOneLine(item_->title);
+    title_ = onOneLine(QString::fromStdString(item_->title));
     if (const auto& shortcut = item_->shortcut; !shortcut.text.empty()) {
-        const auto text = onOneLine(shortcut.text);
+        const auto text = onOneLine(QString::fromStdString(shortcut.text));
         shortcutText_ = shortcut.isTaken ? localized("%1 (in use elsewhere)").arg(text) : text;
     }
     setText(spoken().replace('&', "&&"));
@@ -47,7 +48,7 @@ QString MenuRow::spoken() const {
         return title_;
     }
     const auto& shortcut = item_->shortcut;
-    const auto words = onOneLine(shortcut.words);
+    const auto words = onOneLine(localizedShortcut(shortcut.words));
     return title_ + ", " +
            (shortcut.isTaken ? localized("%1 (in use elsewhere)").arg(words) : words);
 }

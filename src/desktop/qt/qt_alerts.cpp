@@ -1,5 +1,6 @@
 #include "desktop/qt/qt_alerts.h"
 
+#include "desktop/qt/localized.h"
 #include "desktop/qt/program_icon.h"
 
 #include <QApplication>
@@ -90,9 +91,18 @@ private:
     OwnWindows& ownWindows_;
 };
 
+/// Also for screen readers, to which the toolkit shows a nameless picture.
+void setIcon(QMessageBox& box, AlertStyle style) {
+    box.setIcon(iconFor(style));
+    if (auto* picture = box.findChild<QLabel*>("qt_msgboxex_icon_label")) {
+        picture->setAccessibleName(style == AlertStyle::kInformational ? localized("Information")
+                                                                       : localized("Warning"));
+    }
+}
+
 QMessageBox* makeBox(const Alert& alert, QWidget* blocked) {
     auto* box = new QMessageBox(blocked);
-    box->setIcon(iconFor(alert.style));
+    setIcon(*box, alert.style);
     box->setWindowTitle(QApplication::applicationDisplayName());
     box->setWindowIcon(programIcon());
     box->setText(QString::fromStdString(alert.messageText));

@@ -80,6 +80,7 @@ void QtMenuView::takeKeyboardAndPointer(Clock::time_point deadline) {
 
 /// The action is called later: the menu has closed then and let go of keyboard and pointer.
 void QtMenuView::choose(const QAction& action) {
+    close(); // which a screen reader's choice does not
     const auto* row = dynamic_cast<const MenuRow*>(&action);
     if (!row || !row->item()->action) {
         return;

@@ -1,10 +1,16 @@
 #include "desktop/qt/qt_views.h"
 
+#include "desktop/qt/accessible_control.h"
 #include "desktop/qt/edit_shortcut_widget.h"
 #include "desktop/qt/save_shortcut_widget.h"
 #include "desktop/qt/settings_window.h"
 
 namespace panewright {
+
+QtViews::QtViews(const NativeKeyCodes& keyCodes, OwnWindows& ownWindows)
+    : keyCodes_(keyCodes), ownWindows_(ownWindows) {
+    describeOwnControls();
+}
 
 std::unique_ptr<EditShortcutView>
 QtViews::makeEditShortcutView(EditShortcutViewController& controller) {

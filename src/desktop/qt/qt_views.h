@@ -9,8 +9,7 @@ namespace panewright {
 /// Views of Qt widgets.
 class QtViews : public ViewFactory {
 public:
-    QtViews(const NativeKeyCodes& keyCodes, OwnWindows& ownWindows)
-        : keyCodes_(keyCodes), ownWindows_(ownWindows) {}
+    QtViews(const NativeKeyCodes& keyCodes, OwnWindows& ownWindows);
 
     std::unique_ptr<EditShortcutView>
     makeEditShortcutView(EditShortcutViewController& controller) override;

@@ -1,5 +1,6 @@
 #include "desktop/qt/save_shortcut_widget.h"
 
+#include "desktop/qt/accessible_control.h"
 #include "desktop/qt/localized.h"
 #include "desktop/qt/qt_image.h"
 #include "desktop/qt/shortcut_remark_label.h"
@@ -11,6 +12,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QVBoxLayout>
 
 namespace panewright {
 namespace {
@@ -22,6 +24,20 @@ constexpr int kImageSize = 16;
 QString titleThatFits(const QString& title, const QRadioButton& button) {
     auto shown = button.fontMetrics().elidedText(title, Qt::ElideMiddle, kPopoverFieldWidth);
     return '&' + shown.replace('&', "&&");
+}
+
+/// A group that only screen readers tell of.
+QWidget* grouped(const QList<QWidget*>& members, int spacing, const QString& name) {
+    auto* group = new QWidget;
+    setAccessibleRole(*group, QAccessible::Grouping);
+    group->setAccessibleName(name);
+    auto* layout = new QVBoxLayout(group);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(spacing);
+    for (auto* member : members) {
+        layout->addWidget(member);
+    }
+    return group;
 }
 
 void setImage(QLabel& label, const ImagePtr& image) {
@@ -45,6 +61,8 @@ void SaveShortcutWidget::addPictures() {
     applicationImage_ = new QLabel;
     windowStateImage_ = new QLabel;
     windowStateImage_->hide();
+    applicationImage_->setAccessibleName(localized("Icon of the program"));
+    windowStateImage_->setAccessibleName(localized("Picture of the window on its display"));
     parts().header().insertWidget(0, applicationImage_);
     parts().header().addWidget(windowStateImage_);
 }
@@ -56,16 +74,16 @@ void SaveShortcutWidget::addContext(SaveShortcutViewController& controller) {
     prefersDisplay_->setToolTip(
         localized("Also with other displays connected, the window goes to one of this size."));
     auto& form = parts().form();
-    form.addRow(QString(), forAppOnly_);
-    form.addRow(QString(), forAllApplications_);
+    form.addRow(QString(), grouped({forAppOnly_, forAllApplications_}, form.verticalSpacing(),
+                                   localized("Where the shortcut is active")));
     form.addRow(QString(), prefersDisplay_);
     refusal_ = makeShortcutRemarkLabel();
     refusal_->setWordWrap(true);
     form.addRow(QString(), refusal_);
-    QObject::connect(forAppOnly_, &QRadioButton::clicked,
-                     [&controller] { controller.onActiveForAppOnly(); });
-    QObject::connect(forAllApplications_, &QRadioButton::clicked,
-                     [&controller] { controller.onActiveForAll(); });
+    // Not clicked(), which is silent about what a screen reader toggles.
+    QObject::connect(forAppOnly_, &QRadioButton::toggled, [&controller](bool isOn) {
+        isOn ? controller.onActiveForAppOnly() : controller.onActiveForAll();
+    });
 }
 
 void SaveShortcutWidget::setApplicationImage(const ImagePtr& image) {
@@ -82,6 +100,7 @@ bool SaveShortcutWidget::forAppOnly() const {
 
 /// The two are exclusive: switching one off switches the other on, which is what is meant.
 void SaveShortcutWidget::setForAppOnly(bool on) {
+    const QSignalBlocker notByUser(forAppOnly_);
     (on ? forAppOnly_ : forAllApplications_)->setChecked(true);
 }
 

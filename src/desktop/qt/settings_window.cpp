@@ -1,5 +1,6 @@
 #include "desktop/qt/settings_window.h"
 
+#include "desktop/qt/link_button.h"
 #include "desktop/qt/localized.h"
 #include "desktop/qt/program_icon.h"
 #include "desktop/qt/shortcut_recorder_widget.h"
@@ -78,9 +79,9 @@ void SettingsWindow::addSaving(QVBoxLayout& layout) {
 
 void SettingsWindow::addShortcut(QVBoxLayout& layout, const NativeKeyCodes& keyCodes) {
     auto* form = new QFormLayout;
-    auto* recorder = new ShortcutRecorderWidget(settings_.shortcutRecorder(), keyCodes);
-    recorder->setAccessibleName(localized("Shortcut that moves the window to the next display"));
-    form->addRow(localized("&Move window to next display:"), recorder);
+    recorder_ = new ShortcutRecorderWidget(settings_.shortcutRecorder(), keyCodes);
+    recorder_->setAccessibleName(localized("Shortcut that moves the window to the next display"));
+    form->addRow(localized("&Move window to next display:"), recorder_);
     remark_ = makeShortcutRemarkLabel();
     form->addRow(QString(), remark_);
     layout.addLayout(form);
@@ -97,9 +98,10 @@ void SettingsWindow::addOptions(QVBoxLayout& layout) {
     restore->setAutoDefault(false); // Return presses nothing
     restore->setToolTip(localized("Puts the four built-in states back as they were at first. "
                                   "Your own states stay."));
-    connect(allowMoveWindow_, &QCheckBox::clicked, this,
+    // Not clicked(), which is silent about what a screen reader toggles.
+    connect(allowMoveWindow_, &QCheckBox::toggled, this,
             [this] { settings_.allowStateShortuctMoveWindow(); });
-    connect(startupItem_, &QCheckBox::clicked, this, [this] { settings_.startupItem(); });
+    connect(startupItem_, &QCheckBox::toggled, this, [this] { settings_.startupItem(); });
     connect(restore, &QPushButton::clicked, this,
             [this] { settings_.restoreDefaultWindowStates(); });
     layout.addWidget(allowMoveWindow_);
@@ -110,9 +112,8 @@ void SettingsWindow::addOptions(QVBoxLayout& layout) {
 void SettingsWindow::addFooter(QVBoxLayout& layout) {
     auto* footer = new QHBoxLayout;
     const auto addLink = [&](const QString& text, void (Settings::*action)()) {
-        auto* link = new QLabel("<a href=\"#\">" + text + "</a>");
-        link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
-        connect(link, &QLabel::linkActivated, this, [this, action] { (settings_.*action)(); });
+        auto* link = new LinkButton(text);
+        connect(link, &LinkButton::clicked, this, [this, action] { (settings_.*action)(); });
         footer->addWidget(link);
         return link;
     };
@@ -137,6 +138,7 @@ bool SettingsWindow::startupItem() const {
 }
 
 void SettingsWindow::setStartupItem(bool on) {
+    const QSignalBlocker notByUser(startupItem_);
     startupItem_->setChecked(on);
 }
 
@@ -145,6 +147,7 @@ bool SettingsWindow::allowMoveWindow() const {
 }
 
 void SettingsWindow::setAllowMoveWindow(bool on) {
+    const QSignalBlocker notByUser(allowMoveWindow_);
     allowMoveWindow_->setChecked(on);
 }
 
@@ -169,6 +172,7 @@ void SettingsWindow::setSavingShown(bool isShown) {
 
 void SettingsWindow::setShortcutRemark(const std::string& text) {
     showRemark(*remark_, text);
+    recorder_->setRemark(QString::fromStdString(text));
 }
 
 } // namespace panewright

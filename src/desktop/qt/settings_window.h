@@ -13,6 +13,9 @@ class QVBoxLayout;
 
 namespace panewright {
 
+class LinkButton;
+class ShortcutRecorderWidget;
+
 /// The settings window, in the colours of the desktop's theme.
 class SettingsWindow : public QDialog, public SettingsView {
     Q_OBJECT
@@ -50,12 +53,13 @@ private:
     // Owned by the window.
     QCheckBox* startupItem_ = nullptr;
     QCheckBox* allowMoveWindow_ = nullptr;
+    ShortcutRecorderWidget* recorder_ = nullptr;
     QLabel* remark_ = nullptr;
     QPushButton* storeTrouble_ = nullptr;
     QPushButton* save_ = nullptr;
     QLabel* version_ = nullptr;
     /// To the pages that only a website has.
-    QList<QLabel*> websiteLinks_;
+    QList<LinkButton*> websiteLinks_;
 };
 
 } // namespace panewright

@@ -1,5 +1,6 @@
 #include "desktop/qt/shortcut_popover_parts.h"
 
+#include "desktop/qt/accessible_control.h"
 #include "desktop/qt/localized.h"
 #include "desktop/qt/program_icon.h"
 #include "desktop/qt/shortcut_recorder_widget.h"
@@ -22,7 +23,10 @@ ShortcutPopoverParts::ShortcutPopoverParts(ShortcutPopoverController& controller
                                            const NativeKeyCodes& keyCodes, OwnWindows& ownWindows,
                                            const QString& title)
     : window_(keyCodes, ownWindows,
-              {[&controller](const KeyEvent& event) { return controller.keyDown(event); },
+              {[&controller](const KeyEvent& event) {
+                   controller.shortcutRecorder().flagsChanged(event.modifierFlags);
+                   return controller.keyDown(event);
+               },
                [&controller] { controller.closeRequested(); }}) {
     window_.setWindowTitle(title);
     window_.setWindowIcon(programIcon());
@@ -32,7 +36,10 @@ ShortcutPopoverParts::ShortcutPopoverParts(ShortcutPopoverController& controller
     layout_->setSpacing(kSectionSpacing);
 
     header_ = new QHBoxLayout;
-    auto* heading = new QLabel(title);
+    auto* heading = new QLabel;
+    setAccessibleRole(*heading, QAccessible::Heading);
+    heading->setText(title);
+    heading->setAccessibleName(title);
     auto font = heading->font();
     font.setBold(true);
     heading->setFont(font);
@@ -59,9 +66,9 @@ void ShortcutPopoverParts::addFields(ShortcutPopoverController& controller,
     name_->setAccessibleName(localized("Name of the window state"));
     form_->addRow(localized("&Name:"), name_);
 
-    auto* recorder = new ShortcutRecorderWidget(controller.shortcutRecorder(), keyCodes);
-    recorder->setAccessibleName(localized("Shortcut"));
-    form_->addRow(localized("Shor&tcut:"), recorder);
+    recorder_ = new ShortcutRecorderWidget(controller.shortcutRecorder(), keyCodes);
+    recorder_->setAccessibleName(localized("Shortcut"));
+    form_->addRow(localized("Shor&tcut:"), recorder_);
     remark_ = makeShortcutRemarkLabel();
     form_->addRow(QString(), remark_);
     layout_->addLayout(form_);
@@ -100,6 +107,7 @@ void ShortcutPopoverParts::focusWindowStateName() {
 
 void ShortcutPopoverParts::setShortcutRemark(const std::string& text) {
     showRemark(*remark_, text);
+    recorder_->setRemark(QString::fromStdString(text));
     window_.contentChanged();
 }
 

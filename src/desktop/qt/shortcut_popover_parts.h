@@ -15,6 +15,8 @@ namespace panewright {
 // In Qt's units.
 constexpr int kPopoverFieldWidth = 240;
 
+class ShortcutRecorderWidget;
+
 /// What the popovers have in common in which a state gets its name and its shortcut: the window, a
 /// heading, the two fields and buttons.
 class ShortcutPopoverParts {
@@ -48,6 +50,7 @@ private:
     QFormLayout* form_ = nullptr;
     QBoxLayout* buttons_ = nullptr;
     QLineEdit* name_ = nullptr;
+    ShortcutRecorderWidget* recorder_ = nullptr;
     QLabel* remark_ = nullptr;
 };
 

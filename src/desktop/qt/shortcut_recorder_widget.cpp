@@ -1,11 +1,9 @@
 #include "desktop/qt/shortcut_recorder_widget.h"
 
 #include "desktop/qt/localized.h"
+#include "desktop/qt/localized_shortcut.h"
 #include "desktop/qt/qt_colour.h"
-#include "shortcuts/modifier_flags.h"
 
-#include <QAccessibleWidget>
-#include <QGuiApplication>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -58,27 +56,8 @@ void drawButton(QPainter& painter, const Rect& place, const QPainterPath& image,
     painter.restore();
 }
 
-/// A screen reader takes the recorder for a button, not for mere space between others.
-QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* object) {
-    auto* widget = qobject_cast<ShortcutRecorderWidget*>(object);
-    return widget ? new QAccessibleWidget(widget, QAccessible::Button) : nullptr;
-}
-
-/// A shortcut with the modifiers that it begins with named as they are on the keyboard.
-QString inWords(const std::string& label) {
-    static_assert(kModifierSymbols.size() == 4);
-    const QString words[] = {localized("Ctrl"), localized("Alt"), localized("Shift"),
-                             localized("Super")};
-    auto rest = QString::fromStdString(label);
-    QString text;
-    for (std::size_t i = 0; i < kModifierSymbols.size(); ++i) {
-        const auto symbol = QString::fromUtf8(kModifierSymbols[i].symbol);
-        if (rest.startsWith(symbol)) {
-            text += words[i] + '+';
-            rest.remove(0, symbol.size());
-        }
-    }
-    return text + rest;
+Point middleOf(const Rect& rect) {
+    return {rect.x + rect.width / 2, rect.y + rect.height / 2};
 }
 
 } // namespace
@@ -90,11 +69,8 @@ ShortcutRecorderWidget::ShortcutRecorderWidget(QFShortcutRecorder& recorder,
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     // Keys must come as they are, not composed: a dead key is a key like others.
     setAttribute(Qt::WA_InputMethodEnabled, false);
-    [[maybe_unused]] static const bool isInstalled = [] {
-        QAccessible::installFactory(makeAccessible);
-        return true;
-    }();
     recorder_.setView(this);
+    describe();
 }
 
 ShortcutRecorderWidget::~ShortcutRecorderWidget() {
@@ -109,11 +85,57 @@ QSize ShortcutRecorderWidget::sizeHint() const {
 
 void ShortcutRecorderWidget::setNeedsDisplay() {
     holdKeyboard(recorder_.isRecording());
-    const auto words = inWords(recorder_.shownLabel());
-    setAccessibleDescription(words);
+    describe();
+    update();
+}
+
+void ShortcutRecorderWidget::setRemark(const QString& remark) {
+    remark_ = remark;
+    remark_.replace('\n', ' ');
+    describe();
+}
+
+void ShortcutRecorderWidget::describe() {
+    const auto words = localizedShortcut(recorder_.shortcutInWords());
     // For those who do not know the symbols.
     setToolTip(words == QString::fromStdString(recorder_.shownLabel()) ? QString() : words);
-    update();
+    auto description = recorder_.isRecording()
+                           ? localized("Recording: press the keys, or Escape to stop")
+                       : words.isEmpty() ? localized("No shortcut")
+                                         : words;
+    description += remark_.isEmpty() ? QString() : ". " + remark_;
+    if (description != accessibleDescription()) { // which would be said again
+        setAccessibleDescription(description);
+    }
+}
+
+QList<AccessibleAction> ShortcutRecorderWidget::accessibleActions() {
+    const auto press = QAccessibleActionInterface::pressAction();
+    QList<AccessibleAction> actions;
+    if (const auto stop = recorder_.snapBackButton(viewSize())) {
+        actions += {press, localized("Stops recording"), "Escape",
+                    [this, stop] { clickAt(middleOf(*stop)); }};
+    } else {
+        actions += {press, localized("Records a shortcut"), "Space", [this] {
+                        clickAt({viewSize().width / 2, viewSize().height / 2});
+                    }};
+        if (recorder_.keyCode() != QFShortcutRecorder::kNoKeyCode) {
+            actions +=
+                {"Clear", localized("Clears the shortcut"), "Backspace", [this] { clear(); }};
+        }
+    }
+    return actions;
+}
+
+void ShortcutRecorderWidget::clickAt(Point place) {
+    window()->activateWindow();
+    recorder_.mouseDown(place, viewSize());
+    recorder_.mouseUp(place, viewSize());
+}
+
+void ShortcutRecorderWidget::clear() {
+    recorder_.clearKeyboardShortcut();
+    setNeedsDisplay();
 }
 
 void ShortcutRecorderWidget::holdKeyboard(bool hold) {
@@ -124,7 +146,7 @@ void ShortcutRecorderWidget::holdKeyboard(bool hold) {
     if (hold) {
         grabKeyboard();
         // What was held before the recording counts too.
-        recorder_.flagsChanged(modifierFlagsOf(QGuiApplication::queryKeyboardModifiers()));
+        recorder_.flagsChanged(heldModifierFlags());
     } else {
         releaseKeyboard();
     }
@@ -155,7 +177,9 @@ bool ShortcutRecorderWidget::handleKey(QKeyEvent& event) {
     const bool wasRecording = recorder_.isRecording();
     const bool isRepeat = repeats_.isRepeat(event);
     if (isModifierKey(event, keyCodes_)) {
-        recorder_.flagsChanged(modifierFlagsOf(event.modifiers()));
+        // What the event says is wrong for Alt with Shift held, which is Meta to the toolkit, and
+        // while a screen reader listens, which the toolkit lets see a copy of each event first.
+        recorder_.flagsChanged(heldModifierFlags());
         return wasRecording;
     }
     if (event.type() == QEvent::KeyRelease || isRepeat) {
@@ -166,6 +190,7 @@ bool ShortcutRecorderWidget::handleKey(QKeyEvent& event) {
         recorder_.keyWithoutCode();
         return wasRecording;
     }
+    recorder_.flagsChanged(key->modifierFlags);
     return recorder_.keyDown(*key) || wasRecording;
 }
 

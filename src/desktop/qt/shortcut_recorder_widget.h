@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/qt/accessible_control.h"
 #include "desktop/qt/key_events.h"
 #include "desktop/shared/native_key_codes.h"
 #include "shortcuts/qf_shortcut_recorder.h"
@@ -10,7 +11,11 @@ namespace panewright {
 
 /// Shows a recorder. While that records, the widget has the whole keyboard, so that keys arrive
 /// which this program, another one or the window manager has bound.
-class ShortcutRecorderWidget : public QWidget, public QFShortcutRecorderView {
+///
+/// To a screen reader it is a button, whose description is the shortcut in words.
+class ShortcutRecorderWidget : public QWidget,
+                               public QFShortcutRecorderView,
+                               public AccessibleControl {
     Q_OBJECT
 
 public:
@@ -22,6 +27,13 @@ public:
     bool isFirstResponder() const override { return hasFocus(); }
     void makeFirstResponder() override { setFocus(Qt::MouseFocusReason); }
     void setNeedsDisplay() override;
+
+    /// What is to be said with the shortcut; empty for nothing.
+    void setRemark(const QString& remark);
+
+    QAccessible::Role accessibleRole() const override { return QAccessible::Button; }
+    QList<AccessibleAction> accessibleActions() override;
+    bool isAccessiblyPressed() const override { return recorder_.isRecording(); }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -37,6 +49,9 @@ protected:
 private:
     bool handleKey(QKeyEvent& event);
     void holdKeyboard(bool hold);
+    void clickAt(Point place);
+    void clear();
+    void describe();
     Size viewSize() const { return {double(width()), double(height())}; }
     void drawBackground(QPainter& painter) const;
     void drawLabel(QPainter& painter) const;
@@ -45,6 +60,7 @@ private:
     QFShortcutRecorder& recorder_;
     const NativeKeyCodes& keyCodes_;
     KeyRepeats repeats_;
+    QString remark_;
     bool holdsKeyboard_ = false;
 };
 

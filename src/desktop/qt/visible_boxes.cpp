@@ -22,10 +22,18 @@ void VisibleBoxes::drawPrimitive(PrimitiveElement element, const QStyleOption* o
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     const auto ground = option->palette.color(QPalette::Window);
     const auto text = option->palette.color(QPalette::WindowText);
-    if (element == PE_IndicatorCheckBox && ground.lightness() < text.lightness()) {
-        painter->setPen(between(ground, text, kOutline));
+    if (ground.lightness() >= text.lightness()) {
+        return;
+    }
+    const auto outline = [&](const QColor& colour) {
+        painter->setPen(colour);
         painter->setBrush(Qt::NoBrush);
         painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    };
+    if (element == PE_IndicatorCheckBox) {
+        outline(between(ground, text, kOutline));
+    } else if (element == PE_FrameFocusRect) {
+        outline(option->palette.color(QPalette::Highlight));
     }
 }
 

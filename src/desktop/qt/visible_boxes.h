@@ -8,8 +8,8 @@ namespace panewright {
 /// Between the two colours: 0 is the first, 1 the second.
 QColor between(const QColor& first, const QColor& second, double share);
 
-/// The application's style with an outline around check boxes on dark grounds, where the style's
-/// own is as dark as the ground and a box without a tick cannot be seen.
+/// The application's style with an outline around check boxes, and around what has the focus, on
+/// dark grounds, where the style's own are as dark as the ground and cannot be seen.
 class VisibleBoxes : public QProxyStyle {
     Q_OBJECT
 

@@ -59,6 +59,12 @@ constexpr DeadKey kDeadKeys[] = {
 };
 
 /// In the order in which they are named.
+/// Keys that people call otherwise than X does.
+constexpr std::pair<xkb_keysym_t, const char*> kKeyWords[] = {
+    {XKB_KEY_space, "Space"},    {XKB_KEY_BackSpace, "Backspace"}, {XKB_KEY_Prior, "Page Up"},
+    {XKB_KEY_Next, "Page Down"}, {XKB_KEY_KP_Enter, "Enter"},      {XKB_KEY_Num_Lock, "Num Lock"},
+};
+
 constexpr std::pair<std::uint32_t, const char*> kModifierWords[] = {{kHotKeyControl, "Ctrl"},
                                                                     {kHotKeyOption, "Alt"},
                                                                     {kHotKeyShift, "Shift"},
@@ -108,7 +114,12 @@ std::string XkbKeyboardLayout::inWords(std::uint32_t virtualKeyCode,
         text += modifiers & modifier ? std::string(word) + '+' : std::string();
     }
     auto key = displayText(static_cast<std::uint16_t>(virtualKeyCode));
-    if (const auto symbol = symbolOf(virtualKeyCode); key.empty() && symbol) {
+    const auto symbol = symbolOf(virtualKeyCode);
+    const auto* const word = std::ranges::find(
+        kKeyWords, symbol, [](const auto& each) { return std::optional(each.first); });
+    if (word != std::end(kKeyWords)) {
+        key = word->second;
+    } else if (key.empty() && symbol) {
         std::array<char, 64> name{}; // F5, Left and so on
         xkb_keysym_get_name(*symbol, name.data(), name.size());
         key = name.data();
