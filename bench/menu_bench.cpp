@@ -90,7 +90,7 @@ public:
     explicit Opening(int count) : store_(count) {}
 
     const Menu& fill(bool isFlat) {
-        menu_.menuNeedsUpdate(isFlat);
+        menu_.menuNeedsUpdate({.isRightButton = isFlat});
         return menu_.statusItemMenu();
     }
     /// As half a second after the menu has closed.

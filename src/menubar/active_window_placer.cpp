@@ -31,9 +31,10 @@ std::optional<QuartzDisplay>
 ActiveWindowPlacer::displayFor(const std::shared_ptr<WindowState>& state, Model& model) const {
     const Rect& window = tracking_.windowRect();
     const auto display = QuartzDisplay::withRect(services_.displays, window);
-    const bool mayMoveOn = model.allowWindowStateShortcutsToMoveWindowNextDisplay() &&
-                           QuartzDisplay::screens(services_.displays).size() >= 2;
-    if (!mayMoveOn) {
+    const auto next = model.allowWindowStateShortcutsToMoveWindowNextDisplay()
+                          ? getNextDisplayForWindowRect(services_.displays, window)
+                          : std::nullopt;
+    if (!next) {
         return display;
     }
     const Rect target =
@@ -41,19 +42,14 @@ ActiveWindowPlacer::displayFor(const std::shared_ptr<WindowState>& state, Model&
               : Rect{};
     const bool isInEffect = target == window;
     const bool isFullAgain = isRectFullscreen(window, display) && isRectFullscreen(target, display);
-    return isInEffect || isFullAgain ? getNextDisplayForWindowRect(services_.displays, window)
-                                     : display;
+    return isInEffect || isFullAgain ? next : display;
 }
 
 void ActiveWindowPlacer::moveToNextDisplay() {
     const auto& window = tracking_.windowElement();
-    if (!isFrameSettable(window, kSizeThenPosition) ||
-        QuartzDisplay::screens(services_.displays).size() < 2) {
-        services_.beeper.beep();
-        return;
-    }
     const auto next = getNextDisplayForWindowRect(services_.displays, tracking_.windowRect());
-    if (!next) {
+    if (!next || !isFrameSettable(window, kSizeThenPosition)) {
+        services_.beeper.beep();
         return;
     }
     writeFrame(*window,

@@ -12,7 +12,6 @@
 #include "platform/work_areas.h"
 #include "services/workspace_additions.h"
 #include "shortcuts/carbon_event_manager.h"
-#include "shortcuts/modifier_flags.h"
 #include "ui/shortcut_remark.h"
 
 #include <utility>
@@ -29,10 +28,6 @@ constexpr double kStatusItemLength = 23;
 
 /// A desktop that starts brings its panel within this time.
 constexpr auto kPatienceForStatusBar = 10s;
-
-bool isForFlatMenu(std::uint64_t heldModifiers) {
-    return (heldModifiers & kOptionFlag) != 0;
-}
 
 } // namespace
 
@@ -73,7 +68,7 @@ void StatusItemController::showStatusItem() {
                            });
     exportedMenu_ = views_.exportedMenu.exportMenu(
         menu_->statusItemMenu(),
-        {[this](std::uint64_t held) { menu_->menuNeedsUpdate(isForFlatMenu(held)); },
+        {[this](std::uint64_t held) { menu_->menuNeedsUpdate({.modifierFlags = held}); },
          [this] { menu_->menuDidClose(); }});
     statusItemChanges_ = ports_.statusItem.onShownChange([this] { lookForStatusItemLater(); });
     lookForStatusItemLater();
@@ -190,7 +185,7 @@ PopoverAnchor StatusItemController::anchor() const {
 
 void StatusItemController::clicked(const StatusItemClick& click) {
     views_.menu.close(); // so that its clean-up does not come while the next one is open
-    menu_->menuNeedsUpdate(click.isRightButton || isForFlatMenu(click.modifierFlags));
+    menu_->menuNeedsUpdate(click);
     views_.menu.popUp(menu_->statusItemMenu(), anchor(),
                       {[this] { menu_->menuDidClose(); },
                        [this](const KeyEvent& key) { return hotKeyPressed(key); }});

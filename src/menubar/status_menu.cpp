@@ -43,10 +43,10 @@ StatusMenu::StatusMenu(const Services& services, Actions actions, FixedMenuItems
     menu_->insertItems(fixed_.after, menu_->items().size());
 }
 
-void StatusMenu::menuNeedsUpdate(bool flat) {
+void StatusMenu::menuNeedsUpdate(const StatusItemClick& click) {
     destroyMenuTimer_ = {};
     services_.focus.updateApplicationTracking();
-    rebuildMenuFlat(flat);
+    rebuildMenuFlat(click.isRightButton || (click.modifierFlags & kOptionFlag) != 0);
     actions_.addEventHandlers();
     markTakenShortcuts();
 }

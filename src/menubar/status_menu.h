@@ -8,6 +8,7 @@
 #include "platform/displays.h"
 #include "platform/hot_keys.h"
 #include "platform/main_loop.h"
+#include "platform/status_item.h"
 #include "platform/text_services.h"
 #include "services/tracking.h"
 #include "shortcuts/shortcut_text.h"
@@ -62,9 +63,9 @@ public:
     const FixedMenuItems& fixedItems() const { return fixed_; }
 
     /// To be called when the menu is about to open: brings what it shows, and the hot keys, up to
-    /// date with the application that is frontmost then. `flat` puts the states of applications
-    /// one below the other instead of in a submenu for each application.
-    void menuNeedsUpdate(bool flat);
+    /// date with the application that is frontmost then. The right button, or Option held, puts the
+    /// states of applications one below the other instead of in a submenu for each application.
+    void menuNeedsUpdate(const StatusItemClick& click);
     /// To be called when it has closed.
     void menuDidClose();
     /// Takes out what is there only while the menu is open.

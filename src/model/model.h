@@ -2,9 +2,9 @@
 
 #include "base/observer_list.h"
 #include "base/shared_instance.h"
+#include "model/store_content.h"
 #include "model/store_file.h"
 #include "model/store_writer.h"
-#include "model/window_state_archive.h"
 #include "services/defaults.h"
 
 #include <filesystem>

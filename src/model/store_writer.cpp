@@ -1,7 +1,7 @@
 #include "model/store_writer.h"
 
 #include "base/log.h"
-#include "model/window_state_archive.h"
+#include "model/store_content.h"
 #include "platform/background_work.h"
 
 #include <chrono>

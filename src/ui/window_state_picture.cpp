@@ -1,5 +1,7 @@
 #include "ui/window_state_picture.h"
 
+#include "base/narrowed.h"
+
 #include <cmath>
 
 namespace panewright {
@@ -27,7 +29,7 @@ bool fillsDisplay(Size window, Size display) {
 
 /// In 32 bits, as the states' pictures have always been.
 double flooredShare(double scale, double length) {
-    return std::floor(static_cast<float>(scale * length));
+    return std::floor(narrowed(scale * length));
 }
 
 } // namespace
@@ -36,7 +38,7 @@ Size canvasFor(Size display) {
     if (!isUsable(display)) {
         return kDefaultCanvas;
     }
-    const auto height = static_cast<float>(display.height / display.width * kWidth);
+    const auto height = narrowed(display.height / display.width * kWidth);
     return {kWidth, std::ceil(height)};
 }
 

@@ -1,7 +1,7 @@
 // Feeds any bytes to the reading of the store file: gunzipping, the check of the property list, its
 // parser, the archive and the states. What can be read must survive being written and read again.
 
-#include "model/window_state_archive.h"
+#include "model/store_content.h"
 
 #include <cstddef>
 #include <cstdint>

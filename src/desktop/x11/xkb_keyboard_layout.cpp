@@ -58,13 +58,13 @@ constexpr DeadKey kDeadKeys[] = {
     {XKB_KEY_dead_doublegrave, "\u02F5"},
 };
 
-/// In the order in which they are named.
 /// Keys that people call otherwise than X does.
 constexpr std::pair<xkb_keysym_t, const char*> kKeyWords[] = {
     {XKB_KEY_space, "Space"},    {XKB_KEY_BackSpace, "Backspace"}, {XKB_KEY_Prior, "Page Up"},
     {XKB_KEY_Next, "Page Down"}, {XKB_KEY_KP_Enter, "Enter"},      {XKB_KEY_Num_Lock, "Num Lock"},
 };
 
+/// In the order in which they are named.
 constexpr std::pair<std::uint32_t, const char*> kModifierWords[] = {{kHotKeyControl, "Ctrl"},
                                                                     {kHotKeyOption, "Alt"},
                                                                     {kHotKeyShift, "Shift"},

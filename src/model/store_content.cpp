@@ -1,4 +1,4 @@
-#include "model/window_state_archive.h"
+#include "model/store_content.h"
 
 #include "archive/keyed_archiver.h"
 #include "archive/keyed_unarchiver.h"
