@@ -99,11 +99,11 @@ void AppDelegate::settings() {
 }
 
 std::shared_ptr<Settings> AppDelegate::makeSettings() {
-    return Settings::create({ports_.beeper, ports_.hotKeys, ports_.program, pages_, ports_.text,
-                             ShortcutText(ports_.keyboardLayout, ports_.text), tracking_,
-                             ports_.statusItem, statusItemController_->launchAgentStartupItem(),
-                             Model::instance(), *statusItemController_, *statusItemController_,
-                             statusItemController_->storeTroubles(), views_.factory});
+    return Settings::create(
+        {ports_.beeper, ports_.hotKeys, ports_.program, pages_, ports_.text,
+         ShortcutText(ports_.keyboardLayout, ports_.text), tracking_, ports_.statusItem,
+         statusItemController_->launchAgentStartupItem(), Model::instance(), *statusItemController_,
+         statusItemController_->saving(), statusItemController_->storeTroubles(), views_.factory});
 }
 
 void AppDelegate::runAtStartup() {

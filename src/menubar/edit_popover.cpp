@@ -1,34 +1,45 @@
 #include "menubar/edit_popover.h"
 
 #include "model/model.h"
+#include "model/window_state.h"
 
 #include <utility>
 
 namespace panewright {
 
-EditPopover::EditPopover(PopoverPresenter presenter,
-                         const EditShortcutViewController::Services& controllerServices,
-                         const Model& model, const FocusTracking& tracking)
-    : presenter_(std::move(presenter)), model_(model), tracking_(tracking),
-      controller_(EditShortcutViewController::create(controllerServices)) {}
+EditPopover::EditPopover(Services services, Alerts& alerts, ViewFactory& views)
+    : services_(std::move(services)),
+      controller_(EditShortcutViewController::create({services_.shared, alerts, views, *this})) {}
 
-bool EditPopover::isShown() const {
-    const auto* popover = controller_->popover();
-    return popover && popover->isShown();
+void EditPopover::editWindowState(const std::shared_ptr<WindowState>& state) {
+    if (!services_.model.keyOfWindowState(state)) {
+        services_.shared.beeper.beep();
+        return;
+    }
+    services_.cancelOther();
+    cancelForAnother(); // of another state, whose new shortcut is to be saved
+    services_.shared.tracking.trackEvent(
+        kEditWindowStateEvent, state->attributesForTracking(services_.shared.shortcutText));
+    services_.presenter.prepare();
+    open(state);
 }
 
 void EditPopover::open(const std::shared_ptr<WindowState>& state) {
     controller_->loadViewSafely();
     controller_->setWindowState(state);
-    controller_->setNewOriginalWindowRect(tracking_.windowRect());
-    controller_->setNewQuartzDisplayBounds(boundsOf(tracking_.currentDisplay()));
-    presenter_.bringForward(*controller_->popover());
+    controller_->setNewOriginalWindowRect(services_.tracking.windowRect());
+    controller_->setNewQuartzDisplayBounds(boundsOf(services_.tracking.currentDisplay()));
+    services_.presenter.bringForward(*controller_->popover());
     controller_->view().focusWindowStateName();
 }
 
+void EditPopover::cancelForAnother() {
+    services_.presenter.cancelForAnother(controller_->popover(), [this] { controller_->cancel(); });
+}
+
 void EditPopover::closeWithoutState() {
-    if (isShown() && controller_->windowState() &&
-        !model_.keyOfWindowState(controller_->windowState())) {
+    if (PopoverPresenter::isShown(controller_->popover()) && controller_->windowState() &&
+        !services_.model.keyOfWindowState(controller_->windowState())) {
         controller_->closeRequested();
     }
 }

@@ -1,21 +1,42 @@
 #include "menubar/popover_presenter.h"
 
+#include "model/model.h"
 #include "services/workspace_additions.h"
 
 namespace panewright {
 
 void PopoverPresenter::bringForward(Popover& popover) const {
-    popover.show(anchor_());
-    bringApplicationToFrontIfInBackground(workspace_, program_);
+    popover.show(services_.anchor());
+    bringApplicationToFrontIfInBackground(services_.workspace, services_.program);
     popover.makeKeyAndOrderFront();
 }
 
-void PopoverPresenter::close(Popover* popover, KeyboardGoes where) const {
+void PopoverPresenter::finish(Popover* popover) const {
+    services_.model.save();
+    services_.updateHotKeys(HotKeyOccasion::kPopoverFinished);
+    close(popover);
+}
+
+void PopoverPresenter::abandon(Popover* popover) const {
+    services_.updateHotKeys(HotKeyOccasion::kPopoverAbandoned);
+    close(popover);
+}
+
+void PopoverPresenter::close(Popover* popover) const {
     if (popover) {
         popover->close();
     }
-    if (where == KeyboardGoes::kBackToItsProgram) {
-        workspace_.hideThisApplication();
+    if (!isForAnother_) {
+        services_.workspace.hideThisApplication();
+    }
+}
+
+void PopoverPresenter::cancelForAnother(const Popover* popover,
+                                        const std::function<void()>& cancel) {
+    if (isShown(popover)) {
+        isForAnother_ = true;
+        cancel();
+        isForAnother_ = false;
     }
 }
 

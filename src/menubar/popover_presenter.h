@@ -1,5 +1,6 @@
 #pragma once
 
+#include "menubar/installed_hot_keys.h"
 #include "platform/program_information.h"
 #include "platform/workspace.h"
 #include "ui/popover.h"
@@ -9,28 +10,51 @@
 
 namespace panewright {
 
-/// Who gets the keyboard when a popover closes.
-enum class KeyboardGoes { kBackToItsProgram, kToTheNextPopover };
+class Model;
 
-/// How a popover of the status item comes and goes: the same for each. Main thread only.
+/// How a popover of the status item comes and goes: the same for each, of which there is one open
+/// at a time. Null stands for a popover that was never opened. Main thread only.
 class PopoverPresenter {
 public:
-    /// Both ports must outlive it. `anchor` is asked at each opening.
-    PopoverPresenter(Workspace& workspace, const ProgramInformation& program,
-                     std::function<PopoverAnchor()> anchor)
-        : workspace_(workspace), program_(program), anchor_(std::move(anchor)) {}
+    /// All of it must outlive the presenter.
+    struct Services {
+        Workspace& workspace;
+        const ProgramInformation& program;
+        Model& model;
+        /// Asked at each opening.
+        std::function<PopoverAnchor()> anchor;
+        std::function<void(HotKeyOccasion)> updateHotKeys;
+    };
+
+    explicit PopoverPresenter(Services services) : services_(std::move(services)) {}
+
+    static bool isShown(const Popover* popover) { return popover && popover->isShown(); }
+
+    /// Lets the hot keys go, so that each can be recorded. To be called before the popover is
+    /// filled.
+    void prepare() const { services_.updateHotKeys(HotKeyOccasion::kPopoverOpened); }
 
     /// Shows it at the anchor with the keyboard in it, also one that is open already.
     void bringForward(Popover& popover) const;
 
-    /// Closes it (null: nothing). The keyboard goes back to the program that had it, unless another
-    /// popover opens in its place.
-    void close(Popover* popover, KeyboardGoes where) const;
+    /// Saves the store, installs the hot keys again, closes the popover and gives the keyboard back
+    /// to the program that the user was in.
+    void finish(Popover* popover) const;
+
+    /// Closes the popover and gives the keyboard back, nothing else: the hot keys come back with
+    /// the application that becomes active.
+    void abandon(Popover* popover) const;
+
+    /// Cancels what the popover was opened for, without giving the keyboard away before the other
+    /// one is there; nothing while it is closed.
+    void cancelForAnother(const Popover* popover, const std::function<void()>& cancel);
 
 private:
-    Workspace& workspace_;
-    const ProgramInformation& program_;
-    std::function<PopoverAnchor()> anchor_;
+    void close(Popover* popover) const;
+
+    Services services_;
+    /// Whether the keyboard goes to another popover instead of back to its program.
+    bool isForAnother_ = false;
 };
 
 } // namespace panewright

@@ -1,35 +1,55 @@
 #include "menubar/save_popover.h"
 
+#include "geometry/frame_attributes.h"
+#include "model/model.h"
 #include "model/window_state.h"
 
 #include <utility>
 
 namespace panewright {
 
-SavePopover::SavePopover(ApplicationIcons& icons, PopoverPresenter presenter,
-                         const SaveShortcutViewController::Services& controllerServices,
-                         const FocusTracking& tracking)
-    : icons_(icons), presenter_(std::move(presenter)), tracking_(tracking),
-      controller_(SaveShortcutViewController::create(controllerServices)) {}
+SavePopover::SavePopover(Services services, MainLoop& mainLoop, ViewFactory& views)
+    : services_(std::move(services)),
+      controller_(SaveShortcutViewController::create({services_.shared, mainLoop, views, *this})) {}
 
-bool SavePopover::isShown() {
-    const auto* popover = controller_->popover();
-    return popover && popover->isShown();
+void SavePopover::saveWindowPosition() {
+    if (!isFrameSettable(services_.tracking.windowElement(), kSizeThenPosition)) {
+        services_.shared.beeper.beep();
+        return;
+    }
+    services_.cancelOther();
+    services_.presenter.prepare();
+    services_.tracking.updateApplicationTracking();
+    open();
 }
 
 void SavePopover::open() {
     controller_->loadViewSafely();
     controller_->reset();
     update();
-    presenter_.bringForward(*controller_->popover());
+    services_.presenter.bringForward(*controller_->popover());
     controller_->view().focusWindowStateName();
 }
 
+void SavePopover::addWindowState(const std::shared_ptr<WindowState>& state) {
+    services_.model.addWindowState(state);
+}
+
+void SavePopover::cancelForAnother() {
+    services_.presenter.cancelForAnother(controller_->popover(), [this] { controller_->cancel(); });
+}
+
+void SavePopover::updateIfOpen() {
+    if (isShown()) {
+        update();
+    }
+}
+
 void SavePopover::update() {
-    const auto& application = tracking_.currentApplication();
+    const auto& application = services_.tracking.currentApplication();
     controller_->setApplicationName(application ? application->localizedName.value_or(std::string())
                                                 : std::string());
-    controller_->setApplicationImage(application ? icons_.iconOf(*application) : nullptr);
+    controller_->setApplicationImage(application ? services_.icons.iconOf(*application) : nullptr);
     controller_->setCanBeForAppOnly(application && application->bundleIdentifier);
     controller_->setWindowState(newPendingState());
 }
@@ -41,13 +61,14 @@ void SavePopover::showSavingRefusal() {
 }
 
 std::shared_ptr<WindowState> SavePopover::newPendingState() const {
+    const auto& tracking = services_.tracking;
     auto state = WindowState::init();
-    if (const auto& application = tracking_.currentApplication()) {
+    if (const auto& application = tracking.currentApplication()) {
         state->setAppBundleId(application->bundleIdentifier);
         state->setAppName(application->localizedName);
     }
-    state->setOriginalWindowRect(tracking_.windowRect());
-    state->setOriginalQuartzDisplayBounds(boundsOf(tracking_.currentDisplay()));
+    state->setOriginalWindowRect(tracking.windowRect());
+    state->setOriginalQuartzDisplayBounds(boundsOf(tracking.currentDisplay()));
     return state;
 }
 

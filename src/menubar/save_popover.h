@@ -4,37 +4,54 @@
 #include "menubar/popover_presenter.h"
 #include "platform/application_icons.h"
 #include "ui/save_shortcut_view_controller.h"
+#include "ui/window_state_saving.h"
 
+#include <functional>
 #include <memory>
 
 namespace panewright {
 
-/// The popover that saves the tracked window's frame as a new state. Main thread only.
-class SavePopover {
+/// The popover that saves the tracked window's frame as a new state, from its opening to its end.
+/// Main thread only.
+class SavePopover : public WindowStateSaving {
 public:
     /// All of it must outlive the popover.
-    SavePopover(ApplicationIcons& icons, PopoverPresenter presenter,
-                const SaveShortcutViewController::Services& controllerServices,
-                const FocusTracking& tracking);
+    struct Services {
+        ApplicationIcons& icons;
+        Model& model;
+        FocusTracking& tracking;
+        PopoverPresenter presenter;
+        ShortcutPopoverController::Services shared;
+        /// Called before it opens: there is one popover at a time.
+        std::function<void()> cancelOther;
+    };
 
-    bool isShown();
-    /// Empties what can be entered, takes the tracked window for the pending state and shows the
-    /// popover with the keyboard in the name field. The view is made the first time.
-    void open();
-    /// Takes the tracked window as it is now for a fresh pending state.
-    void update();
-    /// Says anew whether what is entered can be saved.
+    SavePopover(Services services, MainLoop& mainLoop, ViewFactory& views);
+
+    bool isShown() const { return PopoverPresenter::isShown(controller_->popover()); }
+
+    void saveWindowPosition() override;
+    void addWindowState(const std::shared_ptr<WindowState>& state) override;
+    void finishSavingWindowState() override { services_.presenter.finish(controller_->popover()); }
+    void abandonSavingWindowState() override {
+        services_.presenter.abandon(controller_->popover());
+    }
+
+    /// Takes the tracked window as it is now for a fresh pending state; nothing while it is closed.
+    void updateIfOpen();
+    /// Says anew whether what is entered can be saved; nothing while it is closed.
     void showSavingRefusal();
-    /// As the user does with the button.
-    void cancel() { controller_->cancel(); }
-    void close(KeyboardGoes where) { presenter_.close(controller_->popover(), where); }
+    /// As the user does with the button; nothing while it is closed.
+    void cancelForAnother();
 
 private:
+    /// Empties what can be entered and shows the popover with the keyboard in the name field. The
+    /// view is made the first time.
+    void open();
+    void update();
     std::shared_ptr<WindowState> newPendingState() const;
 
-    ApplicationIcons& icons_;
-    PopoverPresenter presenter_;
-    const FocusTracking& tracking_;
+    Services services_;
     std::shared_ptr<SaveShortcutViewController> controller_;
 };
 

@@ -145,7 +145,7 @@ void StatusItemController::setupNotifications() {
     activations_ =
         ports_.workspace.onApplicationActivated([this] { workspaceDidActiveApplication(); });
     permission_ = ports_.accessibility.onTrusted([this] { permissionGiven(); });
-    tracking_->setWindowChangedHandler([this] { updateSaveShortcutViewControllerIfOpen(); });
+    tracking_->setWindowChangedHandler([this] { savePopover_->updateIfOpen(); });
     removedStates_ = model_->onStatesRemoved([this] {
         editPopover_->closeWithoutState();
         savePopover_->showSavingRefusal();
@@ -153,21 +153,23 @@ void StatusItemController::setupNotifications() {
 }
 
 void StatusItemController::setupSavePopover() {
-    savePopover_.emplace(ports_.applicationIcons, popoverPresenter(),
-                         SaveShortcutViewController::Services{popoverServices(), ports_.mainLoop,
-                                                              views_.factory, *this},
-                         *tracking_);
+    savePopover_.emplace(SavePopover::Services{ports_.applicationIcons, *model_, *tracking_,
+                                               popoverPresenter(), popoverServices(),
+                                               [this] { editPopover_->cancelForAnother(); }},
+                         ports_.mainLoop, views_.factory);
 }
 
 void StatusItemController::setupEditPopover() {
-    editPopover_.emplace(popoverPresenter(),
-                         EditShortcutViewController::Services{popoverServices(), ports_.alerts,
-                                                              views_.factory, *this},
-                         *model_, *tracking_);
+    editPopover_.emplace(
+        EditPopover::Services{*model_, *tracking_, popoverPresenter(), popoverServices(),
+                              [this](const auto& state) { removeWindowState(state); },
+                              [this] { savePopover_->cancelForAnother(); }},
+        ports_.alerts, views_.factory);
 }
 
 PopoverPresenter StatusItemController::popoverPresenter() {
-    return {ports_.workspace, ports_.program, [this] { return anchor(); }};
+    return PopoverPresenter({ports_.workspace, ports_.program, *model_, [this] { return anchor(); },
+                             [this](HotKeyOccasion occasion) { updateHotKeys(occasion); }});
 }
 
 ShortcutPopoverController::Services StatusItemController::popoverServices() {
@@ -205,7 +207,7 @@ void StatusItemController::workspaceDidActiveApplication() {
         return;
     }
     tracking_->updateApplicationTracking();
-    updateSaveShortcutViewControllerIfOpen();
+    savePopover_->updateIfOpen();
     updateHotKeys(HotKeyOccasion::kActivation);
 }
 
@@ -291,64 +293,12 @@ void StatusItemController::removeWindowState(const std::shared_ptr<WindowState>&
     updateHotKeys(HotKeyOccasion::kStateRemoved);
 }
 
-template <class OpenPopover>
-void StatusItemController::cancelForAnother(OpenPopover& popover) {
-    if (popover.isShown()) {
-        keyboardGoes_ = KeyboardGoes::kToTheNextPopover;
-        popover.cancel();
-        keyboardGoes_ = KeyboardGoes::kBackToItsProgram;
-    }
-}
-
 void StatusItemController::editWindowState(const std::shared_ptr<WindowState>& state) {
-    if (!model_->keyOfWindowState(state)) {
-        ports_.beeper.beep();
-        return;
-    }
-    cancelForAnother(*savePopover_);
-    cancelForAnother(*editPopover_); // with another state, whose new shortcut is to be saved
-    usage_.trackEvent(kEditWindowStateEvent, state->attributesForTracking(shortcutText_));
-    updateHotKeys(HotKeyOccasion::kPopoverOpened);
-    editPopover_->open(state);
-}
-
-void StatusItemController::finishEditingWindowState() {
-    model_->save();
-    updateHotKeys(HotKeyOccasion::kPopoverFinished);
-    editPopover_->close(keyboardGoes_);
-}
-
-void StatusItemController::abandonEditingWindowState() {
-    updateHotKeys(HotKeyOccasion::kPopoverAbandoned);
-    editPopover_->close(keyboardGoes_);
+    editPopover_->editWindowState(state);
 }
 
 void StatusItemController::saveWindowPosition() {
-    if (!isFrameSettable(tracking_->windowElement(), kSizeThenPosition)) {
-        ports_.beeper.beep();
-        return;
-    }
-    cancelForAnother(*editPopover_);
-    updateHotKeys(HotKeyOccasion::kPopoverOpened);
-    tracking_->updateApplicationTracking();
-    savePopover_->open();
-}
-
-void StatusItemController::updateSaveShortcutViewControllerIfOpen() {
-    if (savePopover_->isShown()) {
-        savePopover_->update();
-    }
-}
-
-void StatusItemController::finishSavingWindowState() {
-    model_->save();
-    updateHotKeys(HotKeyOccasion::kPopoverFinished);
-    savePopover_->close(keyboardGoes_);
-}
-
-void StatusItemController::abandonSavingWindowState() {
-    updateHotKeys(HotKeyOccasion::kPopoverAbandoned);
-    savePopover_->close(keyboardGoes_);
+    savePopover_->saveWindowPosition();
 }
 
 void StatusItemController::restoreWindowStates() {

@@ -16,7 +16,6 @@
 #include "services/product_pages.h"
 #include "ui/hot_key_refresh.h"
 #include "ui/store_troubles.h"
-#include "ui/window_state_editing.h"
 #include "ui/window_state_saving.h"
 
 #include <memory>
@@ -34,8 +33,6 @@ class WindowState;
 /// keys in step with the frontmost application and puts states onto its focused window. Main thread
 /// only.
 class StatusItemController : public WindowStateApplier,
-                             public WindowStateSaving,
-                             public WindowStateEditing,
                              public HotKeyRefresh,
                              public std::enable_shared_from_this<StatusItemController> {
 public:
@@ -72,20 +69,18 @@ public:
     bool applyWindowStateNamed(std::string_view name, std::string_view forApplicationNamed);
 
     /// Only adds: the caller saves and refreshes the hot keys.
-    void addWindowState(const std::shared_ptr<WindowState>& state) override;
+    void addWindowState(const std::shared_ptr<WindowState>& state);
 
     /// Opens the edit popover for it; beeps for a state that is not in the store.
     void editWindowState(const std::shared_ptr<WindowState>& state);
 
     /// Removes and saves, and gives the hot key that the state overrode back to its owner. Null
     /// removes nothing.
-    void removeWindowState(const std::shared_ptr<WindowState>& state) override;
+    void removeWindowState(const std::shared_ptr<WindowState>& state);
 
-    void saveWindowPosition() override;
-    void finishSavingWindowState() override;
-    void abandonSavingWindowState() override;
-    void finishEditingWindowState() override;
-    void abandonEditingWindowState() override;
+    /// Opens the save popover for the tracked window; beeps when that cannot be moved and resized.
+    void saveWindowPosition();
+    WindowStateSaving& saving() { return *savePopover_; }
 
     // Actions that concern the whole program and are passed on to it.
     /// Installs the hot keys of the built-in states too.
@@ -119,13 +114,8 @@ private:
     void workspaceDidActiveApplication();
     void permissionGiven();
     void updateHotKeys(HotKeyOccasion occasion);
-    /// Cancels it, if it is open, without giving the keyboard away before the other one is there.
-    template <class OpenPopover>
-    void cancelForAnother(OpenPopover& popover);
     PopoverPresenter popoverPresenter();
     ShortcutPopoverController::Services popoverServices();
-    /// Takes the tracked window as it is now into an open save popover.
-    void updateSaveShortcutViewControllerIfOpen();
     PopoverAnchor anchor() const;
     bool applyFirst(std::string_view name, std::optional<std::string_view> applicationName);
 
@@ -142,8 +132,6 @@ private:
     std::optional<StatusMenu> menu_;
     std::optional<SavePopover> savePopover_;
     std::optional<EditPopover> editPopover_;
-    /// When a popover closes.
-    KeyboardGoes keyboardGoes_ = KeyboardGoes::kBackToItsProgram;
     std::optional<LaunchAgentStartupItem> startupItem_;
     /// Null while none is set.
     std::shared_ptr<CarbonKeyEvent> moveToNextDisplayKey_;

@@ -142,6 +142,7 @@ void SaveShortcutWidget::setSavingRefusal(const std::string& text) {
     refusal_->setText(QString::fromStdString(text));
     refusal_->setVisible(!text.empty());
     save_->setEnabled(text.empty());
+    save_->setToolTip(refusal_->text()); // which screen readers say with the button
     parts().window().contentChanged();
 }
 
