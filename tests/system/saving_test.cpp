@@ -23,8 +23,8 @@ TEST_P(Saving, MakesAStateForItsApplicationAndOneForAll) {
     save(other, "Wide", "alt+8", {"alt+a"});
     const TestClient second(desktop_.display(), {.windowClass = "Editor"});
 
-    for (const bool isRestarted : {false, true}) {
-        SCOPED_TRACE(isRestarted ? "restarted" : "first run");
+    for (const int end : {SIGTERM, SIGKILL, SIGTERM}) {
+        SCOPED_TRACE(end);
         switchTo(second);
         expectAfter(KEY_9, kCorner, desktop_, second.window());
         expectAfter(KEY_8, kWide, desktop_, second.window());
@@ -34,7 +34,8 @@ TEST_P(Saving, MakesAStateForItsApplicationAndOneForAll) {
         EXPECT_TRUE(eventually([&] { return other.keyPresses() > pressesBefore; }));
         expectAfter(KEY_2, kLarge, desktop_, other.window());
         expectAfter(KEY_8, kWide, desktop_, other.window());
-        quit();
+        (*program_)->sendSignal(end);
+        EXPECT_EQ((*program_)->waitForEnd(), end == SIGTERM ? 0 : -SIGKILL);
         start();
     }
 }
