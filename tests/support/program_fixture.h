@@ -7,27 +7,42 @@
 #include "model/store_lock.h"
 #include "model/window_state.h"
 #include "services/launch_agent_format.h"
+#include "support/print_geometry.h"
 #include "support/temporary_folder.h"
+
+#include <gmock/gmock.h>
 
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace panewright {
 
-/// The whole program on a desktop in memory, with a store of its own.
-class LaunchedProgram {
-public:
+constexpr ProcessId kEditor = 42, kTerminal = 43;
+constexpr const char* kEditorId = "org.example.Editor";
+constexpr const char* kTerminalId = "org.example.Terminal";
+constexpr Rect kScreen{0, 0, 1600, 900};
+constexpr std::uint64_t kCapsLock = 0x10000, kShift = 0x20000, kOption = 0x80000;
+constexpr std::uint16_t kSpace = 49, kDelete = 51, kEscape = 53;
+
+/// The whole program on a desktop in memory, with one display and a store of its own. A test
+/// launches it.
+class ProgramFixture : public testing::Test {
+protected:
+    ProgramFixture() { desktop_.displays.setDisplays({{.id = 1, .bounds = kScreen}}); }
     void launch() {
-        delegate.applicationWillFinishLaunching();
-        delegate.applicationDidFinishLaunching();
+        delegate_.applicationWillFinishLaunching();
+        delegate_.applicationDidFinishLaunching();
     }
+    StatusItemController& controller() { return *delegate_.statusItemController(); }
 
     /// A program with one window, which becomes the active one.
-    WindowId open(ProcessId pid, const std::string& bundleId, const Rect& frame) {
-        desktop.windows.addApplication({pid, bundleId, bundleId});
-        const auto window = desktop.windows.openWindow({.pid = pid, .frame = frame});
-        desktop.windows.activateWindow(window);
-        desktop.mainLoop.runPending();
+    WindowId openProgram(ProcessId pid, const std::string& bundleId, const Rect& frame) {
+        desktop_.windows.addApplication({pid, bundleId, bundleId});
+        const auto window = desktop_.windows.openWindow({.pid = pid, .frame = frame});
+        desktop_.windows.activateWindow(window);
+        desktop_.mainLoop.runPending();
         return window;
     }
 
@@ -40,30 +55,60 @@ public:
         state->setAppBundleId(bundleId);
         state->setAppName(bundleId);
         state->setOriginalWindowRect(frame);
-        state->setOriginalQuartzDisplayBounds(displayWithId(desktop.displays.snapshot(), 1).bounds);
+        state->setOriginalQuartzDisplayBounds(
+            displayWithId(desktop_.displays.snapshot(), 1).bounds);
         state->setKeyEvent(CarbonKeyEvent::carbonEventWithKeyCode(keyCode, 0x80000));
-        delegate.statusItemController()->addWindowState(state);
-        delegate.statusItemController()->addEventHandlers();
+        controller().addWindowState(state);
+        controller().addEventHandlers();
         return state;
     }
 
     /// Presses Option and the key; false when no hot key takes it.
     bool press(std::uint32_t keyCode) {
-        const bool taken = desktop.hotKeys.press(keyCode, 0x800);
-        desktop.mainLoop.runPending();
+        const bool taken = desktop_.hotKeys.press(keyCode, 0x800);
+        desktop_.mainLoop.runPending();
         return taken;
     }
 
-    Rect frame(WindowId window) const { return desktop.windows.find(window)->frame; }
+    /// Chooses a row of the menu that a click on the icon opens, with these modifiers held.
+    void choose(const std::string& row, std::uint64_t flags = 0) {
+        desktop_.statusItem.click();
+        EXPECT_TRUE(desktop_.menuView.choose(row, flags)) << row;
+        desktop_.mainLoop.runPending();
+    }
+    static void record(QFShortcutRecorder& recorder, std::uint16_t keyCode,
+                       std::uint64_t flags = kOption) {
+        recorder.keyDown({kSpace, 0});
+        recorder.flagsChanged(flags);
+        recorder.keyDown({keyCode, flags});
+    }
 
-    TemporaryFolder folder;
-    MemoryStandardFolders folders{folder.path()};
-    StoreLock lock{folders, ""};
-    LaunchAgentFormat loginItems{folder.path()};
-    MemoryDesktop desktop;
-    Ports ports = desktop.ports(folders, loginItems);
-    SharedInstances shared{ports, lock};
-    AppDelegate delegate{ports, {desktop.views, desktop.menuView, desktop.exportedMenu}};
+    Rect frameOf(WindowId window) const { return desktop_.windows.find(window)->frame; }
+    ProcessId frontmost() { return desktop_.windows.frontmost()->processIdentifier; }
+    /// The usage events since the last call but those of the menu, as "name shortcut state's name".
+    std::vector<std::string> takeEvents() {
+        std::vector<std::string> events;
+        for (const auto& event : std::exchange(desktop_.analytics.events, {})) {
+            const auto text = [&](const char* key) {
+                const auto found = event.attributes.find(key);
+                return found == event.attributes.end() ? ""
+                                                       : ' ' + std::get<std::string>(found->second);
+            };
+            if (event.name != "OpenMenu") {
+                events.push_back(event.name + text("KeyboardShortcut") + text("WindowStateName"));
+            }
+        }
+        return events;
+    }
+
+    TemporaryFolder folder_;
+    MemoryStandardFolders folders_{folder_.path()};
+    StoreLock lock_{folders_, ""};
+    LaunchAgentFormat loginItems_{folder_.path()};
+    MemoryDesktop desktop_;
+    Ports ports_ = desktop_.ports(folders_, loginItems_);
+    SharedInstances shared_{ports_, lock_};
+    AppDelegate delegate_{ports_, {desktop_.views, desktop_.menuView, desktop_.exportedMenu}};
 };
 
 } // namespace panewright

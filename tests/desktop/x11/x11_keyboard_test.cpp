@@ -89,8 +89,7 @@ TEST(XkbKeyboardLayout, NamesKeysByTheLayoutThatIsSwitchedToIfItTypesAscii) {
     const struct {
         const char* layouts; // laid anew, of which the one with the same number is active
         int switches;        // to the next layout
-        std::string keyOfY;
-        std::string keyOfA;
+        std::string keyOfY, keyOfA;
     } cases[] = {
         {"us,de", 0, "y", "a"},        {"us,de", 1, "z", "a"},       {"us,de", 0, "z", "a"},
         {"us,de", 1, "y", "a"},        {"us,fr,ru,de", 0, "y", "a"}, {"us,fr,ru,de", 1, "y", "q"},
