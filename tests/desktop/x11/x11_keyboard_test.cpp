@@ -13,7 +13,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 TEST(X11HotKeys, TakeNoKeyEventThatAnotherProgramMakesUp) {
-    X11Rig rig;
+    X11Rig rig{{.arguments = {"-ardelay", "50", "-arinterval", "10"}}};
     int presses = 0;
     const auto counting = rig.ports->hotKeys.onPressed([&](const HotKeyPress&) { ++presses; });
     rig.ports->hotKeys.registerHotKey(18, kHotKeyOption, {0, 1});
@@ -40,8 +40,7 @@ TEST(X11HotKeys, TakeNoKeyEventThatAnotherProgramMakesUp) {
     rig.desktop.keyboard().press(KEY_1);
     EXPECT_TRUE(rig.eventually([&] { return presses == 1; }));
     forge(XCB_KEY_RELEASE);
-    rig.desktop.keyboard().press(KEY_1); // repeats
-    rig.loop.runPending();
+    rig.eventually([tries = 150]() mutable { return --tries == 0; }); // some repeats come
     EXPECT_EQ(presses, 1);
     rig.desktop.keyboard().release(KEY_1);
     rig.desktop.keyboard().release(KEY_LEFTALT);
