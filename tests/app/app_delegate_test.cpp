@@ -1,50 +1,45 @@
-#include "support/launched_program.h"
-
-#include <gmock/gmock.h>
+#include "support/program_fixture.h"
 
 namespace panewright {
 namespace {
 
 using namespace std::chrono_literals;
 
-constexpr ProcessId kEditor = 42;
+class AppDelegateTest : public ProgramFixture {};
 
-TEST(AppDelegate, StartsWithTheApplicationThatWasInFront) {
-    LaunchedProgram program;
-    program.open(kEditor, "org.example.Editor", {100, 50, 800, 600});
-    program.delegate.applicationWillFinishLaunching();
+TEST_F(AppDelegateTest, StartsWithTheApplicationThatWasInFront) {
+    openProgram(kEditor, kEditorId, {100, 50, 800, 600});
+    delegate_.applicationWillFinishLaunching();
     // Launching makes the program itself the frontmost one.
-    program.desktop.windows.activateApplication(MemoryDesktop::kOwnPid);
+    desktop_.windows.activateApplication(MemoryDesktop::kOwnPid);
     EXPECT_EQ(AppDelegate::instance(), nullptr);
-    program.delegate.applicationDidFinishLaunching();
-    EXPECT_EQ(AppDelegate::instance(), &program.delegate);
-    auto& controller = *program.delegate.statusItemController();
-    EXPECT_EQ(controller.tracking().currentApplication()->processIdentifier, kEditor);
-    controller.startStatusItem(); // once is enough
-    EXPECT_EQ(program.desktop.hotKeys.registeredCount(), 4U);
-    EXPECT_EQ(program.desktop.crashReporter.starts, 1);
-    program.delegate.quit();
-    EXPECT_EQ(program.desktop.mainLoop.run(), 0);
+    delegate_.applicationDidFinishLaunching();
+    EXPECT_EQ(AppDelegate::instance(), &delegate_);
+    EXPECT_EQ(controller().tracking().currentApplication()->processIdentifier, kEditor);
+    controller().startStatusItem(); // once is enough
+    EXPECT_EQ(desktop_.hotKeys.registeredCount(), 4U);
+    EXPECT_EQ(desktop_.crashReporter.starts, 1);
+    delegate_.quit();
+    EXPECT_EQ(desktop_.mainLoop.run(), 0);
 }
 
-TEST(AppDelegate, OpensThePreferencesASecondLaterWithoutPermissionAndTracksWhenItComes) {
-    LaunchedProgram program;
-    program.desktop.windows.setPermitted(false);
-    program.open(kEditor, "org.example.Editor", {100, 50, 800, 600});
-    program.launch();
-    EXPECT_EQ(program.desktop.windows.promptsShown(), 1);
-    program.desktop.mainLoop.advance(999ms);
-    EXPECT_THAT(program.desktop.workspace.launched, testing::IsEmpty());
-    program.desktop.mainLoop.advance(1ms);
-    EXPECT_THAT(program.desktop.workspace.launched, testing::SizeIs(1));
-    program.desktop.windows.activateApplication(MemoryDesktop::kOwnPid);
-    const auto& tracking = program.delegate.statusItemController()->tracking();
+TEST_F(AppDelegateTest, OpensThePreferencesASecondLaterWithoutPermissionAndTracksWhenItComes) {
+    desktop_.windows.setPermitted(false);
+    openProgram(kEditor, kEditorId, {100, 50, 800, 600});
+    launch();
+    EXPECT_EQ(desktop_.windows.promptsShown(), 1);
+    desktop_.mainLoop.advance(999ms);
+    EXPECT_THAT(desktop_.workspace.launched, testing::IsEmpty());
+    desktop_.mainLoop.advance(1ms);
+    EXPECT_THAT(desktop_.workspace.launched, testing::SizeIs(1));
+    desktop_.windows.activateApplication(MemoryDesktop::kOwnPid);
+    const auto& tracking = controller().tracking();
     EXPECT_EQ(tracking.windowElement(), nullptr);
     CarbonEventManager::sharedManager().removeAllEvents();
-    program.desktop.windows.setPermitted(true);
-    program.desktop.mainLoop.runPending();
+    desktop_.windows.setPermitted(true);
+    desktop_.mainLoop.runPending();
     EXPECT_EQ(tracking.windowRect(), (Rect{100, 50, 800, 600}));
-    EXPECT_EQ(program.desktop.hotKeys.registeredCount(), 4U);
+    EXPECT_EQ(desktop_.hotKeys.registeredCount(), 4U);
 }
 
 } // namespace

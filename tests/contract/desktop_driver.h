@@ -3,9 +3,7 @@
 #include "base/geometry.h"
 #include "desktop/shared/windows.h"
 #include "platform/accessibility.h"
-#include "platform/displays.h"
 #include "platform/hot_keys.h"
-#include "platform/work_areas.h"
 #include "platform/workspace.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +11,6 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace panewright {
 
@@ -31,29 +28,22 @@ struct OpenedWindow {
 /// What every desktop answers with.
 struct DesktopPorts {
     Accessibility& accessibility;
-    Displays& displays;
     HotKeys& hotKeys;
-    WorkAreas& workAreas;
     Workspace& workspace;
 };
 
-/// A desktop as its user: opens windows, presses keys and plugs displays as users do. Frames are
+/// A desktop as its user: opens windows and presses keys as users do. Frames are
 /// outer ones. A key is its virtual key code, pressed with Option.
 class DesktopDriver {
 public:
     virtual ~DesktopDriver() = default;
 
     virtual DesktopPorts ports() = 0;
-    /// The process that windows of our own program are of.
-    virtual ProcessId ownPid() const = 0;
 
     virtual WindowId open(const OpenedWindow& window) = 0;
     virtual void close(WindowId window) = 0;
     virtual void activate(WindowId window) = 0;
     virtual void setFrame(WindowId window, const Rect& frame) = 0;
-
-    /// The first one is the main display.
-    virtual void setDisplays(const std::vector<Rect>& bounds) = 0;
 
     virtual void tap(std::uint32_t keyCode) = 0;
     virtual void takeByAnotherProgram(std::uint32_t keyCode) = 0;
@@ -71,12 +61,9 @@ struct NamedDesktop {
 
 std::unique_ptr<DesktopDriver> driveMemoryDesktop();
 std::unique_ptr<DesktopDriver> driveX11();
-std::unique_ptr<DesktopDriver> driveLateDesktop();
 
 constexpr NamedDesktop kMemory{"memory", driveMemoryDesktop};
 constexpr NamedDesktop kX11{"X11", driveX11};
-/// A compositor that answers late where its windows are.
-constexpr NamedDesktop kLate{"late", driveLateDesktop};
 
 /// A suite for several desktops.
 class DesktopContract : public testing::TestWithParam<NamedDesktop> {

@@ -35,8 +35,7 @@ TEST(QtTextServicesContract, AnswersInTheFirstLanguageThatItKnows) {
     const QCoreApplication application(count, nullptr);
     const struct {
         QStringList languages;
-        std::string language;
-        std::string yes;
+        std::string language, yes;
     } cases[] = {
         {{"de-CH", "de"}, "de", "Ja"},   {{"fr-FR", "fr", "de-DE"}, "de", "Ja"},
         {{"en-US", "de"}, "en", "Yes"},  {{"C"}, "en", "Yes"},

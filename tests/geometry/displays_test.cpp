@@ -55,8 +55,7 @@ TEST_F(DisplaysTest, AreFoundByRectangleAndFollowEachOtherFromThatOfItsCorner) {
     connect({{0, 0, 1440, 900}, {1440, 0, 1920, 1080}, {3360, 0, 1440, 900}});
     const struct {
         Rect rect;
-        DisplayId holds;
-        DisplayId next;
+        DisplayId holds, next;
     } cases[] = {
         {{100, 50, 800, 600}, 1, 2}, {{1440, 0, 10, 10}, 2, 3},
         {{3400, 0, 10, 10}, 3, 1},   {{1439, 0, 1920, 10}, 1, 2}, // most of it on the other
@@ -85,17 +84,12 @@ TEST_F(DisplaysTest, AreFilledByAWindowBelowTheMenuBarToo) {
 }
 
 TEST_F(DisplaysTest, LetAWindowKeepItsPlaceAndShareInThirtyTwoBitSteps) {
-    constexpr Rect kSmall{0, 0, 1440, 900};
-    constexpr Rect kLarge{1440, 0, 1920, 1080};
+    constexpr Rect kSmall{0, 0, 1440, 900}, kLarge{1440, 0, 1920, 1080};
     constexpr Rect kScaled{1573.3333740234375, 60.000003814697266, 1066.666748046875, 720};
-    constexpr Rect kSquare{0, 0, 1000, 1000};
-    constexpr Rect kNextSquare{1000, 0, 1000, 1000};
+    constexpr Rect kSquare{0, 0, 1000, 1000}, kNextSquare{1000, 0, 1000, 1000};
     const struct {
         const char* what;
-        Rect from;
-        Rect to;
-        Rect window;
-        Rect frame;
+        Rect from, to, window, frame;
     } cases[] = {
         {"to a larger display", kSmall, kLarge, {100, 50, 800, 600}, kScaled},
         {"a window that fills its display", kSmall, kLarge, {0, 23, 1440, 877}, kLarge},

@@ -19,12 +19,9 @@ namespace panewright {
 namespace {
 
 constexpr ProcessId kEditor = 42;
-constexpr Rect kMain{0, 0, 1440, 900};
-constexpr Rect kRight{1440, 0, 1920, 1080};
+constexpr Rect kMain{0, 0, 1440, 900}, kRight{1440, 0, 1920, 1080};
 constexpr Rect kEnd{3360, 0, 1440, 900}; // as large as the main one
-constexpr DisplayId kMainId = 1;
-constexpr DisplayId kRightId = 2;
-constexpr DisplayId kEndId = 3;
+constexpr DisplayId kMainId = 1, kRightId = 2, kEndId = 3;
 
 class WindowPlacementTest : public testing::Test {
 protected:
@@ -74,8 +71,7 @@ TEST_F(WindowPlacementTest, ScalesAUserStateToTheDisplay) {
     constexpr Rect kWindow{100, 50, 800, 600};
     const struct {
         const char* what;
-        Rect saved;
-        Rect savedOn;
+        Rect saved, savedOn;
         DisplayId on;
         Rect frame;
     } cases[] = {

@@ -1,8 +1,4 @@
-#include "support/launched_program.h"
-#include "support/print_geometry.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "support/program_fixture.h"
 
 namespace panewright {
 namespace {
@@ -10,30 +6,20 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr ProcessId kEditor = 42, kTerminal = 43;
-constexpr const char* kEditorId = "org.example.Editor";
-constexpr const char* kTerminalId = "org.example.Terminal";
-constexpr Rect kFrame{100, 50, 800, 600}, kSaved{1, 2, 300, 200}, kDisplay{0, 0, 1600, 900};
-constexpr std::uint64_t kOption = 0x80000, kShift = 0x20000;
-constexpr std::uint16_t kJ = 38, kK = 40, kU = 32, k1 = 18, kSpace = 49, kEscape = 53;
+constexpr Rect kFrame{100, 50, 800, 600}, kSaved{1, 2, 300, 200};
+constexpr std::uint16_t kJ = 38, kK = 40, kU = 32, k1 = 18;
 
 /// The program with a terminal's and an editor's window, the latter in front, and a state of the
 /// editor on Option-K, which is being edited.
-class EditPopoverTest : public testing::Test {
+class EditPopoverTest : public ProgramFixture {
 protected:
     EditPopoverTest() {
-        desktop_.displays.setDisplays({{.id = 1, .bounds = kDisplay}});
         desktop_.keyboardLayout.setKeys({{kJ, "j"}, {kK, "k"}, {k1, "1"}});
-        program_.open(kTerminal, kTerminalId, kFrame);
-        editor_ = program_.open(kEditor, kEditorId, kFrame);
-        program_.launch();
-        mine_ = program_.addState("Mine", false, kEditorId, kK, kSaved);
+        openProgram(kTerminal, kTerminalId, kFrame);
+        editor_ = openProgram(kEditor, kEditorId, kFrame);
+        launch();
+        mine_ = addState("Mine", false, kEditorId, kK, kSaved);
         edit("Mine");
-    }
-    void choose(const std::string& row, std::uint64_t flags = 0) {
-        desktop_.statusItem.click();
-        EXPECT_TRUE(desktop_.menuView.choose(row, flags)) << row;
-        desktop_.mainLoop.runPending();
     }
     void edit(const std::string& name) { choose(name, kOption); }
     MemoryEditShortcutView& view() { return *desktop_.views.edit; }
@@ -46,25 +32,7 @@ protected:
         popover().shortcutRecorder().flagsChanged(kOption);
         popover().shortcutRecorder().keyDown({keyCode, kOption});
     }
-    /// What has happened since the last call: the events, as "name shortcut state's name".
-    std::vector<std::string> takeEvents() {
-        std::vector<std::string> events;
-        for (const auto& event : std::exchange(desktop_.analytics.events, {})) {
-            const auto text = [&](const char* key) {
-                const auto found = event.attributes.find(key);
-                return found == event.attributes.end() ? ""
-                                                       : ' ' + std::get<std::string>(found->second);
-            };
-            if (event.name != "OpenMenu") {
-                events.push_back(event.name + text("KeyboardShortcut") + text("WindowStateName"));
-            }
-        }
-        return events;
-    }
-    ProcessId frontmost() { return desktop_.workspace.frontmostApplication()->processIdentifier; }
 
-    LaunchedProgram program_;
-    MemoryDesktop& desktop_ = program_.desktop;
     WindowId editor_ = 0;
     std::shared_ptr<WindowState> mine_;
 };
@@ -110,8 +78,8 @@ TEST_F(EditPopoverTest, KeepsARecordedShortcutWhenItIsCancelledOrTheNameIsRefuse
     popover().cancel();
     EXPECT_THAT(takeEvents(),
                 ElementsAre("EditWindowState ⌥K Mine", "CancelEditWindowState ⌥J Mine"));
-    EXPECT_TRUE(program_.press(kJ));
-    EXPECT_EQ(program_.frame(editor_), kSaved);
+    EXPECT_TRUE(press(kJ));
+    EXPECT_EQ(frameOf(editor_), kSaved);
 }
 
 TEST_F(EditPopoverTest, LeavesTheHotKeysToTheNextApplicationAndOnlyClosesOnEscape) {
@@ -156,7 +124,7 @@ TEST_F(EditPopoverTest, DeletesAfterAQuestionOrAtOnceWithShift) {
 
 TEST_F(EditPopoverTest, ClosesWithTheStateThatLeavesTheStoreAndTheQuestionToo) {
     popover().deleteWindowState(0);
-    program_.addState("Other", false, kEditorId, kJ, kSaved);
+    addState("Other", false, kEditorId, kJ, kSaved);
     choose("Other", kOption | kShift);
     choose("Restore Built-in States");
     EXPECT_TRUE(isShown() && desktop_.alerts.open) << "neither is the one";
@@ -166,7 +134,7 @@ TEST_F(EditPopoverTest, ClosesWithTheStateThatLeavesTheStoreAndTheQuestionToo) {
     Model::instance().restoreDefaultWindowStates();
     EXPECT_FALSE(isShown());
     takeEvents();
-    program_.delegate.statusItemController()->editWindowState(mine_);
+    controller().editWindowState(mine_);
     EXPECT_FALSE(isShown()) << "of a row that is left";
     EXPECT_THAT(takeEvents(), IsEmpty());
 }
@@ -194,9 +162,9 @@ TEST_F(EditPopoverTest, IsOpenAloneAndCancelsTheOtherPopover) {
 }
 
 TEST_F(EditPopoverTest, SaysWhereTheStateAppliesAndWhoElseOfOursHasItsShortcutThere) {
-    program_.addState("Global", true, kEditorId, kJ, kSaved);
-    program_.addState("Theirs", false, kTerminalId, kJ, kSaved);
-    program_.addState("Large", false, kEditorId, 19, kSaved);
+    addState("Global", true, kEditorId, kJ, kSaved);
+    addState("Theirs", false, kTerminalId, kJ, kSaved);
+    addState("Large", false, kEditorId, 19, kSaved);
     Model::instance().setMoveToNextWindowKeyEvent(
         CarbonKeyEvent::carbonEventWithKeyCode(kK, kOption));
     const struct {

@@ -1,9 +1,6 @@
 #include "menubar/status_item_controller.h"
 
-#include "support/launched_program.h"
-#include "support/print_geometry.h"
-
-#include <gmock/gmock.h>
+#include "support/program_fixture.h"
 
 namespace panewright {
 namespace {
@@ -11,18 +8,12 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr ProcessId kEditor = 42;
-constexpr ProcessId kTerminal = 43;
-constexpr const char* kEditorId = "org.example.Editor";
-constexpr const char* kTerminalId = "org.example.Terminal";
 constexpr Rect kStart{100, 50, 800, 600};
 constexpr std::uint32_t kNextKey = 45;
 
-constexpr Rect kLeft{0, 0, 1440, 900};
-constexpr Rect kMiddle{1440, 0, 1920, 1080};
-constexpr Rect kRight{3360, 0, 1440, 900};
+constexpr Rect kLeft{0, 0, 1440, 900}, kMiddle{1440, 0, 1920, 1080}, kRight{3360, 0, 1440, 900};
 
-class StatusItemControllerTest : public testing::Test {
+class StatusItemControllerTest : public ProgramFixture {
 protected:
     StatusItemControllerTest() {
         desktop_.displays.setDisplays({{.id = 1, .bounds = kLeft},
@@ -32,14 +23,13 @@ protected:
         desktop_.userDefaults.setObject("MoveToNextWindowKeyEventKeyCode", std::int64_t{kNextKey});
         desktop_.userDefaults.setObject("MoveToNextWindowKeyEventKeyModifiers",
                                         std::int64_t{0x80000});
-        window_ = program_.open(kEditor, kEditorId, kStart);
-        program_.launch();
+        window_ = openProgram(kEditor, kEditorId, kStart);
+        launch();
     }
 
-    StatusItemController& controller() { return *program_.delegate.statusItemController(); }
-    Rect frame() { return program_.frame(window_); }
+    Rect frame() { return frameOf(window_); }
     Rect frameAfter(std::uint32_t key) {
-        EXPECT_TRUE(program_.press(key)) << key;
+        EXPECT_TRUE(press(key)) << key;
         return frame();
     }
     void expectTracked(ProcessId pid, const Rect& frame, DisplayId display) {
@@ -49,17 +39,7 @@ protected:
         EXPECT_EQ(tracking.windowRect(), frame);
         EXPECT_EQ(tracking.currentDisplay()->displayId(), display);
     }
-    /// The names of the usage events since the last call.
-    std::vector<std::string> takeEvents() {
-        std::vector<std::string> names;
-        for (const auto& event : std::exchange(desktop_.analytics.events, {})) {
-            names.push_back(event.name);
-        }
-        return names;
-    }
 
-    LaunchedProgram program_;
-    MemoryDesktop& desktop_ = program_.desktop;
     WindowId window_ = 0;
 };
 
@@ -67,13 +47,13 @@ TEST_F(StatusItemControllerTest, LetsTheApplicationWinOverGlobalAndBuiltInStates
     const Rect global{1, 1, 300, 200};
     const Rect own{2, 2, 300, 200};
     EXPECT_EQ(frameAfter(18), kLeft);
-    program_.addState("Everywhere", true, kEditorId, 18, global);
-    const auto editorState = program_.addState("Mine", false, kEditorId, 18, own);
+    addState("Everywhere", true, kEditorId, 18, global);
+    const auto editorState = addState("Mine", false, kEditorId, 18, own);
     EXPECT_EQ(frameAfter(18), own);
 
-    const auto terminal = program_.open(kTerminal, kTerminalId, kStart);
+    const auto terminal = openProgram(kTerminal, kTerminalId, kStart);
     EXPECT_EQ(frameAfter(18), own);
-    EXPECT_EQ(program_.frame(terminal), global);
+    EXPECT_EQ(frameOf(terminal), global);
 
     desktop_.windows.activateWindow(window_);
     desktop_.windows.setFrame(window_, kStart);
@@ -87,8 +67,8 @@ TEST_F(StatusItemControllerTest, LetsTheApplicationWinOverGlobalAndBuiltInStates
     controller().removeWindowState(nullptr);
     controller().removeWindowState(editorState);
     EXPECT_EQ(frameAfter(18), global);
-    EXPECT_THAT(takeEvents(),
-                ElementsAre("RemoveWindowState", "RemoveWindowState", "ApplyWindowState"));
+    EXPECT_THAT(takeEvents(), ElementsAre("RemoveWindowState", "RemoveWindowState ⌥1 Mine",
+                                          "ApplyWindowState ⌥1 Everywhere"));
     EXPECT_EQ(desktop_.hotKeys.registeredCount(), 5U); // four states and the next display
 }
 
@@ -96,7 +76,7 @@ TEST_F(StatusItemControllerTest, FollowsTheFocusedWindowAndItsDisplay) {
     expectTracked(kEditor, kStart, 1);
     desktop_.windows.setFrame(window_, {1500, 50, 700, 600});
     expectTracked(kEditor, {1500, 50, 700, 600}, 2);
-    const auto opened = program_.open(kEditor, kEditorId, {1, 2, 3, 4});
+    const auto opened = openProgram(kEditor, kEditorId, {1, 2, 3, 4});
     desktop_.windows.setFrame(window_, {9, 9, 9, 9}); // no longer the tracked one
     expectTracked(kEditor, {1, 2, 3, 4}, 1);
     desktop_.windows.closeWindow(opened); // where nothing is there or known, the last frame stays
@@ -110,10 +90,11 @@ TEST_F(StatusItemControllerTest, FollowsTheFocusedWindowAndItsDisplay) {
 
 TEST_F(StatusItemControllerTest, BeepsWhenThereIsNoWindowToPlace) {
     desktop_.windows.closeWindow(window_);
-    EXPECT_TRUE(program_.press(19));
+    EXPECT_TRUE(press(19));
     EXPECT_EQ(desktop_.beeper.beeps, 1);
-    EXPECT_THAT(takeEvents(), ElementsAre("ApplyWindowState")); // the attempt counts
-    EXPECT_TRUE(program_.press(kNextKey));
+    EXPECT_THAT(takeEvents(),
+                ElementsAre("ApplyWindowState ⌥ Centered Large")); // the attempt counts
+    EXPECT_TRUE(press(kNextKey));
     EXPECT_EQ(desktop_.beeper.beeps, 2);
     EXPECT_THAT(takeEvents(), IsEmpty());
 }
@@ -122,12 +103,12 @@ TEST_F(StatusItemControllerTest, AsksForPermissionAndComesForwardWithoutIt) {
     desktop_.windows.setPermitted(false);
     EXPECT_EQ(frameAfter(19), kStart);
     EXPECT_EQ(desktop_.windows.promptsShown(), 1);
-    EXPECT_EQ(desktop_.windows.frontmost()->processIdentifier, MemoryDesktop::kOwnPid);
+    EXPECT_EQ(frontmost(), MemoryDesktop::kOwnPid);
     EXPECT_THAT(takeEvents(), IsEmpty());
 }
 
 TEST_F(StatusItemControllerTest, AppliesStatesByName) {
-    program_.addState("Mine", true, kTerminalId, 40, {2, 2, 300, 200});
+    addState("Mine", true, kTerminalId, 40, {2, 2, 300, 200});
     EXPECT_FALSE(controller().applyWindowStateNamed("mine"));
     EXPECT_FALSE(controller().applyWindowStateNamed("Mine", kEditorId));
     EXPECT_EQ(frame(), kStart);
@@ -148,7 +129,7 @@ TEST_F(StatusItemControllerTest, MovesToTheNextDisplayWithItsKeyAndShowsIt) {
     desktop_.userDefaults.removeObjectForKey("MoveToNextWindowKeyEventKeyCode");
     controller().addEventHandlers();
     EXPECT_EQ(controller().menu().fixedItems().moveToNextDisplayItem->shortcut.keyEquivalent, "");
-    EXPECT_FALSE(program_.press(kNextKey));
+    EXPECT_FALSE(press(kNextKey));
 }
 
 } // namespace

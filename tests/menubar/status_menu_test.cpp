@@ -1,8 +1,6 @@
 #include "menubar/status_menu.h"
 
-#include "support/launched_program.h"
-
-#include <gmock/gmock.h>
+#include "support/program_fixture.h"
 
 namespace panewright {
 namespace {
@@ -12,10 +10,7 @@ using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
 
-constexpr std::uint64_t kOption = 0x80000, kShift = 0x20000, kCapsLock = 0x10000;
-constexpr const char* kEditorId = "org.example.Editor";
-constexpr Rect kStart{100, 50, 800, 600};
-constexpr Rect kOwn{0, 0, 300, 200};
+constexpr Rect kStart{100, 50, 800, 600}, kOwn{0, 0, 300, 200};
 
 const std::vector<std::string> kBefore{"Save Current Window…", "(Move to Next Display)",
                                        "Settings…"};
@@ -51,19 +46,18 @@ std::vector<std::string> rows(const Menu* menu) {
 }
 
 /// The program with an editor's window in front, on one display.
-class StatusMenuTest : public testing::Test {
+class StatusMenuTest : public ProgramFixture {
 protected:
     StatusMenuTest() {
-        desktop_.displays.setDisplays({{.id = 1, .bounds = {0, 0, 1600, 900}}});
         desktop_.keyboardLayout.setKeys({{18, "1"}, {19, "2"}, {20, "3"}, {21, "4"}, {49, " "}});
-        window_ = program_.open(42, kEditorId, kStart);
-        program_.launch();
+        window_ = openProgram(kEditor, kEditorId, kStart);
+        launch();
     }
 
     std::shared_ptr<WindowState> add(const std::string& bundleId, const std::string& name,
                                      std::optional<std::string> appName,
                                      std::uint64_t keyCode = 0) {
-        auto state = program_.addState(name, bundleId.empty(), bundleId, keyCode, kOwn);
+        auto state = addState(name, bundleId.empty(), bundleId, keyCode, kOwn);
         state->setAppName(std::move(appName));
         if (keyCode == 0) {
             state->setKeyEvent(nullptr);
@@ -84,8 +78,6 @@ protected:
     }
     MemoryMenuView& view() { return desktop_.menuView; }
 
-    LaunchedProgram program_;
-    MemoryDesktop& desktop_ = program_.desktop;
     WindowId window_ = 0;
 };
 
@@ -166,26 +158,12 @@ TEST_F(StatusMenuTest, ShowsAShortcutOnlyBesideTheStateThatHasIt) {
     EXPECT_EQ(item("First")->shortcut, MenuShortcut{}) << "nothing of it is left";
 }
 
-TEST_F(StatusMenuTest, ShowsNamesAsTheyAre) {
-    const std::string names[] = {"",     "&File && more",       "a\tb",
-                                 "a\nb", std::string(300, 'x'), "עברית"};
-    for (const auto& name : names) {
-        add("org.example.Odd", name, "A & \"B\"\n");
-    }
-    open();
-    std::vector<std::string> titles;
-    for (const auto& each : view().shown("A & \"B\"\n")->items()) {
-        titles.push_back(each->title);
-    }
-    EXPECT_THAT(titles, testing::UnorderedElementsAreArray(names));
-}
-
 TEST_F(StatusMenuTest, AppliesEditsAndDeletesByWhatIsHeldAtTheChoice) {
     const auto state = add(kEditorId, "Mine", "Editor", 18);
     open();
     desktop_.analytics.events.clear();
     EXPECT_TRUE(view().choose("Mine", kShift));
-    EXPECT_EQ(program_.frame(window_), kOwn);
+    EXPECT_EQ(frameOf(window_), kOwn);
     EXPECT_FALSE(view().isOpen());
     open();
     EXPECT_TRUE(view().choose("Mine", kOption, "Editor"));
@@ -197,14 +175,14 @@ TEST_F(StatusMenuTest, AppliesEditsAndDeletesByWhatIsHeldAtTheChoice) {
     EXPECT_THAT(rows(menu), testing::Not(testing::Contains("Mine ⌥1"))) << "it goes at once";
     EXPECT_EQ(desktop_.analytics.events.back().name, "RemoveWindowState");
     desktop_.windows.setFrame(window_, kStart);
-    EXPECT_TRUE(program_.press(18));
-    EXPECT_EQ(program_.frame(window_), (Rect{0, 0, 1600, 900})) << "the key is the built-in one's";
+    EXPECT_TRUE(press(18));
+    EXPECT_EQ(frameOf(window_), kScreen) << "the key is the built-in one's";
 
     // A row that is left of a state that is gone.
     desktop_.windows.setFrame(window_, kStart);
     desktop_.mainLoop.advance(1s);
     inSubmenu->action({});
-    EXPECT_EQ(program_.frame(window_), kOwn);
+    EXPECT_EQ(frameOf(window_), kOwn);
     inSubmenu->action({kOption | kShift});
     EXPECT_EQ(inSubmenu->menu, nullptr);
 }
@@ -237,14 +215,14 @@ TEST_F(StatusMenuTest, LetsAHotKeyThatIsPressedInItDoItsWork) {
     EXPECT_TRUE(view().press({18, kOption | kCapsLock}));
     EXPECT_FALSE(view().isOpen());
     desktop_.mainLoop.runPending();
-    EXPECT_EQ(program_.frame(window_), (Rect{0, 0, 1600, 900}));
+    EXPECT_EQ(frameOf(window_), kScreen);
     desktop_.hotKeys.takeByAnotherProgram(19, 0x800);
     open();
     EXPECT_FALSE(view().press({19, kOption})) << "it is another program's";
 }
 
 TEST_F(StatusMenuTest, DisablesTheNextDisplayOnlyWithOneScreen) {
-    const Display left{.id = 1, .bounds = {0, 0, 1600, 900}};
+    const Display left{.id = 1, .bounds = kScreen};
     const Display right{.id = 2, .bounds = {1600, 0, 1600, 900}};
     for (const DisplaySnapshot& displays : {DisplaySnapshot{left}, {left, right}, {}}) {
         desktop_.displays.setDisplays(displays);
@@ -255,37 +233,33 @@ TEST_F(StatusMenuTest, DisablesTheNextDisplayOnlyWithOneScreen) {
 
 TEST_F(StatusMenuTest, DoesWhatItsFixedItemsSay) {
     Model::instance().defaultWindowStates()->clear();
-    program_.delegate.statusItemController()->addEventHandlers();
-    EXPECT_FALSE(program_.press(18));
+    controller().addEventHandlers();
+    EXPECT_FALSE(press(18));
     desktop_.analytics.events.clear();
     for (const char* title : {"Restore Built-in States", "Check for Updates…", "Send Feedback…",
                               "FAQ", "Start at Login"}) {
         open();
         EXPECT_TRUE(view().choose(title)) << title;
     }
-    EXPECT_TRUE(program_.press(18));
+    EXPECT_TRUE(press(18));
     EXPECT_EQ(desktop_.softwareUpdater.checks, 1);
     EXPECT_THAT(desktop_.workspace.openedUrls,
                 ElementsAre("http://quillfen.com/panewright/disqus.html",
                             "http://quillfen.com/panewright#faq"));
     open();
     EXPECT_TRUE(item("Start at Login")->isChecked);
-    std::vector<std::string> events;
-    for (const auto& event : desktop_.analytics.events) {
-        if (event.name != "OpenMenu") {
-            events.push_back(event.name);
-        }
-    }
-    EXPECT_THAT(events, ElementsAre("CheckForUpdates", "OpenFAQ", "ApplyWindowState"));
+    EXPECT_THAT(takeEvents(),
+                ElementsAre("CheckForUpdates", "OpenFAQ", "ApplyWindowState ⌥1 Full Screen"));
 }
 
-TEST(StatusMenuOfAProgramAlone, OffersNeitherSiteNorUpdates) {
-    LaunchedProgram program;
-    program.desktop.program.site = "";
-    program.desktop.softwareUpdater.looksForUpdates = false;
-    program.launch();
-    program.desktop.statusItem.click();
-    auto last = rows(program.desktop.menuView.shown());
+class StatusMenuOfAProgramAlone : public ProgramFixture {};
+
+TEST_F(StatusMenuOfAProgramAlone, OffersNeitherSiteNorUpdates) {
+    desktop_.program.site = "";
+    desktop_.softwareUpdater.looksForUpdates = false;
+    launch();
+    desktop_.statusItem.click();
+    auto last = rows(desktop_.menuView.shown());
     last.erase(last.begin(), last.end() - 7);
     EXPECT_THAT(last, ElementsAre("Restore Built-in States", "-", "(Check for Updates…)", "FAQ",
                                   "(Version: 1.2.8.57)", "-", "Quit Panewright"));
@@ -294,33 +268,30 @@ TEST(StatusMenuOfAProgramAlone, OffersNeitherSiteNorUpdates) {
 TEST(MenuAdditions, MeanTheTagsInTheirRange) {
     Menu menu;
     for (const std::int64_t tag : {-1, 0, 209, 210, 211, 212}) {
-        auto item = separatorItemWithTag(tag);
-        item->isSeparator = tag == 0;
-        menu.addItem(item);
+        menu.addItem(separatorItemWithTag(tag));
+        menu.items().back()->isSeparator = tag == 0;
     }
-    const auto tags = [&](const auto& isMeant) {
-        std::vector<std::int64_t> found;
+    // The tags of all items, in brackets where these are disabled.
+    const auto tags = [&] {
+        std::string text;
         for (const auto& item : menu.items()) {
-            if (isMeant(*item)) {
-                found.push_back(item->tag);
-            }
+            const auto tag = std::to_string(item->tag);
+            text += item->isEnabled ? tag + ' ' : '(' + tag + ") ";
         }
-        return found;
+        return text;
     };
-    const auto isDisabled = [](const MenuItem& item) { return !item.isEnabled; };
-    const auto isAny = [](const MenuItem& /*item*/) { return true; };
     setEnabled(menu, false, {210, 2});
-    EXPECT_THAT(tags(isDisabled), ElementsAre(210, 211));
+    EXPECT_EQ(tags(), "-1 0 209 (210) (211) 212 ");
     setAllItemsEnabled(menu, false);
-    EXPECT_THAT(tags(isDisabled), ElementsAre(-1, 209, 210, 211, 212)) << "no separator";
+    EXPECT_EQ(tags(), "(-1) 0 (209) (210) (211) (212) ") << "no separator";
     removeItemsWithTagsInRange(menu, {static_cast<std::uint64_t>(-1), 1});
     removeItemsWithTagsInRange(menu, {0, 210});
     removeItemsWithTag(menu, 211);
-    EXPECT_THAT(tags(isAny), ElementsAre(210, 212));
+    EXPECT_EQ(tags(), "(210) (212) ");
     const auto item = menu.items().front();
     removeFromContainingMenu(*item);
     removeFromContainingMenu(*item);
-    EXPECT_THAT(tags(isAny), ElementsAre(212));
+    EXPECT_EQ(tags(), "(212) ");
 }
 
 } // namespace

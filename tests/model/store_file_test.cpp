@@ -99,7 +99,7 @@ TEST_F(StoreFileTest, SetsAsideWhatAnotherHasWrittenButNotWhatIsOnlyTouchedOrLin
     EXPECT_EQ(contentOf(file_), "third");
 }
 
-TEST_F(StoreFileTest, HasALockForOneAtATimeThatTellsWhoHasIt) {
+TEST_F(StoreFileTest, HasALockForOneAtATimeAndWhereThereIsNoneSetsAsideWhatEachWrites) {
     using Outcome = StoreLock::Outcome;
     CapturedLog log;
     EXPECT_EQ(lock_.outcome(), Outcome::kHeld);
@@ -113,6 +113,15 @@ TEST_F(StoreFileTest, HasALockForOneAtATimeThatTellsWhoHasIt) {
         EXPECT_EQ(lock_.take(), Outcome::kUnavailable);
     }
     EXPECT_EQ(log.take().size(), 1U);
+    StoreLock otherLock(folders_, "");
+    StoreFile file(folders_, lock_);
+    StoreFile other(folders_, otherLock);
+    EXPECT_FALSE(file.write(bytes("one")));
+    EXPECT_FALSE(other.write(bytes("two")));
+    EXPECT_FALSE(file.write(bytes("three")));
+    EXPECT_EQ(contentOf(folder_ / "keyEvents.data.changed-1"), "one");
+    EXPECT_EQ(contentOf(folder_ / "keyEvents.data.changed-2"), "two");
+    EXPECT_EQ(contentOf(file_), "three");
 }
 
 TEST_F(StoreFileTest, LosesNothingToAnotherThatStartedAfterTheLockOrItsFolderWasDeleted) {
@@ -141,21 +150,6 @@ TEST_F(StoreFileTest, LosesNothingToAnotherThatStartedAfterTheLockOrItsFolderWas
         EXPECT_EQ(contentOf(folder_ / "keyEvents.data.changed-1"), "the other's");
         EXPECT_FALSE(std::filesystem::exists(folder_ / ".keyEvents.data.new-00000000"));
     }
-}
-
-TEST_F(StoreFileTest, SetsAsideWhatEachWritesWhereThereAreNoLocks) {
-    CapturedLog log;
-    std::filesystem::remove(folder_ / "keyEvents.data.lock");
-    std::filesystem::create_directory(folder_ / "keyEvents.data.lock");
-    StoreLock otherLock(folders_, "");
-    StoreFile file(folders_, lock_);
-    StoreFile other(folders_, otherLock);
-    EXPECT_FALSE(file.write(bytes("one")));
-    EXPECT_FALSE(other.write(bytes("two")));
-    EXPECT_FALSE(file.write(bytes("three")));
-    EXPECT_EQ(contentOf(folder_ / "keyEvents.data.changed-1"), "one");
-    EXPECT_EQ(contentOf(folder_ / "keyEvents.data.changed-2"), "two");
-    EXPECT_EQ(contentOf(file_), "three");
 }
 
 TEST_F(StoreFileTest, KeepsTheStatesBesideAStoreThatAnotherWorksOnAtTheEnd) {

@@ -10,11 +10,8 @@
 namespace panewright {
 namespace {
 
-constexpr std::uint64_t kCapsLock = 0x10000;
-constexpr std::uint64_t kShift = 0x20000;
-constexpr std::uint64_t kControl = 0x40000;
-constexpr std::uint64_t kOption = 0x80000;
-constexpr std::uint64_t kFunction = 0x800000;
+constexpr std::uint64_t kCapsLock = 0x10000, kShift = 0x20000, kControl = 0x40000,
+                        kOption = 0x80000, kFunction = 0x800000;
 constexpr std::uint64_t kNoisy = kShift | kCapsLock | kFunction; // only the first counts
 constexpr std::uint16_t kA = 0, kTab = 48, kSpace = 49, kDelete = 51, kEscape = 53;
 constexpr Size kView{200, 22};

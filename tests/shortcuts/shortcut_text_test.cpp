@@ -10,10 +10,8 @@
 namespace panewright {
 namespace {
 
-constexpr std::uint64_t kControl = 0x40000;
-constexpr std::uint64_t kOption = 0x80000;
-constexpr std::uint64_t kShift = 0x20000;
-constexpr std::uint64_t kCommand = 0x100000;
+constexpr std::uint64_t kShift = 0x20000, kControl = 0x40000, kOption = 0x80000,
+                        kCommand = 0x100000;
 
 TEST(ShortcutTextTest, ShowsModifiersInTheirOrderAndThenTheKey) {
     MemoryKeyboardLayout layout;
@@ -21,8 +19,7 @@ TEST(ShortcutTextTest, ShowsModifiersInTheirOrderAndThenTheKey) {
     const ShortcutText text(layout, services);
     layout.setKeys({{0, "a"}, {18, "1"}, {50, "`"}});
     const struct {
-        std::uint64_t keyCode;
-        std::uint64_t flags;
+        std::uint64_t keyCode, flags;
         const char* shown;
     } cases[] = {
         {0, 0, "A"},

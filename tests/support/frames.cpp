@@ -11,12 +11,11 @@ bool contains(const std::vector<std::uint32_t>& atoms, xcb_atom_t atom) {
 }
 
 /// Left, right, top, bottom.
-std::array<int, 4> extents(const XClient& x, xcb_window_t window, std::string_view property) {
-    std::vector<std::uint32_t> values = x.property(window, property);
+std::vector<std::uint32_t> extents(const XClient& x, xcb_window_t window,
+                                   std::string_view property) {
+    auto values = x.property(window, property);
     values.resize(4);
-    std::array<int, 4> extents{};
-    std::ranges::copy(values, extents.begin());
-    return extents;
+    return values;
 }
 
 /// The window with its X border; all zero for a window that is gone.
@@ -63,7 +62,8 @@ Frame outerFrame(const XClient& x, xcb_window_t window) {
     if (frame == Frame{}) {
         return frame;
     }
-    const auto added = isTold ? extents(x, window, "_NET_FRAME_EXTENTS") : std::array<int, 4>{};
+    const auto added =
+        isTold ? extents(x, window, "_NET_FRAME_EXTENTS") : std::vector<std::uint32_t>(4);
     const auto shadow = extents(x, window, "_GTK_FRAME_EXTENTS");
     return {
         .x = frame.x - added[0] + shadow[0],
@@ -81,8 +81,7 @@ Frame frameOnceItIs(const Frame& expected, const XClient& x, xcb_window_t window
 }
 
 void addStates(const XClient& x, xcb_window_t window, const std::vector<std::string>& states) {
-    constexpr std::uint32_t kAdd = 1;
-    constexpr std::uint32_t kPager = 2;
+    constexpr std::uint32_t kAdd = 1, kPager = 2;
     const auto supported = x.property(x.root(), "_NET_SUPPORTED");
     const std::array<xcb_atom_t, 2> atoms{x.atom(states.front()), x.atom(states.back())};
     x.sendToWindowManager(window, "_NET_WM_STATE", {kAdd, atoms[0], atoms[1], kPager});
@@ -95,9 +94,7 @@ void addStates(const XClient& x, xcb_window_t window, const std::vector<std::str
 }
 
 void placeWindow(const XClient& x, xcb_window_t window, const Frame& frame) {
-    constexpr std::uint32_t kNorthWest = 1;
-    constexpr std::uint32_t kAllFour = 0xF << 8;
-    constexpr std::uint32_t kPager = 2 << 12;
+    constexpr std::uint32_t kNorthWest = 1, kAllFour = 0xF << 8, kPager = 2 << 12;
     const auto added = extents(x, window, "_NET_FRAME_EXTENTS");
     x.sendToWindowManager(window, "_NET_MOVERESIZE_WINDOW",
                           {kNorthWest | kAllFour | kPager,

@@ -30,10 +30,8 @@ protected:
     std::filesystem::path folder_ = temporary_.path() / "Panewright";
     std::filesystem::path file_ = folder_ / "keyEvents.data";
 
-    std::unique_ptr<Model> makeModel() { return makeModel(lock_); }
-
-    std::unique_ptr<Model> makeModel(StoreLock& lock) {
-        return std::make_unique<Model>(Model::Services{folders_, defaults_, lock, background_});
+    std::unique_ptr<Model> makeModel() {
+        return std::make_unique<Model>(Model::Services{folders_, defaults_, lock_, background_});
     }
 
     static void save(Model& model) {

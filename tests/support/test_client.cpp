@@ -7,7 +7,7 @@
 
 namespace panewright::test {
 
-TestClient::TestClient(const std::string& display, const Options& options)
+TestClient::TestClient(const std::string& display, const ClientOptions& options)
     : x_(display), window_(xcb_generate_id(x_.connection())) {
     xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(x_.connection())).data;
     const std::array<std::uint32_t, 2> values{screen->white_pixel, XCB_EVENT_MASK_KEY_PRESS |
@@ -32,12 +32,9 @@ TestClient::TestClient(const std::string& display, const Options& options)
     x_.synchronize();
 }
 
-void TestClient::setHints(const Options& options) const {
-    constexpr std::uint32_t kUserPosition = 1 << 0;
-    constexpr std::uint32_t kMinimumSize = 1 << 4;
-    constexpr std::uint32_t kMaximumSize = 1 << 5;
-    constexpr std::uint32_t kIncrements = 1 << 6;
-    constexpr std::uint32_t kGravity = 1 << 9;
+void TestClient::setHints(const ClientOptions& options) const {
+    constexpr std::uint32_t kUserPosition = 1 << 0, kMinimumSize = 1 << 4, kMaximumSize = 1 << 5,
+                            kIncrements = 1 << 6, kGravity = 1 << 9;
     std::vector<std::uint32_t> hints(18); // WM_SIZE_HINTS of the ICCCM
     hints[0] = kUserPosition | kGravity;
     hints[17] = options.gravity;

@@ -27,9 +27,7 @@ struct ClientOptions {
 /// manager when the constructor returns. Goes with its object.
 class TestClient {
 public:
-    using Options = ClientOptions;
-
-    explicit TestClient(const std::string& display, const Options& options = {});
+    explicit TestClient(const std::string& display, const ClientOptions& options = {});
 
     xcb_window_t window() const { return window_; }
 
@@ -50,7 +48,7 @@ public:
     }
 
     /// What it tells the window manager of itself. Returns when the server has it.
-    void setHints(const Options& options) const;
+    void setHints(const ClientOptions& options) const;
 
 private:
     XClient x_;

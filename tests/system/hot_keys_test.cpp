@@ -36,27 +36,6 @@ TEST_F(HotKeys, WorkUnderEveryLockKeyAndLayout) {
     expectMoves();
 }
 
-TEST_F(HotKeys, FireOnceWhileTheKeyIsHeld) {
-    desktop_.keyboard().press(KEY_LEFTALT);
-    desktop_.keyboard().press(KEY_2);
-    EXPECT_EQ(frameOnceItIs(kLarge, desktop_.x(), window_.window()), kLarge);
-    // The program checks what came of its writes, for half a second at most, and repairs once what
-    // differs: a move by others in that time it would undo.
-    std::this_thread::sleep_for(std::chrono::milliseconds(500));
-    placeWindow(desktop_.x(), window_.window(), kElsewhere);
-    // Nothing is to happen, so there is nothing to wait for but some twenty repeats.
-    std::this_thread::sleep_for(std::chrono::milliseconds(250));
-    EXPECT_EQ(outerFrame(desktop_.x(), window_.window()), kElsewhere);
-    desktop_.keyboard().release(KEY_2);
-    desktop_.keyboard().release(KEY_LEFTALT);
-    expectMoves();
-
-    // The server does repeat keys: one that nobody grabs shows it.
-    desktop_.keyboard().press(KEY_A);
-    EXPECT_TRUE(eventually([&] { return window_.keyPresses() > 2; }));
-    desktop_.keyboard().release(KEY_A);
-}
-
 TEST_F(HotKeys, DoNothingWhileTheDesktopIsActive) {
     // It becomes active only when it says what it is.
     const TestClient icons(desktop_.display(),
@@ -76,19 +55,26 @@ TEST_F(HotKeys, DoNothingWhileTheDesktopIsActive) {
     EXPECT_EQ(outerFrame(desktop_.x(), icons.window()), beforeIcons);
 }
 
-TEST_F(HotKeys, WorkAgainAfterKeysThatOverlapped) {
+TEST_F(HotKeys, FireOnceWhileTheyAreHeldAndWorkAgainAfterKeysThatOverlapped) {
     const auto& keyboard = desktop_.keyboard();
+    // The server does repeat keys: one that nobody grabs shows it.
+    keyboard.press(KEY_A);
+    EXPECT_TRUE(eventually([&] { return window_.keyPresses() > 2; }));
+    keyboard.release(KEY_A);
     for (const bool isSecondHeld : {false, true}) {
         keyboard.press(KEY_LEFTALT);
         keyboard.press(KEY_2);
         keyboard.press(KEY_4);
         if (isSecondHeld) {
             EXPECT_EQ(frameOnceItIs(kSmall, desktop_.x(), window_.window()), kSmall);
-            std::this_thread::sleep_for(std::chrono::milliseconds(500)); // as above
+            // The program checks what came of its writes, for half a second at most, and repairs
+            // once what differs: a move by others in that time it would undo.
+            std::this_thread::sleep_for(std::chrono::milliseconds(500));
             placeWindow(desktop_.x(), window_.window(), kElsewhere);
         }
         keyboard.release(KEY_2); // with which the grab ends
         if (isSecondHeld) {
+            // Nothing is to happen, so there is nothing to wait for but some twenty repeats.
             std::this_thread::sleep_for(std::chrono::milliseconds(250));
             EXPECT_EQ(outerFrame(desktop_.x(), window_.window()), kElsewhere);
         }

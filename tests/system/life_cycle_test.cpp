@@ -12,17 +12,10 @@ using testing::Optional;
 
 constexpr std::chrono::milliseconds kAtOnce{2000};
 
-/// How the program starts and ends, and the store that it keeps for its user meanwhile, made and
-/// looked at by others.
+/// How the program starts and ends, and the store that it keeps for its user meanwhile.
 class LifeCycle : public testing::Test {
 protected:
     LifeCycle() { window_.activate(); }
-
-    void foreignStore(const std::vector<std::string>& arguments) const {
-        std::vector<std::string> command{PYTHON, FOREIGN_STORE};
-        command.insert(command.end(), arguments.begin(), arguments.end());
-        EXPECT_NO_THROW(desktop_.run(command));
-    }
 
     Desktop desktop_;
     TestClient window_{desktop_.display()};
@@ -39,7 +32,7 @@ TEST_F(LifeCycle, EndsOnSigtermWithReleasedKeysAndAStoreForTheUserAlone) {
     EXPECT_THAT(program->waitForEnd(kAtOnce), Optional(0));
     EXPECT_TRUE(desktop_.x().grabKey(XCB_MOD_MASK_1, key));
     EXPECT_EQ(modeOf(file_), 0600);
-    foreignStore({"read", file_});
+    EXPECT_NO_THROW(desktop_.run({PYTHON, FOREIGN_STORE, "read", file_}));
 }
 
 TEST_F(LifeCycle, EndsWithAMessageWithoutAServer) {
@@ -131,34 +124,6 @@ TEST_F(LifeCycle, LeavesAStoreAloneThatIsDamagedOrAnothers) {
         EXPECT_THAT(first->waitForEnd(), Optional(0));
     }
     EXPECT_EQ(contentOf(file_), "damaged");
-}
-
-TEST_F(LifeCycle, KeepsTheStatesOfAnotherWriterForTheirProgramAlone) {
-    constexpr Frame kCorner{40, 60, 500, 400};
-    std::filesystem::create_directories(file_.parent_path());
-    foreignStore({"write", file_, R"({"Own": [{
-        "class": "WindowState", "WindowState.AppBundleId": "Own",
-        "WindowState.OriginalWindowRect": "{{40, 60}, {500, 400}}",
-        "WindowState.OriginalQuartzDisplayBounds": "{{0, 0}, {1600, 900}}",
-        "WindowState.KeyEvent": {"class": "CarbonKeyEvent", "keyCode": 23, "modifierFlags": 524288}
-    }]})"});
-    const TestClient own(desktop_.display(), {.windowClass = "Own"});
-    for (const int end : {SIGTERM, SIGKILL, SIGTERM}) {
-        own.activate();
-        Program program(desktop_);
-        expectAfter(KEY_5, kCorner, desktop_, own.window());
-        expectAfter(KEY_2, kLarge, desktop_, own.window());
-
-        window_.activate();
-        expectAfter(KEY_2, kLarge, desktop_, window_.window());
-        const int before = window_.keyPresses();
-        expectAfter(KEY_5, kLarge, desktop_, window_.window());
-        EXPECT_TRUE(eventually([&] { return window_.keyPresses() > before; }));
-
-        program->sendSignal(end);
-        EXPECT_THAT(program->waitForEnd(), Optional(end == SIGTERM ? 0 : -SIGKILL));
-        foreignStore({"read", file_});
-    }
 }
 
 } // namespace

@@ -64,16 +64,9 @@ protected:
         return "/proc/" + std::to_string(program_->pid()) + "/" + name;
     }
 
-    /// Under the address sanitizer, memory that was freed is otherwise kept back for a while.
-    Environment environment() const {
-        Environment environment = desktop_.environment();
-        environment["ASAN_OPTIONS"] = "quarantine_size_mb=0:thread_local_quarantine_size_kb=0";
-        return environment;
-    }
-
     Desktop desktop_;
     const TestClient client_{desktop_.display()};
-    Program program_{(client_.activate(), environment())};
+    Program program_{(client_.activate(), desktop_)};
 };
 
 TEST_F(Robustness, HandlesFiveHundredPressesInTenSeconds) {

@@ -1,6 +1,5 @@
 #include "system/used_in_panel.h"
 
-#include <algorithm>
 #include <csignal>
 
 namespace panewright::test {
@@ -9,8 +8,7 @@ namespace {
 class Saving : public UsedInPanel {};
 
 TEST_P(Saving, MakesAStateForItsApplicationAndOneForAll) {
-    constexpr Frame kCorner{60, 70, 500, 400};
-    constexpr Frame kWide{200, 300, 900, 300};
+    constexpr Frame kCorner{60, 70, 500, 400}, kWide{200, 300, 900, 300};
     const TestClient first(desktop_.display(), {.windowClass = "Editor"});
     first.activate();
     placeWindow(desktop_.x(), first.window(), kCorner);
@@ -23,8 +21,8 @@ TEST_P(Saving, MakesAStateForItsApplicationAndOneForAll) {
     save(other, "Wide", "alt+8", {"alt+a"});
     const TestClient second(desktop_.display(), {.windowClass = "Editor"});
 
-    for (const bool isRestarted : {false, true}) {
-        SCOPED_TRACE(isRestarted ? "restarted" : "first run");
+    for (const int end : {SIGTERM, SIGKILL, SIGTERM}) {
+        SCOPED_TRACE(end);
         switchTo(second);
         expectAfter(KEY_9, kCorner, desktop_, second.window());
         expectAfter(KEY_8, kWide, desktop_, second.window());
@@ -34,7 +32,8 @@ TEST_P(Saving, MakesAStateForItsApplicationAndOneForAll) {
         EXPECT_TRUE(eventually([&] { return other.keyPresses() > pressesBefore; }));
         expectAfter(KEY_2, kLarge, desktop_, other.window());
         expectAfter(KEY_8, kWide, desktop_, other.window());
-        quit();
+        (*program_)->sendSignal(end);
+        EXPECT_EQ((*program_)->waitForEnd(), end == SIGTERM ? 0 : -SIGKILL);
         start();
     }
 }
@@ -144,8 +143,7 @@ TEST_P(SavingInOnePanel, RecordsEveryKeyThatHasACode) {
     desktop_.run({"setxkbmap", "-layout", "us,de", "-option", "grp:rctrl_toggle"});
     EXPECT_TRUE(desktop_.x().grabKey(XCB_MOD_MASK_1, Keyboard::keycode(KEY_7)));
     const auto before = frameOf(window_);
-    constexpr int kOption = 524288;
-    constexpr int kCommand = 1048576;
+    constexpr int kOption = 524288, kCommand = 1048576;
     const struct {
         const char* what;
         std::uint16_t modifier; // 0: none

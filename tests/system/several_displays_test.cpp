@@ -52,15 +52,6 @@ TEST_F(SeveralDisplays, KeepAStateWhereItIsUnlessTheUserLetsItMoveOn) {
     expectMove(KEY_1, {2366, 100, 640, 480});
 }
 
-TEST_F(SeveralDisplays, AreGoneThroughByAWindowOfWholeCellsToo) {
-    writeSettings("AllowMoveWindow=true\n");
-    const Program program(desktop_);
-    const TestClient cells(desktop_.display(), {.increments = Size{10, 20}});
-    cells.activate();
-    expectAfter(KEY_4, {175, 140, 642, 505}, desktop_, cells.window());
-    expectAfter(KEY_4, {1240, 135, 882, 485}, desktop_, cells.window());
-}
-
 TEST_F(SeveralDisplays, AreFilledAsFarAsAPanelOnOneOfThemLetsThem) {
     writeSettings("AllowMoveWindow=true\n");
     const Panel panel(desktop_.display(), {1000, 0, 1366, 100},

@@ -120,7 +120,7 @@ TEST_P(WindowManagers, PlaceWindowsOfEveryGravity) {
     std::deque<TestClient> clients; // all stay, so that none gets the identifier of another
     for (int gravity = XCB_GRAVITY_NORTH_WEST; gravity <= XCB_GRAVITY_STATIC; ++gravity) {
         SCOPED_TRACE(gravity);
-        const TestClient::Options options{.gravity = static_cast<xcb_gravity_t>(gravity)};
+        const ClientOptions options{.gravity = static_cast<xcb_gravity_t>(gravity)};
         const auto& client = clients.emplace_back(desktop_.display(), options);
         client.activate();
         expectFrames(client.window(), kStates);

@@ -10,8 +10,7 @@ namespace {
 TEST(PopoverPlacement, HangsFromItsAnchorInsideTheWorkArea) {
     constexpr Rect kBelow{0, 30, 1600, 870}; // a panel at the top
     constexpr Rect kAbove{0, 0, 1600, 870};
-    constexpr Rect kSecond{1600, 200, 1000, 600};
-    constexpr Rect kLow{0, 200, 1000, 210};
+    constexpr Rect kSecond{1600, 200, 1000, 600}, kLow{0, 200, 1000, 210};
     constexpr Rect kRightOf{30, 0, 1570, 900}; // a panel at the left
     constexpr Rect kLeftOf{0, 0, 1570, 900};
     constexpr Rect kTiny{0, 20, 200, 100};
@@ -19,8 +18,7 @@ TEST(PopoverPlacement, HangsFromItsAnchorInsideTheWorkArea) {
     constexpr Size kSize{300, 200};
     const struct {
         const char* what;
-        Rect anchor;
-        Rect area;
+        Rect anchor, area;
         Point origin;
         AnchorSide side;
         double arrow;

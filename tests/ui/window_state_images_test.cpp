@@ -14,15 +14,15 @@
 namespace panewright {
 namespace {
 
+using namespace std::string_literals;
+
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr Colour kWindow{0.766, 0.811, 0.84, 1};
 
 TEST(WindowStatePicture, ShowsTheWindowOnItsDisplay) {
-    constexpr Rect kDisplay{0, 0, 1920, 1080};
-    constexpr Rect kWhole{0, 0, 28, 16};
+    constexpr Rect kDisplay{0, 0, 1920, 1080}, kWhole{0, 0, 28, 16};
     const struct {
-        Rect window;
-        Rect display;
+        Rect window, display;
         double height;
         Rect area;
     } cases[] = {
@@ -142,15 +142,12 @@ TEST_F(WindowStateImagesTest, KeepsTheFirstImageOfAnApplicationOnDisk) {
     setContent(file, "no picture");
     EXPECT_EQ(utils.appImageForBundleId("org.example.Editor"), nullptr);
     setContent(folder.path() / "Panewright/outside", "PNG 1 1");
-    for (const std::string& name :
-         {std::string(), std::string("."), std::string(".."), std::string("../outside"),
-          std::string("a/b"), std::string("a\0b", 3), std::string(256, 'a')}) {
+    for (const auto& name :
+         {""s, "."s, ".."s, "../outside"s, "a/b"s, "a\0b"s, std::string(256, 'a')}) {
         utils.saveAppImage(image(16), name);
         EXPECT_EQ(utils.appImageForBundleId(name), nullptr) << name;
     }
-    const auto isEntry = [](const auto& /*entry*/) { return true; };
-    EXPECT_EQ(
-        std::ranges::count_if(std::filesystem::directory_iterator(file.parent_path()), isEntry), 1);
+    EXPECT_EQ(countOfFiles(file.parent_path()), 1);
 }
 
 } // namespace

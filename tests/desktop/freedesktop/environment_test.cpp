@@ -45,10 +45,9 @@ echo "$1" > "${0%/*}/heard"
     const std::string path = std::getenv("PATH");
     setenv("PATH", (folder.path().string() + ":" + path).c_str(), 1);
     std::signal(SIGPIPE, SIG_IGN);
-    sigset_t blocked;
+    sigset_t blocked, before;
     sigemptyset(&blocked);
     sigaddset(&blocked, SIGTERM);
-    sigset_t before;
     pthread_sigmask(SIG_BLOCK, &blocked, &before);
     openWithDesktop("http://example.org/a page?'#faq");
     EXPECT_TRUE(

@@ -17,11 +17,9 @@ namespace fs = std::filesystem;
 class IconFile : public testing::Test {
 protected:
     static void SetUpTestSuite() {
-        static int count = 3;
-        static std::string arguments[] = {"test", "-platform", "offscreen"};
-        static char* argv[] = {arguments[0].data(), arguments[1].data(), arguments[2].data(),
-                               nullptr};
-        static QGuiApplication application(count, argv);
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        static int count = 0;
+        static const QGuiApplication application(count, nullptr);
     }
 
     QString path(const std::string& name) const {

@@ -28,10 +28,8 @@ TEST(WrittenFrames, ForgiveADistanceOfSixtyFourPoints) {
     WrittenFrames frames;
     // What is 64 points from what was asked for is forgiven, 65 are not; what was written does not
     // matter.
-    const Rect full{0, 0, 1600, 900};
-    const Rect besidePanel{0, 200, 1600, 700};
-    const Rect pushed{0, 264, 1600, 636};
-    const Rect pushedFar{0, 265, 1600, 635};
+    const Rect full{0, 0, 1600, 900}, besidePanel{0, 200, 1600, 700};
+    const Rect pushed{0, 264, 1600, 636}, pushedFar{0, 265, 1600, 635};
     frames.keep(kWindow, {full, besidePanel, pushed});
     EXPECT_EQ(frames.frameToReport(kWindow, pushed), full);
     frames.keep(kWindow, {full, besidePanel, pushedFar});
@@ -42,11 +40,9 @@ TEST(WrittenFrames, ForgiveADistanceOfSixtyFourPoints) {
 }
 
 TEST(WrittenFrames, AskForTheWorkAreaWhereAFrameCoversAWholeDisplay) {
-    const Rect left{0, 0, 1600, 900};
-    const Rect right{1600, 100, 1000, 800};
+    const Rect left{0, 0, 1600, 900}, leftArea{0, 30, 1600, 870};
+    const Rect right{1600, 100, 1000, 800}, rightArea{1600, 100, 960, 800};
     const Rect below{0, 900, 1600, 900};
-    const Rect leftArea{0, 30, 1600, 870};
-    const Rect rightArea{1600, 100, 960, 800};
     const std::vector<DisplayArea> both{{left, leftArea}, {right, rightArea}};
     const std::vector<DisplayArea> mirrored{{left, leftArea}, {left, leftArea}};
     const std::vector<DisplayArea> onlyRightHasAPanel{{left, left}, {right, rightArea}};

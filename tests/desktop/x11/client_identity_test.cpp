@@ -41,7 +41,6 @@ protected:
             return rig_->desktop.x().activeWindow() == window &&
                    frontmost().bundleIdentifier == identifier && frontmost().localizedName == name;
         })) << frontmost().bundleIdentifier.value_or("none");
-        rig_->loop.runPending();
     }
 
     TemporaryFolder home_;

@@ -13,7 +13,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 TEST(X11HotKeys, TakeNoKeyEventThatAnotherProgramMakesUp) {
-    X11Rig rig;
+    X11Rig rig{{.arguments = {"-ardelay", "50", "-arinterval", "10"}}};
     int presses = 0;
     const auto counting = rig.ports->hotKeys.onPressed([&](const HotKeyPress&) { ++presses; });
     rig.ports->hotKeys.registerHotKey(18, kHotKeyOption, {0, 1});
@@ -40,8 +40,7 @@ TEST(X11HotKeys, TakeNoKeyEventThatAnotherProgramMakesUp) {
     rig.desktop.keyboard().press(KEY_1);
     EXPECT_TRUE(rig.eventually([&] { return presses == 1; }));
     forge(XCB_KEY_RELEASE);
-    rig.desktop.keyboard().press(KEY_1); // repeats
-    rig.loop.runPending();
+    rig.eventually([tries = 150]() mutable { return --tries == 0; }); // some repeats come
     EXPECT_EQ(presses, 1);
     rig.desktop.keyboard().release(KEY_1);
     rig.desktop.keyboard().release(KEY_LEFTALT);
@@ -89,8 +88,7 @@ TEST(XkbKeyboardLayout, NamesKeysByTheLayoutThatIsSwitchedToIfItTypesAscii) {
     const struct {
         const char* layouts; // laid anew, of which the one with the same number is active
         int switches;        // to the next layout
-        std::string keyOfY;
-        std::string keyOfA;
+        std::string keyOfY, keyOfA;
     } cases[] = {
         {"us,de", 0, "y", "a"},        {"us,de", 1, "z", "a"},       {"us,de", 0, "z", "a"},
         {"us,de", 1, "y", "a"},        {"us,fr,ru,de", 0, "y", "a"}, {"us,fr,ru,de", 1, "y", "q"},

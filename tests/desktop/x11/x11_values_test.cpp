@@ -17,14 +17,12 @@ namespace panewright {
 namespace {
 
 TEST(IconPictures, AreThoseThatAreWhole) {
-    const IconPicture one{1, 1, {0xFF112233}};
-    const IconPicture two{2, 1, {0xFF000001, 0x80000002}};
+    const IconPicture one{1, 1, {0xFF112233}}, two{2, 1, {0xFF000001, 0x80000002}};
     const struct {
         std::vector<std::uint32_t> property;
         std::vector<IconPicture> pictures;
     } cases[] = {
         {{}, {}},
-        {{1}, {}},
         {{1, 1}, {}},
         {{1, 1, 0xFF112233}, {one}},
         {{1, 1, 0xFF112233, 2, 1, 0xFF000001, 0x80000002}, {one, two}},
@@ -55,14 +53,12 @@ TEST(FrameRequests, DropWhatXCannotExpress) {
 
 TEST(AreaWithoutStruts, TakesFromEachDisplayWhatLiesOnIt) {
     // Two beside each other, the right one lower and less high; on a screen of 3000 by 1200.
-    const Rect left{0, 0, 1600, 900};
-    const Rect right{1600, 200, 1400, 1000};
+    const Rect left{0, 0, 1600, 900}, right{1600, 200, 1400, 1000};
     constexpr auto kEnd = 0xFFFFFFFFU;
     const struct {
         const char* name;
         std::vector<StrutPartial> struts;
-        Rect left;
-        Rect right;
+        Rect left, right;
     } cases[] = {
         {"none", {}, left, right},
         {"top left", {{0, 0, 30, 0, 0, 0, 0, 0, 0, 1599, 0, 0}}, {0, 30, 1600, 870}, right},
