@@ -39,6 +39,8 @@ public:
     virtual ~DesktopDriver() = default;
 
     virtual DesktopPorts ports() = 0;
+    /// The process that windows of our own program are of.
+    virtual ProcessId ownPid() const = 0;
 
     virtual WindowId open(const OpenedWindow& window) = 0;
     virtual void close(WindowId window) = 0;
@@ -61,9 +63,12 @@ struct NamedDesktop {
 
 std::unique_ptr<DesktopDriver> driveMemoryDesktop();
 std::unique_ptr<DesktopDriver> driveX11();
+std::unique_ptr<DesktopDriver> driveLateDesktop();
 
 constexpr NamedDesktop kMemory{"memory", driveMemoryDesktop};
 constexpr NamedDesktop kX11{"X11", driveX11};
+/// A compositor that answers late where its windows are.
+constexpr NamedDesktop kLate{"late", driveLateDesktop};
 
 /// A suite for several desktops.
 class DesktopContract : public testing::TestWithParam<NamedDesktop> {

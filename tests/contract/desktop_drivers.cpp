@@ -1,13 +1,25 @@
 #include "contract/desktop_driver.h"
+#include "contract/late_desktop.h"
 #include "contract/x11_rig.h"
 #include "desktop/linux/evdev_key_codes.h"
 
 #include <linux/input-event-codes.h>
+#include <unistd.h>
 
 #include <map>
 
 namespace panewright {
 namespace {
+
+constexpr auto kOwnIdentifier = "com.quillfen.Panewright";
+
+MemoryWindows::Window windowInMemory(const OpenedWindow& window) {
+    return {.pid = window.pid,
+            .frame = window.frame,
+            .minimumSize = window.minimumSize,
+            .maximumSize = window.maximumSize,
+            .isResizable = window.minimumSize != window.maximumSize};
+}
 
 template <class Desktop>
 DesktopPorts portsOf(Desktop& desktop) {
@@ -17,14 +29,10 @@ DesktopPorts portsOf(Desktop& desktop) {
 class MemoryDriver : public DesktopDriver {
 public:
     DesktopPorts ports() override { return portsOf(desktop_); }
+    ProcessId ownPid() const override { return MemoryDesktop::kOwnPid; }
     WindowId open(const OpenedWindow& window) override {
         desktop_.windows.addApplication({window.pid, window.program, window.program});
-        return desktop_.windows.openWindow(
-            {.pid = window.pid,
-             .frame = window.frame,
-             .minimumSize = window.minimumSize,
-             .maximumSize = window.maximumSize,
-             .isResizable = window.minimumSize != window.maximumSize});
+        return desktop_.windows.openWindow(windowInMemory(window));
     }
     void close(WindowId window) override { desktop_.windows.closeWindow(window); }
     void activate(WindowId window) override { desktop_.windows.activateWindow(window); }
@@ -43,13 +51,14 @@ public:
         return condition();
     }
 
-private:
+protected:
     MemoryDesktop desktop_;
 };
 
 class X11Driver : public DesktopDriver {
 public:
     DesktopPorts ports() override { return portsOf(*rig_.ports); }
+    ProcessId ownPid() const override { return getpid(); }
     WindowId open(const OpenedWindow& window) override {
         // Whether it can be resized decides what is put around it.
         test::ClientOptions options{.windowClass = window.program,
@@ -108,6 +117,39 @@ private:
     std::map<WindowId, std::unique_ptr<test::TestClient>> clients_;
 };
 
+/// Its displays and keys are those of the desktop in memory.
+class LateDriver : public MemoryDriver {
+public:
+    LateDriver() {
+        compositor_.addApplication({MemoryDesktop::kOwnPid, kOwnIdentifier, kOwnIdentifier});
+    }
+
+    DesktopPorts ports() override {
+        return {accessibility_, desktop_.displays, desktop_.hotKeys, desktop_.workAreas, windows_};
+    }
+    WindowId open(const OpenedWindow& window) override {
+        compositor_.addApplication({window.pid, window.program, window.program});
+        return compositor_.open(windowInMemory(window));
+    }
+    void close(WindowId window) override { compositor_.close(window); }
+    void activate(WindowId window) override { compositor_.activate(window); }
+    void setFrame(WindowId window, const Rect& frame) override {
+        compositor_.setFrame(window, frame);
+    }
+    bool eventually(const std::function<bool()>& condition) override {
+        constexpr int kTries = 500;
+        for (int i = 0; i < kTries && !condition(); ++i) {
+            desktop_.mainLoop.advance(std::chrono::milliseconds(1));
+        }
+        return condition();
+    }
+
+private:
+    LateCompositor compositor_{desktop_.mainLoop};
+    LateWindows windows_{compositor_, MemoryDesktop::kOwnPid};
+    WindowsAccessibility accessibility_{windows_};
+};
+
 } // namespace
 
 std::unique_ptr<DesktopDriver> driveMemoryDesktop() {
@@ -116,6 +158,10 @@ std::unique_ptr<DesktopDriver> driveMemoryDesktop() {
 
 std::unique_ptr<DesktopDriver> driveX11() {
     return std::make_unique<X11Driver>();
+}
+
+std::unique_ptr<DesktopDriver> driveLateDesktop() {
+    return std::make_unique<LateDriver>();
 }
 
 } // namespace panewright

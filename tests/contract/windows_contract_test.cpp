@@ -3,8 +3,8 @@
 #include "accessibility/accessibility_helper.h"
 #include "accessibility/accessibility_observer.h"
 #include "contract/desktop_driver.h"
+#include "contract/late_desktop.h"
 #include "desktop/memory/memory_main_loop.h"
-#include "desktop/memory/memory_windows.h"
 #include "desktop/shared/windows_accessibility.h"
 #include "support/captured_log.h"
 
@@ -19,6 +19,7 @@ namespace {
 using testing::ElementsAre;
 
 constexpr Rect kFirstFrame{100, 100, 400, 300};
+constexpr auto kOwnIdentifier = "com.quillfen.Panewright";
 constexpr auto kPosition = NSAccessibilityPositionAttribute;
 constexpr auto kSize = NSAccessibilitySizeAttribute;
 
@@ -58,7 +59,7 @@ protected:
     }
 
 private:
-    std::map<std::string, ProcessId> pids_;
+    std::map<std::string, ProcessId> pids_{{kOwnIdentifier, driver_->ownPid()}};
 };
 
 TEST_P(WindowsContract, FindsTheFocusedWindowAndTellsOfActivations) {
@@ -190,31 +191,37 @@ TEST_P(WindowsContract, KeepsObserversWithTheElementAndAnswersForAWindowThatIsGo
     window->setNSValue(Point{1, 1}, kPosition);
 }
 
-INSTANTIATE_TEST_SUITE_P(Everywhere, WindowsContract, testing::Values(kMemory, kX11),
-                         DesktopContract::nameOf);
+TEST_P(WindowsContract, GivesTheKeyboardBackToTheProgramBeforeOurs) {
+    open("Terminal");
+    open("Editor");
+    open(kOwnIdentifier);
+    ports_.workspace.hideThisApplication();
+    EXPECT_TRUE(driver_->eventually([&] { return frontmost().bundleIdentifier == "Editor"; }));
+    ports_.workspace.bringThisApplicationToFront();
+    EXPECT_TRUE(
+        driver_->eventually([&] { return frontmost().bundleIdentifier == kOwnIdentifier; }));
+}
 
-/// A desktop that knows its programs and has not said yet where their windows are.
-class SilentWindows : public MemoryWindows {
-public:
-    using MemoryWindows::MemoryWindows;
-    Answer<Rect> frameOf(WindowId /*window*/) override { return NoAnswer::kNotKnown; }
-    Answer<WindowAbilities> abilitiesOf(WindowId /*window*/) override {
-        return NoAnswer::kNotKnown;
-    }
-};
+INSTANTIATE_TEST_SUITE_P(Everywhere, WindowsContract, testing::Values(kMemory, kX11, kLate),
+                         DesktopContract::nameOf);
 
 TEST(WindowsThatAnswerLate, AreNotNamedAsFocusedBeforeTheirFrameIsKnown) {
     MemoryMainLoop loop;
-    SilentWindows windows(loop);
+    LateCompositor compositor(loop);
+    LateWindows windows(compositor, 1);
     WindowsAccessibility accessibility(windows);
-    const auto window = WindowsAccessibility::elementOf(7, windows.openWindow({.pid = 7}));
-    const auto application = accessibility.createApplication(7);
-    EXPECT_EQ(accessibility.copyAttributeValue(application, NSAccessibilityFocusedWindowAttribute)
-                  .error(),
-              AXError::kCannotComplete);
-    EXPECT_EQ(accessibility.copyAttributeValue(window, kSize).error(), AXError::kCannotComplete);
-    EXPECT_EQ(accessibility.isAttributeSettable(window, kSize).error(), AXError::kCannotComplete);
-    EXPECT_EQ(accessibility.pid(window).status, AXError::kSuccess) << "it may well be there";
+    constexpr ProcessId kEditor = 7;
+    compositor.addApplication({kEditor, "Editor", "Editor"});
+    compositor.activate(compositor.open({.pid = kEditor, .frame = kFirstFrame}));
+    const auto focused = [&] {
+        return accessibility.copyAttributeValue(accessibility.createApplication(kEditor),
+                                                NSAccessibilityFocusedWindowAttribute);
+    };
+    EXPECT_EQ(focused().error(), AXError::kNoValue);
+    loop.advance(std::chrono::milliseconds(5)); // the focus is told of, and its frame asked for
+    EXPECT_EQ(focused().error(), AXError::kCannotComplete);
+    loop.advance(std::chrono::milliseconds(10));
+    EXPECT_TRUE(focused().ok());
 }
 
 } // namespace
