@@ -3,7 +3,9 @@
 #include "base/geometry.h"
 #include "desktop/shared/windows.h"
 #include "platform/accessibility.h"
+#include "platform/displays.h"
 #include "platform/hot_keys.h"
+#include "platform/work_areas.h"
 #include "platform/workspace.h"
 
 #include <gtest/gtest.h>
@@ -11,6 +13,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace panewright {
 
@@ -28,11 +31,13 @@ struct OpenedWindow {
 /// What every desktop answers with.
 struct DesktopPorts {
     Accessibility& accessibility;
+    Displays& displays;
     HotKeys& hotKeys;
+    WorkAreas& workAreas;
     Workspace& workspace;
 };
 
-/// A desktop as its user: opens windows and presses keys as users do. Frames are
+/// A desktop as its user: opens windows, presses keys and plugs displays as users do. Frames are
 /// outer ones. A key is its virtual key code, pressed with Option.
 class DesktopDriver {
 public:
@@ -46,6 +51,9 @@ public:
     virtual void close(WindowId window) = 0;
     virtual void activate(WindowId window) = 0;
     virtual void setFrame(WindowId window, const Rect& frame) = 0;
+
+    /// The first one is the main display.
+    virtual void setDisplays(const std::vector<Rect>& bounds) = 0;
 
     virtual void tap(std::uint32_t keyCode) = 0;
     virtual void takeByAnotherProgram(std::uint32_t keyCode) = 0;

@@ -23,7 +23,8 @@ MemoryWindows::Window windowInMemory(const OpenedWindow& window) {
 
 template <class Desktop>
 DesktopPorts portsOf(Desktop& desktop) {
-    return {desktop.accessibility, desktop.hotKeys, desktop.workspace};
+    return {desktop.accessibility, desktop.displays, desktop.hotKeys, desktop.workAreas,
+            desktop.workspace};
 }
 
 class MemoryDriver : public DesktopDriver {
@@ -38,6 +39,14 @@ public:
     void activate(WindowId window) override { desktop_.windows.activateWindow(window); }
     void setFrame(WindowId window, const Rect& frame) override {
         desktop_.windows.setFrame(window, frame);
+    }
+    void setDisplays(const std::vector<Rect>& bounds) override {
+        DisplaySnapshot displays;
+        for (const auto& rect : bounds) {
+            const auto id = static_cast<DisplayId>(displays.size() + 1);
+            displays.push_back({.id = id, .bounds = rect});
+        }
+        desktop_.displays.setDisplays(displays);
     }
     void tap(std::uint32_t keyCode) override { desktop_.hotKeys.press(keyCode, kHotKeyOption); }
     void takeByAnotherProgram(std::uint32_t keyCode) override {
@@ -86,6 +95,16 @@ public:
     }
     void setFrame(WindowId window, const Rect& frame) override {
         test::placeWindow(rig_.desktop.x(), static_cast<xcb_window_t>(window), frame);
+    }
+    void setDisplays(const std::vector<Rect>& bounds) override {
+        std::vector<std::string> monitors;
+        monitors.reserve(bounds.size());
+        for (const auto& rect : bounds) {
+            monitors.push_back(std::to_string(int(rect.width)) + "x" +
+                               std::to_string(int(rect.height)) + "+" +
+                               std::to_string(int(rect.x)) + "+" + std::to_string(int(rect.y)));
+        }
+        rig_.desktop.setDisplays(monitors);
     }
     void tap(std::uint32_t keyCode) override {
         rig_.loop.runPending(); // grabs what was registered

@@ -15,7 +15,8 @@ namespace panewright {
 namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr Colour kRed{1, 0, 0, 1}, kBlue{0, 0, 1, 1};
+constexpr Colour kRed{1, 0, 0, 1};
+constexpr Colour kBlue{0, 0, 1, 1};
 
 Picture filled(Size size, Colour colour) {
     return {size, {{PictureShape::Kind::kFill, makeRect({}, size), colour}}};

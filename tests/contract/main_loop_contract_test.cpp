@@ -22,7 +22,7 @@ class MainLoopContract : public testing::TestWithParam<const char*> {
 protected:
     MainLoopContract() {
         if (GetParam() == std::string("Qt")) {
-            application_ = std::make_unique<QCoreApplication>(count_, nullptr);
+            application_ = std::make_unique<QCoreApplication>(count_, arguments_.data());
             loop_ = std::make_unique<QtMainLoop>();
         }
     }
@@ -30,7 +30,9 @@ protected:
         return [this, number] { calls_.push_back(number); };
     }
 
-    int count_ = 0;
+    int count_ = 1;
+    std::array<char, 5> name_{"test"};
+    std::array<char*, 2> arguments_{name_.data(), nullptr};
     std::unique_ptr<QCoreApplication> application_;
     std::unique_ptr<MainLoop> loop_ = std::make_unique<MemoryMainLoop>();
     std::vector<int> calls_;

@@ -35,7 +35,8 @@ TEST(QtTextServicesContract, AnswersInTheFirstLanguageThatItKnows) {
     const QCoreApplication application(count, nullptr);
     const struct {
         QStringList languages;
-        std::string language, yes;
+        std::string language;
+        std::string yes;
     } cases[] = {
         {{"de-CH", "de"}, "de", "Ja"},   {{"fr-FR", "fr", "de-DE"}, "de", "Ja"},
         {{"en-US", "de"}, "en", "Yes"},  {{"C"}, "en", "Yes"},
