@@ -137,6 +137,9 @@ protected:
         EXPECT_TRUE(eventually([&] { return reader.standardOutput() == "listening\n" + controls; }))
             << reader.standardOutput();
     }
+    std::string settingsFile() const {
+        return contentOf(environment_.at("XDG_CONFIG_HOME") + "/Panewright/Panewright.conf");
+    }
 
     TemporaryFolder bin_;
     const std::filesystem::path opened_ = bin_.path() / "opened";
@@ -182,6 +185,9 @@ TEST_P(Accessibility, TellsOfTheSettingsAndObeys) {
     use("menu item", "Settings…");
     expectShown(kSettings);
     expectTabsTo(kTabsOfSettings);
+    use("check box", "A shortcut pressed again moves the window to the next display", "Toggle");
+    EXPECT_TRUE(eventually(
+        [&] { return settingsFile().find("AllowMoveWindow=true") != std::string::npos; }));
     const auto timesOpened = [&] {
         const auto pages = contentOf(opened_);
         return std::count(pages.begin(), pages.end(), '\n');
