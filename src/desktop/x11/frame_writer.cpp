@@ -16,6 +16,10 @@ using namespace std::chrono_literals;
 constexpr auto kPollInterval = 4ms;
 constexpr auto kUnfencedPatience = 30ms;
 
+/// How long a manager is left alone with a frame: openbox has placed a window by then. Following
+/// its steps would only take time from it, where processors are few.
+constexpr auto kRest = 3ms;
+
 constexpr std::uint32_t kRemoveState = 0; // EWMH, _NET_WM_STATE
 constexpr std::uint32_t kAddState = 1;
 
@@ -100,6 +104,7 @@ void FrameWriter::queue(xcb_window_t window, Part part) {
 void FrameWriter::settle(xcb_window_t window, Clock::time_point deadline) {
     for (auto job = jobs_.find(window); job != jobs_.end(); job = jobs_.find(window)) {
         const auto seen = connection_.arrivedCount();
+        job->second.isResting = false; // somebody waits
         if (!advance(window, job->second)) {
             finish(window);
             break;
@@ -155,9 +160,16 @@ bool FrameWriter::advance(xcb_window_t window, Job& job) {
     if (job.phase == Phase::kQueued) {
         return start(window, job);
     }
-    if (!hasAnswered(window, job)) {
+    if (job.isResting) {
+        return true;
+    }
+    const bool isFenceMissing = fence_.isReliable() && !job.fence;
+    if (isFenceMissing) {
+        sendFence(window, job);
+    }
+    if (isFenceMissing || !hasAnswered(window, job)) {
         if (!fence_.isReliable()) {
-            job.timer = mainLoop_.after(kPollInterval, [this] { advanceSoon_.post(); });
+            wakeAfter(kPollInterval, window, job);
         }
         return true;
     }
@@ -281,8 +293,8 @@ bool FrameWriter::hasAnswered(xcb_window_t window, const Job& job) {
     }
     const bool fenced = fence_.isReliable();
     const bool isLeaving = job.phase == Phase::kLeavingStates;
-    if (fenced && (!isLeaving || !fence_.isReached(job.fence))) {
-        return fence_.isReached(job.fence);
+    if (fenced && (!isLeaving || !fence_.isReached(*job.fence))) {
+        return fence_.isReached(*job.fence);
     }
     const auto facts = facts_.anew(window);
     if (!facts || (isLeaving && facts->traits.states.blocksPlacing())) {
@@ -296,14 +308,34 @@ bool FrameWriter::hasAnswered(xcb_window_t window, const Job& job) {
 void FrameWriter::ask(xcb_window_t window, Job& job, Phase phase) {
     job.phase = phase;
     job.asked = Clock::now();
+    job.fence.reset();
+    facts_.forget(window); // they are about to change
+    job.isResting = phase != Phase::kLeavingStates;
+    if (job.isResting) {
+        connection_.flush();
+        connection_.rest(kRest);
+        wakeAfter(kRest, window, job);
+    } else {
+        sendFence(window, job);
+    }
+}
+
+void FrameWriter::wakeAfter(std::chrono::milliseconds time, xcb_window_t window, Job& job) {
+    job.timer = mainLoop_.after(time, [this, window] {
+        if (const auto found = jobs_.find(window); found != jobs_.end()) {
+            found->second.isResting = false;
+        }
+        advanceSoon_.post();
+    });
+}
+
+void FrameWriter::sendFence(xcb_window_t window, Job& job) {
     const bool fenced = fence_.isReliable();
     if (fenced) {
         job.fence = fence_.send();
     }
     connection_.flush();
-    facts_.forget(window); // they are about to change
-    job.timer =
-        mainLoop_.after(fenced ? kPatience : kPollInterval, [this] { advanceSoon_.post(); });
+    wakeAfter(fenced ? kPatience : kPollInterval, window, job);
 }
 
 void FrameWriter::remember(xcb_window_t window, const Job& job, const Rect& frame) {

@@ -73,7 +73,10 @@ private:
         /// The window's own.
         std::uint32_t gravity = XCB_GRAVITY_NORTH_WEST;
         Phase phase = Phase::kQueued;
-        ManagerFence::Id fence = 0;
+        /// Nil while none has been sent.
+        std::optional<ManagerFence::Id> fence;
+        /// Whether the manager is still left alone with what it was asked.
+        bool isResting = false;
         Clock::time_point asked;
         /// Whether the window was where it was asked to be, as one that leaves the maximised state
         /// may be for a moment: then that it is there does not tell that the manager has finished.
@@ -100,6 +103,8 @@ private:
     bool verify(xcb_window_t window, Job& job);
     bool hasAnswered(xcb_window_t window, const Job& job);
     void ask(xcb_window_t window, Job& job, Phase phase);
+    void wakeAfter(std::chrono::milliseconds time, xcb_window_t window, Job& job);
+    void sendFence(xcb_window_t window, Job& job);
     /// What to ask for, as the window stands now.
     Rect askedFrame(const Job& job, const Rect& frame) const {
         return job.frame.asked(frame, workAreas_.all());

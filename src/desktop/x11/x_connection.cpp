@@ -53,11 +53,13 @@ std::unique_ptr<XConnection> XConnection::open(MainLoop& mainLoop) {
 }
 
 XConnection::XConnection(MainLoop& mainLoop, xcb_connection_t* connection, xcb_window_t root)
-    : mainLoop_(mainLoop), connection_(connection), root_(root), atoms_(XAtoms::intern(connection)),
-      watch_(mainLoop.whenReadable(xcb_get_file_descriptor(connection), [this] { dispatch(); })) {}
+    : mainLoop_(mainLoop), connection_(connection), root_(root),
+      atoms_(XAtoms::intern(connection)) {
+    watch();
+}
 
 XConnection::~XConnection() {
-    watch_.release();
+    watch_.reset();
     xcb_disconnect(connection_);
 }
 
@@ -79,6 +81,21 @@ void XConnection::flush() {
     xcb_flush(connection_);
     // While xcb writes it also reads.
     keepQueuedEvents();
+}
+
+void XConnection::watch() {
+    watch_ = mainLoop_.whenReadable(xcb_get_file_descriptor(connection_), [this] { dispatch(); });
+}
+
+void XConnection::rest(std::chrono::milliseconds time) {
+    if (!watch_) {
+        return;
+    }
+    watch_.reset();
+    restTimer_ = mainLoop_.after(time, [this] {
+        watch();
+        dispatch();
+    });
 }
 
 Registration XConnection::onEvent(std::function<void(const xcb_generic_event_t&)> callback) {
@@ -166,7 +183,7 @@ void XConnection::dispatch() {
         eventObservers_.notify(*event);
     }
     if (!alive.expired() && isLost() && !std::exchange(lost_, true)) {
-        watch_.release();
+        watch_.reset();
         lostObservers_.notify();
     }
 }

@@ -76,6 +76,11 @@ public:
     void flushSoon() { flushSoon_.post(); }
     void flush();
 
+    /// Reads no event by itself for so long, or until a rest that has begun ends: what others do
+    /// for us meanwhile has the processors to itself. Whoever asks, or waits for an event, is
+    /// answered.
+    void rest(std::chrono::milliseconds time);
+
     /// Called with each event, on the main loop. Neither errors of requests without an answer nor
     /// key events that a client made up are events.
     Registration onEvent(std::function<void(const xcb_generic_event_t&)> callback);
@@ -107,6 +112,7 @@ public:
 private:
     XConnection(MainLoop& mainLoop, xcb_connection_t* connection, xcb_window_t root);
 
+    void watch();
     void arrived(XEvent event);
     void dispatch();
     void dispatchSoon();
@@ -126,7 +132,9 @@ private:
     bool lost_ = false;
     PostedOnce dispatchSoon_{mainLoop_, [this] { dispatch(); }};
     PostedOnce flushSoon_{mainLoop_, [this] { flush(); }};
-    Registration watch_;
+    /// None while the connection rests.
+    std::optional<Registration> watch_;
+    Registration restTimer_;
     Lifetime lifetime_;
 };
 
