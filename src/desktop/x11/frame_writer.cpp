@@ -104,7 +104,7 @@ void FrameWriter::queue(xcb_window_t window, Part part) {
 void FrameWriter::settle(xcb_window_t window, Clock::time_point deadline) {
     for (auto job = jobs_.find(window); job != jobs_.end(); job = jobs_.find(window)) {
         const auto seen = connection_.arrivedCount();
-        job->second.isResting = false; // somebody waits
+        job->second.rests = false; // somebody waits
         if (!advance(window, job->second)) {
             finish(window);
             break;
@@ -160,7 +160,7 @@ bool FrameWriter::advance(xcb_window_t window, Job& job) {
     if (job.phase == Phase::kQueued) {
         return start(window, job);
     }
-    if (job.isResting) {
+    if (job.rests) {
         return true;
     }
     const bool isFenceMissing = fence_.isReliable() && !job.fence;
@@ -310,8 +310,8 @@ void FrameWriter::ask(xcb_window_t window, Job& job, Phase phase) {
     job.asked = Clock::now();
     job.fence.reset();
     facts_.forget(window); // they are about to change
-    job.isResting = phase != Phase::kLeavingStates;
-    if (job.isResting) {
+    job.rests = job.rests && phase != Phase::kLeavingStates;
+    if (job.rests) {
         connection_.flush();
         connection_.rest(kRest);
         wakeAfter(kRest, window, job);
@@ -323,7 +323,7 @@ void FrameWriter::ask(xcb_window_t window, Job& job, Phase phase) {
 void FrameWriter::wakeAfter(std::chrono::milliseconds time, xcb_window_t window, Job& job) {
     job.timer = mainLoop_.after(time, [this, window] {
         if (const auto found = jobs_.find(window); found != jobs_.end()) {
-            found->second.isResting = false;
+            found->second.rests = false;
         }
         advanceSoon_.post();
     });

@@ -75,8 +75,9 @@ private:
         Phase phase = Phase::kQueued;
         /// Nil while none has been sent.
         std::optional<ManagerFence::Id> fence;
-        /// Whether the manager is still left alone with what it was asked.
-        bool isResting = false;
+        /// Whether the manager is left alone with what it is asked: once, and only while nobody
+        /// waits.
+        bool rests = true;
         Clock::time_point asked;
         /// Whether the window was where it was asked to be, as one that leaves the maximised state
         /// may be for a moment: then that it is there does not tell that the manager has finished.
