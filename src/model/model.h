@@ -65,7 +65,7 @@ public:
     std::filesystem::path file() const { return file_.path(); }
     /// Why there are no states; nil when there are.
     const std::optional<StoreFailure>& readFailure() const { return readFailure_; }
-    /// Why the states are not on the disk as they are; nil when they are, or are about to be tried.
+    /// Why the last save failed; nil when it has succeeded, or there was none.
     std::optional<StoreFailure> writeFailure() const { return writer_.failure(); }
 
     /// Hands the states to the background writer as they are now, without the applications that

@@ -93,8 +93,10 @@ void XConnection::rest(std::chrono::milliseconds time) {
     }
     watch_.reset();
     restTimer_ = mainLoop_.after(time, [this] {
-        watch();
-        dispatch();
+        if (!lost_) { // a lost one is readable for ever
+            watch();
+            dispatch();
+        }
     });
 }
 

@@ -132,7 +132,7 @@ private:
     bool lost_ = false;
     PostedOnce dispatchSoon_{mainLoop_, [this] { dispatch(); }};
     PostedOnce flushSoon_{mainLoop_, [this] { flush(); }};
-    /// None while the connection rests.
+    /// None while the connection rests, or once it is lost.
     std::optional<Registration> watch_;
     Registration restTimer_;
     Lifetime lifetime_;
