@@ -83,10 +83,12 @@ struct Process {
 struct Adapters {
     Adapters(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus,
              const ProgramInformation& program)
-        : sounds(desktop.beeper), application(bus, program.bundleIdentifier()), notifierHosts(bus),
-          colourScheme(bus), colours(colourScheme), icons(desktop.icons, mainLoop),
-          alerts(desktop.ownWindows), statusItem({notifierHosts, desktop.tray}, desktop.brightness,
-                                                 desktop.displays, desktop.workAreas),
+        : sounds(desktop.beeper),
+          application(bus, mainLoop, program.bundleIdentifier(), StartedBy::kUser),
+          notifierHosts(bus), colourScheme(bus), colours(colourScheme),
+          icons(desktop.icons, mainLoop), alerts(desktop.ownWindows),
+          statusItem({notifierHosts, desktop.tray}, desktop.brightness, desktop.displays,
+                     desktop.workAreas),
           menuView(desktop.nativeKeyCodes), views(desktop.nativeKeyCodes, desktop.ownWindows) {}
 
     Ports portsOf(X11Desktop& desktop, MainLoop& mainLoop, const Process& process) {
@@ -142,7 +144,8 @@ int runOn(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus, const Proces
     Adapters adapters(desktop, mainLoop, bus, process.program);
     const Ports ports = adapters.portsOf(desktop, mainLoop, process);
     const SharedInstances shared(ports, process.lock);
-    AppDelegate delegate(ports, {adapters.views, adapters.menuView, adapters.exportedMenu});
+    AppDelegate delegate(
+        ports, {adapters.views, adapters.menuView, adapters.exportedMenu, adapters.application});
     delegate.applicationWillFinishLaunching();
     delegate.applicationDidFinishLaunching();
     mainLoop.post([] { logLine("ready"); });

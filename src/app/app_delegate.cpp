@@ -1,6 +1,7 @@
 #include "app/app_delegate.h"
 
 #include "accessibility/accessibility_helper.h"
+#include "app/application_scripting.h"
 #include "model/model.h"
 #include "model/window_state.h"
 #include "platform/accessibility.h"
@@ -53,6 +54,7 @@ void AppDelegate::applicationDidFinishLaunching() {
     setupStatusItem();
     setupSparkle();
     setupReopening();
+    setupScripting();
 }
 
 void AppDelegate::setupFabric() {
@@ -82,6 +84,12 @@ void AppDelegate::setupSparkle() {
 /// Who asks for a program that runs already wants to see it, and there may be no icon to click.
 void AppDelegate::setupReopening() {
     reopenRequests_ = ports_.reopenRequests.onReopen([this] { settings(); });
+}
+
+/// Last, as scripts may come at once.
+void AppDelegate::setupScripting() {
+    scripting_ = std::make_unique<ApplicationScripting>(*this);
+    scriptingService_ = views_.scripting.serve(*scripting_);
 }
 
 void AppDelegate::bringPrefsForward() {

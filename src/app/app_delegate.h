@@ -1,5 +1,6 @@
 #pragma once
 
+#include "menubar/scripting.h"
 #include "menubar/status_item_controller.h"
 #include "menubar/views.h"
 #include "platform/ports.h"
@@ -58,6 +59,7 @@ private:
     void setupStatusItem();
     void setupSparkle();
     void setupReopening();
+    void setupScripting();
     std::shared_ptr<Settings> makeSettings();
 
     Ports ports_;
@@ -69,6 +71,8 @@ private:
     std::shared_ptr<Settings> settings_;
     Registration pendingPreferences_;
     Registration reopenRequests_;
+    std::unique_ptr<ScriptingCommands> scripting_;
+    Registration scriptingService_;
 };
 
 } // namespace panewright

@@ -108,7 +108,7 @@ protected:
     MemoryDesktop desktop_;
     Ports ports_ = desktop_.ports(folders_, loginItems_);
     SharedInstances shared_{ports_, lock_};
-    AppDelegate delegate_{ports_, {desktop_.views, desktop_.menuView, desktop_.exportedMenu}};
+    AppDelegate delegate_{ports_, {desktop_.views, desktop_.menuView, desktop_.exportedMenu, desktop_.scripting}};
 };
 
 } // namespace panewright

@@ -7,6 +7,7 @@
 #include "desktop/memory/memory_images.h"
 #include "desktop/memory/memory_keyboard_layout.h"
 #include "desktop/memory/memory_main_loop.h"
+#include "desktop/memory/memory_scripting.h"
 #include "desktop/memory/memory_services.h"
 #include "desktop/memory/memory_status_item.h"
 #include "desktop/memory/memory_user_defaults.h"
@@ -40,6 +41,7 @@ struct MemoryDesktop {
     MemoryStatusItem statusItem;
     MemoryMenuView menuView;
     MemoryMenuExporter exportedMenu;
+    MemoryScripting scripting;
     MemoryViews views{windows, kOwnPid};
     MemoryTextServices text;
     MemoryUserDefaults userDefaults;
