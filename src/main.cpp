@@ -77,14 +77,14 @@ struct Process {
     const ProgramInformation& program;
     const StandardFolders& folders;
     StoreLock& lock;
+    StartedBy startedBy;
 };
 
 /// What goes with the desktop's own adapters.
 struct Adapters {
-    Adapters(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus,
-             const ProgramInformation& program)
+    Adapters(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus, const Process& process)
         : sounds(desktop.beeper),
-          application(bus, mainLoop, program.bundleIdentifier(), StartedBy::kUser),
+          application(bus, mainLoop, process.program.bundleIdentifier(), process.startedBy),
           notifierHosts(bus), colourScheme(bus), colours(colourScheme),
           icons(desktop.icons, mainLoop), alerts(desktop.ownWindows),
           statusItem({notifierHosts, desktop.tray}, desktop.brightness, desktop.displays,
@@ -141,7 +141,7 @@ struct Adapters {
 
 int runOn(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus, const Process& process) {
     setNativeUnitIsPixel(desktop.ownWindows.areInPixels());
-    Adapters adapters(desktop, mainLoop, bus, process.program);
+    Adapters adapters(desktop, mainLoop, bus, process);
     const Ports ports = adapters.portsOf(desktop, mainLoop, process);
     const SharedInstances shared(ports, process.lock);
     AppDelegate delegate(
@@ -230,8 +230,10 @@ int deferToRunningInstance(int& argc, char** argv, const Process& process) {
                                     place->processId)
                       : "already running");
     };
-    const bool isHere = !place || place->display == placeOfThisProcess().display;
-    if (!isHere || isForBackground(argc, argv)) {
+    if (isForBackground(argc, argv)) {
+        return 0;
+    }
+    if (place && place->display != placeOfThisProcess().display) {
         describe();
         return 0;
     }
@@ -254,7 +256,8 @@ int main(int argc, char* argv[]) {
     const LinuxProgram program;
     const XdgFolders folders;
     StoreLock lock(folders, textOf(placeOfThisProcess()));
-    const Process process{program, folders, lock};
+    const Process process{program, folders, lock,
+                          isActivatedByBus(argc, argv) ? StartedBy::kCall : StartedBy::kUser};
     if (lock.outcome() == StoreLock::Outcome::kHeldByAnother) {
         return deferToRunningInstance(argc, argv, process);
     }

@@ -23,10 +23,9 @@ public:
     /// By the names that the desktop entry gives the actions.
     using Actions = std::map<std::string, std::function<void()>, std::less<>>;
 
-    /// The calls must outlive the object.
-    ApplicationAdaptor(QObject& object, IncomingCalls& calls, std::function<void()> activated,
-                       Actions actions)
-        : QDBusAbstractAdaptor(&object), calls_(calls), activated_(std::move(activated)),
+    /// Belongs to the object of the calls.
+    ApplicationAdaptor(IncomingCalls& calls, std::function<void()> activated, Actions actions)
+        : QDBusAbstractAdaptor(&calls.object()), calls_(calls), activated_(std::move(activated)),
           actions_(std::move(actions)) {}
 
 public slots:

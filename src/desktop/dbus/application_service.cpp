@@ -22,18 +22,19 @@ std::string objectPathOf(std::string identifier) {
     return '/' + identifier;
 }
 
+/// What callers see.
 struct ApplicationService::Object {
-    Object(MainLoop& mainLoop, ScriptingCommands& commands, std::function<void()> activated)
-        : calls(mainLoop), application(object, calls, std::move(activated),
-                                       {{"save", [&] { commands.saveWindow(); }},
-                                        {"settings", [&] { commands.showSettings(); }},
-                                        {"next-display", [&] { commands.moveToNextDisplay(); }}}),
-          scripting(object, calls, commands) {}
+    Object(MainLoop& mainLoop, const QDBusConnection& connection, ScriptingCommands& commands,
+           std::function<void()> activated)
+        : calls(mainLoop, connection) {
+        new ApplicationAdaptor(calls, std::move(activated),
+                               {{"save", [&] { commands.saveWindow(); }},
+                                {"settings", [&] { commands.showSettings(); }},
+                                {"next-display", [&] { commands.moveToNextDisplay(); }}});
+        new ScriptingAdaptor(calls, commands);
+    }
 
-    IncomingCalls calls;
-    QObject object;
-    ApplicationAdaptor application;
-    ScriptingAdaptor scripting;
+    IncomingCalls calls; // owns the adaptors
 };
 
 ApplicationService::ApplicationService(SessionBus& bus, MainLoop& mainLoop, std::string identifier,
@@ -46,7 +47,7 @@ ApplicationService::ApplicationService(SessionBus& bus, MainLoop& mainLoop, std:
 ApplicationService::~ApplicationService() = default;
 
 Registration ApplicationService::serve(ScriptingCommands& commands) {
-    object_ = std::make_unique<Object>(mainLoop_, commands, [this] { requested(); });
+    commands_ = &commands;
     if (bus_.connection()) {
         publish();
     } else {
@@ -60,14 +61,13 @@ Registration ApplicationService::serve(ScriptingCommands& commands) {
 
 /// Nothing waits for the bus: who asks for the name finds the object already there.
 void ApplicationService::publish() {
-    auto connection = *bus_.connection();
+    const auto& connection = *bus_.connection();
     if (!connection.isConnected()) {
         logLine("no session bus: scripts do not reach this program");
         return;
     }
-    object_->calls.setConnection(connection);
-    connection.registerObject(QString::fromStdString(objectPathOf(identifier_)), &object_->object,
-                              QDBusConnection::ExportAdaptors);
+    object_ = std::make_unique<Object>(mainLoop_, connection, *commands_, [this] { requested(); });
+    object_->calls.registerObject(QString::fromStdString(objectPathOf(identifier_)));
     requestName();
 }
 

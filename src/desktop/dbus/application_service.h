@@ -54,6 +54,8 @@ private:
     StartedBy startedBy_;
     ObserverList<> requested_;
     /// Null while nobody serves.
+    ScriptingCommands* commands_ = nullptr;
+    /// Null while it is not on the bus.
     std::unique_ptr<Object> object_;
     Registration busKnown_;
     Registration busEnded_;

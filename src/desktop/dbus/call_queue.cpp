@@ -1,5 +1,6 @@
 #include "desktop/dbus/call_queue.h"
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -12,35 +13,51 @@ using namespace std::chrono_literals;
 constexpr std::size_t kMostWaiting = 1000;
 constexpr std::size_t kMostWaitingBytes = 32 << 20;
 
+/// The least that the main thread rests between two calls.
+constexpr auto kShortestRest = 2ms;
+
 } // namespace
 
 bool CallQueue::add(std::size_t bytes, std::function<void()> call) {
+    const std::scoped_lock lock(mutex_);
     if (waiting_.size() >= kMostWaiting || bytes > kMostWaitingBytes - waitingBytes_) {
         return false;
     }
     waitingBytes_ += bytes;
     waiting_.push_back({bytes, std::move(call)});
-    if (waiting_.size() == 1) {
-        doNextLater();
+    if (!std::exchange(isBusy_, true)) {
+        mainLoop_.post(lifetime_.guard([this] { doNext(); }));
     }
     return true;
 }
 
-/// A timer, as the loop does what is posted before it looks at anything else, for as long as there
-/// is more.
-void CallQueue::doNextLater() {
-    nextTurn_ = mainLoop_.after(0ms, [this] { doNext(); });
+/// Rests for as long as the call took, so that calls take no more than half of the main thread.
+void CallQueue::doNext() {
+    const auto call = takeNext();
+    if (!call) {
+        return;
+    }
+    // The call may run the loop itself, until a window is closed.
+    rest_ = mainLoop_.after(kShortestRest, [this] { doNext(); });
+    const auto start = std::chrono::steady_clock::now();
+    call();
+    const auto taken =
+        std::chrono::ceil<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
+    if (taken > kShortestRest) {
+        rest_ = mainLoop_.after(taken, [this] { doNext(); });
+    }
 }
 
-void CallQueue::doNext() {
-    const auto next = std::move(waiting_.front());
+std::function<void()> CallQueue::takeNext() {
+    const std::scoped_lock lock(mutex_);
+    if (waiting_.empty()) {
+        isBusy_ = false;
+        return nullptr;
+    }
+    auto next = std::move(waiting_.front());
     waiting_.pop_front();
     waitingBytes_ -= next.bytes;
-    // The call may run the loop until a window of its own is closed.
-    if (!waiting_.empty()) {
-        doNextLater();
-    }
-    next.call();
+    return std::move(next.call);
 }
 
 } // namespace panewright

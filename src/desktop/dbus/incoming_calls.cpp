@@ -18,17 +18,33 @@ std::size_t bytesOf(const QDBusMessage& call) {
 
 } // namespace
 
+IncomingCalls::~IncomingCalls() {
+    if (thread_.isRunning()) {
+        connection_.unregisterObject(path_);
+        QMetaObject::invokeMethod(&object_, [this] { thread_.quit(); });
+        thread_.wait();
+    }
+}
+
+void IncomingCalls::registerObject(const QString& path) {
+    path_ = path;
+    connection_.registerObject(path, &object_, QDBusConnection::ExportAdaptors);
+    object_.moveToThread(&thread_);
+    thread_.start();
+}
+
 void IncomingCalls::answerWith(const QDBusMessage& call, std::function<Answer()> work) {
     add(call, [this, call, work = std::move(work)] {
         const auto answer = work();
-        send(answer.error.isEmpty() ? call.createReply(answer.value)
-                                    : call.createErrorReply(QDBusError::Failed, answer.error));
+        send(call, answer.error.isEmpty()
+                       ? call.createReply(answer.value)
+                       : call.createErrorReply(QDBusError::Failed, answer.error));
     });
 }
 
 void IncomingCalls::answerAndDo(const QDBusMessage& call, std::function<void()> work) {
     add(call, [this, call, work = std::move(work)] {
-        send(call.createReply());
+        send(call, call.createReply());
         work();
     });
 }
@@ -40,12 +56,14 @@ void IncomingCalls::add(const QDBusMessage& call, std::function<void()> work) {
         ++done_;
     };
     if (!queue_.add(bytesOf(call), counted)) {
-        send(call.createErrorReply(QDBusError::LimitsExceeded, "too many calls at once"));
+        send(call, call.createErrorReply(QDBusError::LimitsExceeded, "too many calls at once"));
     }
 }
 
-void IncomingCalls::send(const QDBusMessage& reply) const {
-    connection_->send(reply);
+void IncomingCalls::send(const QDBusMessage& call, const QDBusMessage& reply) {
+    if (call.isReplyRequired()) {
+        QMetaObject::invokeMethod(&object_, [this, reply] { connection_.send(reply); });
+    }
 }
 
 } // namespace panewright

@@ -4,43 +4,59 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QObject>
+#include <QString>
+#include <QThread>
 #include <QVariant>
 
 #include <cstddef>
 #include <functional>
-#include <optional>
 
 namespace panewright {
 
-/// The calls of methods that came over a connection, each answered when its turn has come. Too many
-/// at once are refused with an error.
+/// Takes the calls of an object's methods, and sends the answers, on a thread of its own: a flood
+/// of calls would keep the main thread from the keys, even with the connection's lock alone. What
+/// is called is done on the main thread, when its turn has come. Too many calls at once are refused
+/// with an error. Lives on the main thread.
 class IncomingCalls {
 public:
-    /// What is answered; nil where that cannot be had, with the error set.
+    /// What is answered; nothing but the error where there is one.
     struct Answer {
         QVariant value;
         QString error; // empty: none
     };
 
-    explicit IncomingCalls(MainLoop& mainLoop) : queue_(mainLoop) {}
+    IncomingCalls(MainLoop& mainLoop, const QDBusConnection& connection)
+        : connection_(connection), queue_(mainLoop) {}
+    /// Sends the answers that there are.
+    ~IncomingCalls();
+    IncomingCalls(const IncomingCalls&) = delete;
+    IncomingCalls& operator=(const IncomingCalls&) = delete;
 
-    void setConnection(const QDBusConnection& connection) { connection_ = connection; }
+    /// What the adaptors are children of.
+    QObject& object() { return object_; }
+    /// Once only, with all adaptors there.
+    void registerObject(const QString& path);
 
+    // For the adaptors, on the thread of the object.
     /// Answers with what the work comes to.
     void answerWith(const QDBusMessage& call, std::function<Answer()> work);
     /// Answers first, as the work may open a window or end the program.
     void answerAndDo(const QDBusMessage& call, std::function<void()> work);
 
-    /// Whether the call that is being done is the first that came.
+    /// Whether the call that is being done is the first that came. Main thread.
     bool isDoingFirst() const { return done_ == 0; }
 
 private:
     void add(const QDBusMessage& call, std::function<void()> work);
-    void send(const QDBusMessage& reply) const;
+    void send(const QDBusMessage& call, const QDBusMessage& reply);
 
+    QDBusConnection connection_;
+    QString path_;
+    QThread thread_;
+    QObject object_; // lives on the thread once it runs
     std::size_t done_ = 0;
     CallQueue queue_;
-    std::optional<QDBusConnection> connection_;
 };
 
 } // namespace panewright

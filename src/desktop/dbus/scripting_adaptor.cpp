@@ -60,9 +60,8 @@ IncomingCalls::Answer list(const std::optional<std::vector<ListedWindowState>>& 
 
 } // namespace
 
-ScriptingAdaptor::ScriptingAdaptor(QObject& object, IncomingCalls& calls,
-                                   ScriptingCommands& commands)
-    : QDBusAbstractAdaptor(&object), calls_(calls), commands_(commands) {
+ScriptingAdaptor::ScriptingAdaptor(IncomingCalls& calls, ScriptingCommands& commands)
+    : QDBusAbstractAdaptor(&calls.object()), calls_(calls), commands_(commands) {
     qDBusRegisterMetaType<QList<QVariantMap>>();
 }
 

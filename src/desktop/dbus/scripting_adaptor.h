@@ -19,8 +19,8 @@ class ScriptingAdaptor : public QDBusAbstractAdaptor {
     Q_CLASSINFO("D-Bus Interface", "com.quillfen.Panewright")
 
 public:
-    /// Both must outlive the object.
-    ScriptingAdaptor(QObject& object, IncomingCalls& calls, ScriptingCommands& commands);
+    /// Belongs to the object of the calls; the commands must outlive that.
+    ScriptingAdaptor(IncomingCalls& calls, ScriptingCommands& commands);
 
 public slots:
     // Names and arguments are the interface's. A value that is returned here is not sent: the
