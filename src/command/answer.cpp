@@ -1,5 +1,6 @@
 #include "command/answer.h"
 
+#include "command/escaped_text.h"
 #include "command/service.h"
 #include "command/state_list.h"
 #include "command/status.h"
@@ -16,21 +17,18 @@
 namespace panewright::command {
 namespace {
 
-int fail(int status, const std::string& message) {
-    std::fprintf(stderr, "panewright: %s\n", message.c_str());
-    return status;
-}
-
+/// The message may quote what was typed, or another program.
 int fail(const Failure& failure) {
-    return fail(failure.status, failure.message);
+    std::fprintf(stderr, "panewright: %s\n", escapedText(failure.message).c_str());
+    return failure.status;
 }
 
 int print(const std::string& text) {
     errno = 0;
     if (std::fwrite(text.data(), 1, text.size(), stdout) < text.size() ||
         std::fflush(stdout) != 0) {
-        return fail(kStatusCannotWrite,
-                    std::string("cannot write the output: ") + std::strerror(errno));
+        return fail(
+            {kStatusCannotWrite, std::string("cannot write the output: ") + std::strerror(errno)});
     }
     return EXIT_SUCCESS;
 }
@@ -50,7 +48,7 @@ int succeedIf(const std::variant<bool, Failure>& result, const std::string& othe
     if (const auto* failure = std::get_if<Failure>(&result)) {
         return fail(*failure);
     }
-    return std::get<bool>(result) ? EXIT_SUCCESS : fail(kStatusNothingDone, otherwise);
+    return std::get<bool>(result) ? EXIT_SUCCESS : fail({kStatusNothingDone, otherwise});
 }
 
 std::variant<ListedStates, Failure> listedStates() {
@@ -66,7 +64,7 @@ int succeed(const std::variant<Nothing, Failure>& result) {
 struct Answer {
     int operator()(const StartProgram& /*request*/) const { return EXIT_SUCCESS; }
     int operator()(const ShowText& request) const { return print(request.text); }
-    int operator()(const Refuse& request) const { return fail(kStatusWrongUse, request.message); }
+    int operator()(const Refuse& request) const { return fail({kStatusWrongUse, request.message}); }
     int operator()(const ApplyWindowState& request) const {
         const TimeLimit limit;
         const auto isApplied = request.application

@@ -1,6 +1,5 @@
 #include "command/request.h"
 
-#include "command/escaped_text.h"
 #include "installation/program_version.h"
 
 #include <CLI/CLI.hpp>
@@ -77,7 +76,7 @@ public:
         } catch (const CLI::CallForHelp&) {
             return ShowText{help()};
         } catch (const CLI::ParseError& error) {
-            return Refuse{escapedText(error.what()) + "; see \"panewright " + command +
+            return Refuse{std::string(error.what()) + "; see \"panewright " + command +
                           " --help\""};
         }
         return request_;
@@ -162,7 +161,7 @@ Request requestOf(std::span<const char* const> arguments) {
     }
     Parser parser;
     if (!parser.knows(own.front())) {
-        return Refuse{"unknown command '" + escapedText(own.front()) +
+        return Refuse{"unknown command '" + std::string(own.front()) +
                       "'; --help tells what there is"};
     }
     return parser.parse(withEmptyValue(own));

@@ -58,9 +58,14 @@ std::string frame(const ListedState& state) {
     return "";
 }
 
+std::string application(const ListedState& state) {
+    const auto name = text(state, "applicationName");
+    return name.empty() ? text(state, "applicationId") : name;
+}
+
 Row rowOf(const ListedState& state) {
-    return {text(state, "name"), text(state, "shortcut"), text(state, "scope"),
-            text(state, "applicationName"), frame(state)};
+    return {text(state, "name"), text(state, "shortcut"), text(state, "scope"), application(state),
+            frame(state)};
 }
 
 /// How many columns of a terminal the text takes.
