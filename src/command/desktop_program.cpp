@@ -1,11 +1,11 @@
 #include "command/desktop_program.h"
 
+#include "command/status.h"
 #include "installation/program_places.h"
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <sysexits.h>
 #include <unistd.h>
 
 namespace panewright::command {
@@ -22,7 +22,7 @@ int becomeDesktopProgram(char** argv) {
                      "libexec/panewright of the same prefix\n",
                      own.c_str());
     }
-    return EX_UNAVAILABLE;
+    return kStatusNoProgram;
 }
 
 } // namespace panewright::command
