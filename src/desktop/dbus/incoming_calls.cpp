@@ -18,18 +18,22 @@ std::size_t bytesOf(const QDBusMessage& call) {
 
 } // namespace
 
+IncomingCalls::IncomingCalls(MainLoop& mainLoop, const QDBusConnection& connection)
+    : connection_(connection), object_(new QObject), queue_(mainLoop) {
+    QObject::connect(&thread_, &QThread::finished, object_, &QObject::deleteLater);
+}
+
 IncomingCalls::~IncomingCalls() {
-    if (thread_.isRunning()) {
-        connection_.unregisterObject(path_);
-        QMetaObject::invokeMethod(&object_, [this] { thread_.quit(); });
-        thread_.wait();
-    }
+    connection_.unregisterObject(path_);
+    // Behind the answers.
+    QMetaObject::invokeMethod(object_, [this] { thread_.quit(); });
+    thread_.wait();
 }
 
 void IncomingCalls::registerObject(const QString& path) {
     path_ = path;
-    connection_.registerObject(path, &object_, QDBusConnection::ExportAdaptors);
-    object_.moveToThread(&thread_);
+    connection_.registerObject(path, object_, QDBusConnection::ExportAdaptors);
+    object_->moveToThread(&thread_);
     thread_.start();
 }
 
@@ -62,7 +66,7 @@ void IncomingCalls::add(const QDBusMessage& call, std::function<void()> work) {
 
 void IncomingCalls::send(const QDBusMessage& call, const QDBusMessage& reply) {
     if (call.isReplyRequired()) {
-        QMetaObject::invokeMethod(&object_, [this, reply] { connection_.send(reply); });
+        QMetaObject::invokeMethod(object_, [this, reply] { connection_.send(reply); });
     }
 }
 

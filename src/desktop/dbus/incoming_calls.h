@@ -26,15 +26,14 @@ public:
         QString error; // empty: none
     };
 
-    IncomingCalls(MainLoop& mainLoop, const QDBusConnection& connection)
-        : connection_(connection), queue_(mainLoop) {}
+    IncomingCalls(MainLoop& mainLoop, const QDBusConnection& connection);
     /// Sends the answers that there are.
     ~IncomingCalls();
     IncomingCalls(const IncomingCalls&) = delete;
     IncomingCalls& operator=(const IncomingCalls&) = delete;
 
     /// What the adaptors are children of.
-    QObject& object() { return object_; }
+    QObject& object() { return *object_; }
     /// Once only, with all adaptors there.
     void registerObject(const QString& path);
 
@@ -54,7 +53,7 @@ private:
     QDBusConnection connection_;
     QString path_;
     QThread thread_;
-    QObject object_; // lives on the thread once it runs
+    QObject* object_; // lives, and ends, on the thread
     std::size_t done_ = 0;
     CallQueue queue_;
 };
