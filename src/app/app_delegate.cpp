@@ -43,8 +43,10 @@ AppDelegate* AppDelegate::instance() {
     return theInstance();
 }
 
-void AppDelegate::applicationWillFinishLaunching() {
+AfterMoving AppDelegate::applicationWillFinishLaunching() {
     frontMostAppBeforeRunning_ = ports_.workspace.frontmostApplication();
+    return PFMoveToApplicationsFolderIfNecessary(
+        {ports_.applicationMoving, ports_.alerts, ports_.userDefaults, ports_.text});
 }
 
 void AppDelegate::applicationDidFinishLaunching() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/move_to_applications_folder.h"
 #include "menubar/scripting.h"
 #include "menubar/status_item_controller.h"
 #include "menubar/views.h"
@@ -34,8 +35,9 @@ public:
         return statusItemController_;
     }
 
-    /// Remembers the application that the user was in.
-    void applicationWillFinishLaunching();
+    /// Remembers the application that the user was in, and offers to move the program to where
+    /// programs are installed.
+    [[nodiscard]] AfterMoving applicationWillFinishLaunching();
 
     /// Asks for permission to control other programs, then makes and starts the controller.
     void applicationDidFinishLaunching();

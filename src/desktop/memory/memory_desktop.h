@@ -2,6 +2,7 @@
 
 #include "desktop/memory/memory_alerts.h"
 #include "desktop/memory/memory_application_icons.h"
+#include "desktop/memory/memory_bundles.h"
 #include "desktop/memory/memory_displays.h"
 #include "desktop/memory/memory_hot_keys.h"
 #include "desktop/memory/memory_images.h"
@@ -46,6 +47,7 @@ struct MemoryDesktop {
     MemoryTextServices text;
     MemoryUserDefaults userDefaults;
     MemoryAlerts alerts;
+    MemoryBundles bundles;
     MemoryBeeper beeper;
     MemoryAnalytics analytics;
     MemorySounds sounds;
@@ -55,11 +57,13 @@ struct MemoryDesktop {
     MemoryBackgroundWork backgroundWork;
 
     /// All of it, with what has to do with files on the machine that the test runs on.
-    Ports ports(const StandardFolders& folders, const LoginItemFormat& loginItems) {
+    Ports ports(const StandardFolders& folders, const LoginItemFormat& loginItems,
+                ApplicationMoving& moving) {
         return {.accessibility = accessibility,
                 .alerts = alerts,
                 .analytics = analytics,
                 .applicationIcons = icons,
+                .applicationMoving = moving,
                 .backgroundWork = backgroundWork,
                 .beeper = beeper,
                 .crashReporter = crashReporter,
