@@ -20,6 +20,7 @@
 #include "desktop/linux/linux_program.h"
 #include "desktop/linux/running_place.h"
 #include "desktop/linux/termination_signals.h"
+#include "desktop/qt/event_journal.h"
 #include "desktop/qt/key_events.h"
 #include "desktop/qt/native_geometry.h"
 #include "desktop/qt/qt_alerts.h"
@@ -130,7 +131,7 @@ struct Adapters {
     LinuxBackgroundWork backgroundWork;
     IniUserDefaults userDefaults{IniUserDefaults::defaultFile()};
     ThemeSounds sounds;
-    NoAnalytics analytics;
+    EventJournal analytics{stateFolder(), userDefaults};
     NoCrashReporter crashReporter;
     NoSoftwareUpdater softwareUpdater;
     ApplicationService application;

@@ -30,6 +30,11 @@ std::optional<std::filesystem::path> xdgConfigHome() {
     return baseFolder("XDG_CONFIG_HOME", ".config");
 }
 
+std::optional<std::filesystem::path> stateFolder() {
+    const auto home = baseFolder("XDG_STATE_HOME", ".local/state");
+    return home ? std::optional(*home / "Panewright") : std::nullopt;
+}
+
 Result<std::filesystem::path, FolderError> XdgFolders::applicationSupportDirectory() const {
     if (!dataHome_) {
         return FolderError{"neither XDG_DATA_HOME nor HOME is an absolute path"};

@@ -9,6 +9,10 @@ namespace panewright {
 std::optional<std::filesystem::path> xdgDataHome();
 std::optional<std::filesystem::path> xdgConfigHome();
 
+/// Where the program keeps what tells of its own runs: "Panewright" in `$XDG_STATE_HOME`, or
+/// `~/.local/state`. Nothing without a home. It may be missing.
+std::optional<std::filesystem::path> stateFolder();
+
 /// The folders of the XDG base directory conventions, as the environment has them when it is made.
 class XdgFolders : public StandardFolders {
 public:

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/analytics.h"
 #include "platform/crash_reporter.h"
 #include "platform/software_updater.h"
 
@@ -8,12 +7,6 @@ namespace panewright {
 
 /// Services of other platforms that a Linux desktop has no use for: nothing is reported to anybody,
 /// and new versions come with the distribution's packages.
-
-class NoAnalytics : public Analytics {
-public:
-    void logCustomEvent(std::string_view /*name*/, const EventAttributes& /*attributes*/) override {
-    }
-};
 
 class NoCrashReporter : public CrashReporter {
 public:
