@@ -17,7 +17,7 @@ constexpr const char* kLibrary = "libdbus-1.so.3";
 /// Ends the process if there is no such library or function: nothing can be asked then.
 template <class Function>
 Function* found(const char* name) {
-    static void* const library = dlopen(kLibrary, RTLD_LAZY | RTLD_LOCAL);
+    static void* library = dlopen(kLibrary, RTLD_LAZY | RTLD_LOCAL);
     void* const function = library ? dlsym(library, name) : nullptr;
     if (!function) {
         std::fprintf(stderr, "panewright: %s\n", dlerror());
