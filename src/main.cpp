@@ -249,9 +249,6 @@ int main(int argc, char* argv[]) {
     const TerminationSignals terminationSignals;
     ignoreBrokenPipes();
     const LinuxProgram program;
-    if (const auto answered = answerCommandLine(argc, argv, program)) {
-        return *answered;
-    }
     const XdgFolders folders;
     StoreLock lock(folders, textOf(placeOfThisProcess()));
     const Process process{program, folders, lock};

@@ -30,7 +30,7 @@ public:
     /// The file name of the program.
     virtual std::string executableName() const = 0;
 
-    /// Absolute path of the program that runs.
+    /// Absolute path of what starts this program, for those who start it later.
     virtual std::string executablePath() const = 0;
 };
 

@@ -5,57 +5,35 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <span>
 #include <string_view>
 #include <sysexits.h>
 
 namespace panewright {
 namespace {
 
-constexpr const char* kHelp =
-    R"(Usage: panewright [OPTION]
-Puts the focused window into a saved state when its shortcut is pressed. Stays in
-the status bar until it is quit there.
-
-Started again, it opens the settings of the one that runs.
-
-      --background  open nothing if one runs already
-  -h, --help        print this and end
-  -V, --version     print the version and end
-)";
-
 constexpr std::string_view kBackground = "--background";
+constexpr std::string_view kActivated = "--activated";
+
+bool has(std::string_view wanted, int argc, const char* const* argv) {
+    return std::any_of(argv + 1, argv + argc,
+                       [&](std::string_view argument) { return argument == wanted; });
+}
 
 } // namespace
 
-std::optional<int> answerCommandLine(int argc, const char* const* argv,
-                                     const ProgramInformation& program) {
-    const std::span arguments(argv, static_cast<std::size_t>(argc));
-    const auto has = [&](std::string_view brief, std::string_view full) {
-        return std::ranges::any_of(arguments.subspan(1), [&](std::string_view argument) {
-            return argument == brief || argument == full;
-        });
-    };
-    if (has("-h", "--help")) {
-        std::fputs(kHelp, stdout);
-        return 0;
-    }
-    if (has("-V", "--version")) {
-        fmt::print("Panewright {} ({})\n", program.shortVersion(), program.buildVersion());
-        return 0;
-    }
-    return std::nullopt;
+bool isForBackground(int argc, const char* const* argv) {
+    return has(kBackground, argc, argv);
 }
 
-bool isForBackground(int argc, const char* const* argv) {
-    return std::any_of(argv + 1, argv + argc,
-                       [](std::string_view argument) { return argument == kBackground; });
+bool isActivatedByBus(int argc, const char* const* argv) {
+    return has(kActivated, argc, argv);
 }
 
 std::optional<int> refuseUnknownArguments(int argc, const char* const* argv) {
-    const auto* const unknown = std::find_if(
-        argv + 1, argv + argc, [](std::string_view argument) { return argument != kBackground; });
+    const auto* const unknown =
+        std::find_if(argv + 1, argv + argc, [](std::string_view argument) {
+            return argument != kBackground && argument != kActivated;
+        });
     if (unknown == argv + argc) {
         return std::nullopt;
     }

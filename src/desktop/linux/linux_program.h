@@ -1,12 +1,12 @@
 #pragma once
 
-#include "desktop/linux/installed_file.h"
-#include "desktop/linux/program_version.h"
+#include "installation/installed_file.h"
+#include "installation/program_places.h"
+#include "installation/program_version.h"
 #include "platform/program_information.h"
 
 #include <filesystem>
 #include <string>
-#include <system_error>
 
 namespace panewright {
 
@@ -19,13 +19,13 @@ public:
     std::string buildVersion() const override { return kProgramBuildVersion; }
     std::string website() const override { return kProgramWebsite; }
     std::optional<std::filesystem::path> helpPage(std::string_view language) const override {
-        return installedFile(executablePath(),
+        return installedFile(ownExecutable(),
                              std::filesystem::path("help") / language / "index.html");
     }
     std::string executableName() const override { return "panewright"; }
     std::string executablePath() const override {
-        std::error_code ignored;
-        return std::filesystem::read_symlink("/proc/self/exe", ignored).string(); // proc(5)
+        const auto own = ownExecutable();
+        return commandOfProgram(own).value_or(own).string();
     }
 };
 

@@ -1,4 +1,4 @@
-#include "desktop/linux/installed_file.h"
+#include "installation/installed_file.h"
 
 #include <system_error>
 

@@ -1,0 +1,101 @@
+#include "system/program.h"
+
+#include <csignal>
+
+namespace panewright::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::Optional;
+
+/// One call of the command, and what comes of it.
+struct Call {
+    std::vector<std::string> arguments;
+    int status = 0;
+    /// Parts of what is printed; empty where nothing is.
+    std::string output;
+    std::string error;
+};
+
+/// The command beside a session bus, on which the program may run.
+class Command : public testing::Test {
+protected:
+    Command() { window_.activate(); }
+
+    void expect(const Call& call) const {
+        std::vector<std::string> command{PANEWRIGHT_PROGRAM};
+        command.insert(command.end(), call.arguments.begin(), call.arguments.end());
+        ChildProcess process(command, environment_);
+        const auto what = testing::PrintToString(call.arguments);
+        EXPECT_THAT(process.waitForEnd(kLongest), Optional(call.status)) << what;
+        EXPECT_THAT(process.standardOutput(), HasSubstr(call.output)) << what;
+        EXPECT_EQ(process.standardOutput().empty(), call.output.empty()) << what;
+        EXPECT_THAT(process.standardError(), HasSubstr(call.error)) << what;
+        EXPECT_EQ(process.standardError().empty(), call.error.empty()) << what;
+    }
+    void expectRefusedOutput(const std::string& arguments) const {
+        ChildProcess shell({"sh", "-c", PANEWRIGHT_PROGRAM " " + arguments}, environment_);
+        EXPECT_THAT(shell.waitForEnd(), Optional(74)) << arguments;
+    }
+    void expectWindow(const std::string& title) const {
+        EXPECT_NO_THROW(runToEnd({"xdotool", "search", "--sync", "--onlyvisible", "--name", title},
+                                 environment_));
+    }
+
+    /// More than the command waits for an answer.
+    static constexpr std::chrono::milliseconds kLongest{8000};
+    Desktop desktop_;
+    TestClient window_{desktop_.display()};
+    ChildProcess bus_{kSessionBus, desktop_.environment()};
+    Environment environment_ = [this] {
+        auto environment = desktop_.environment();
+        environment["DBUS_SESSION_BUS_ADDRESS"] = bus_.firstLine();
+        return environment;
+    }();
+};
+
+TEST_F(Command, SaysWhyNothingAnswers) {
+    expect({{"apply", "Full Screen"}, 3, "", "not running"});
+    expect({{"appply"}, 64, "", "'appply'"});
+    expect({{"apply", "\xff"}, 64, "", "UTF-8"});
+    expect({{"list", "--help"}, 0, "--json", ""});
+    expectRefusedOutput("--help >&-");
+    expectRefusedOutput("--version >/dev/full");
+    {
+        Program program(environment_);
+        program->sendSignal(SIGSTOP);
+        expect({{"next-display"}, 3, "", "no answer"});
+    }
+    bus_.sendSignal(SIGSTOP);
+    expect({{"list"}, 3, "", "no answer"});
+    bus_.sendSignal(SIGCONT);
+    environment_["DBUS_SESSION_BUS_ADDRESS"] = "unix:path=/nonexistent/bus";
+    expect({{"quit"}, 3, "", "session bus"});
+}
+
+TEST_F(Command, DoesWhatTheProgramCanDo) {
+    Program program(environment_);
+    expect({{"apply", "Centered Small"}, 0, "", ""});
+    EXPECT_EQ(frameOnceItIs(kSmall, desktop_.x(), window_.window()), kSmall);
+    expect({{"apply", "centered small"}, 1, "", "no such"});
+    expect({{"apply", "", "--application", ""}, 1, "", "no such"});
+    expect({{"apply", "--application=x", "--", "-a"}, 1, "", "no such"});
+    expect({{"list"}, 0, "Centered Large", ""});
+    expect({{"list", "--names"}, 0, "\nCentered Medium\n", ""});
+    expect({{"list", "--json"}, 0, R"("scale": [0.65, 0.65])", ""});
+    expectRefusedOutput("list >&-");                // which is not the bus's connection then
+    expect({{"next-display"}, 1, "", "not moved"}); // there is none
+    expect({{"menu", "--flat"}, 0, "", ""});
+    expectWindow("^Panewright menu");
+    desktop_.keyboard().tap(KEY_ESC);
+    expect({{"settings"}, 0, "", ""});
+    expectWindow("^Settings");
+    expect({{"save"}, 0, "", ""});
+    expectWindow("Save");
+    expect({{"quit"}, 0, "", ""});
+    EXPECT_THAT(program->waitForEnd(), Optional(0));
+    expect({{"quit"}, 3, "", "not running"});
+}
+
+} // namespace
+} // namespace panewright::test
