@@ -27,10 +27,10 @@ PLUGINS = [
     "platforminputcontexts/libibusplatforminputcontextplugin.so",
 ]
 TRANSLATIONS = ["qtbase_de.qm"]
-# What stays the system's, with all that these need themselves. Libraries of the system use them in
-# the same process, and would get an older one if it were carried along: drivers of the graphics card
-# the C++ runtime, fontconfig and freetype each other, harfbuzz glib. Others speak to the server and
-# the bus that run. All keep their interfaces, so that a newer one does.
+# What stays the system's, with all that these need themselves. Other libraries of the system use them
+# in the same process, and would break on an older one that was carried along: the graphics card's
+# driver needs its C++ runtime, fontconfig its freetype, harfbuzz its glib. All of them keep their
+# interfaces, so that a newer one does.
 OF_THE_SYSTEM = re.compile(
     r"(ld-linux.*|lib(c|m|dl|rt|pthread|resolv|gcc_s|stdc\+\+"  # the C and C++ runtimes
     r"|X11|X11-xcb|xcb|ICE|SM|EGL|GL|GLX|OpenGL"  # the X server's and the graphics card's
@@ -106,8 +106,10 @@ def carry(top):
             qt["plugins"] / plugin)
     for soname, path in carried_libraries(programs + list(origins)).items():
         origins[copy(path, top / "lib" / soname)] = path
+    carried = os.listdir(top / "lib")
     for binary in programs + list(origins):
-        find_libraries_in(binary, top / "lib")
+        if set(needed(binary)).intersection(carried):
+            find_libraries_in(binary, top / "lib")
     for name in TRANSLATIONS:
         origins[copy(qt["translations"] / name, top / "share/qt6/translations" / name)] = (
             qt["translations"] / name)
