@@ -12,10 +12,10 @@ set(CPACK_DEBIAN_PACKAGE_MAINTAINER "$ENV{DEBFULLNAME} <$ENV{DEBEMAIL}>")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Symbols of keys: DejaVu, which fontconfig brings, lacks one of Escape.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-symbola | fonts-noto-core")
-# The help page opens with xdg-open; a second start reaches the first over the session bus; the
-# toolkit's own texts in other languages; a sound server's driver for the bell.
+# The session bus, over which panels, scripts and a second start reach the program; the toolkit's own
+# texts in other languages; xdg-open, which opens the help page.
 string(JOIN ", " CPACK_DEBIAN_PACKAGE_RECOMMENDS
     "default-dbus-session-bus | dbus-session-bus" "qt6-translations-l10n" "xdg-utils")
-# A session to work in; GNOME's tray; the bell through a sound server.
+# A tray for GNOME; the bell through a sound server; windows to work on.
 string(JOIN ", " CPACK_DEBIAN_PACKAGE_SUGGESTS
     "gnome-shell-extension-appindicator" "libcanberra-pulse" "x-window-manager")
