@@ -9,7 +9,6 @@
 #include <cmath>
 #include <cwchar>
 #include <string_view>
-#include <wchar.h>
 
 namespace panewright::command {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "command/status.h"
 
-#include <signal.h>
+#include <csignal>
 #include <string_view>
 #include <unistd.h>
 

@@ -30,8 +30,8 @@ fs::path ownExecutable() {
 
 std::optional<fs::path> programOfCommand(const fs::path& command) {
     const auto folder = command.parent_path();
-    return firstFile({folder / kProgramFolder / kFileName,
-                      folder.parent_path() / kProgramFolder / kFileName});
+    return firstFile(
+        {folder / kProgramFolder / kFileName, folder.parent_path() / kProgramFolder / kFileName});
 }
 
 std::optional<fs::path> commandOfProgram(const fs::path& program) {

@@ -111,9 +111,9 @@ TEST_P(SavingInOnePanel, HasSettingsThatAreUsedWithKeysAndMouse) {
     EXPECT_TRUE(isWritten("MoveToNextWindowKeyEventKeyCode=45"));
     EXPECT_TRUE(isWritten("MoveToNextWindowKeyEventKeyModifiers=524288"));
     press({"alt+l"});
-    EXPECT_TRUE(eventually([&] {
-        return std::filesystem::exists(config / "autostart/com.quillfen.Panewright.Agent.desktop");
-    }));
+    const auto entry = config / "autostart/com.quillfen.Panewright.Agent.desktop";
+    EXPECT_TRUE(eventually([&] { return std::filesystem::exists(entry); }));
+    EXPECT_THAT(contentOf(entry), testing::HasSubstr("Exec=\"" PANEWRIGHT_PROGRAM "\""));
 
     // The recorder, whose cross stands at its right end while it records.
     press({"space"});

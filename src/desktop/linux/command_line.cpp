@@ -30,10 +30,9 @@ bool isActivatedByBus(int argc, const char* const* argv) {
 }
 
 std::optional<int> refuseUnknownArguments(int argc, const char* const* argv) {
-    const auto* const unknown =
-        std::find_if(argv + 1, argv + argc, [](std::string_view argument) {
-            return argument != kBackground && argument != kActivated;
-        });
+    const auto* const unknown = std::find_if(argv + 1, argv + argc, [](std::string_view argument) {
+        return argument != kBackground && argument != kActivated;
+    });
     if (unknown == argv + argc) {
         return std::nullopt;
     }

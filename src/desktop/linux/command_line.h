@@ -12,8 +12,8 @@ bool isForBackground(int argc, const char* const* argv);
 bool isActivatedByBus(int argc, const char* const* argv);
 
 /// Logs the first argument that the program does not know, once the toolkit has taken its own, and
-/// tells how to get help, which the command gives (command/); the exit code to end with then (EX_USAGE, sysexits.h). Nil where there is
-/// none.
+/// tells how to get help, which the command gives (command/); the exit code to end with then
+/// (EX_USAGE, sysexits.h). Nil where there is none.
 std::optional<int> refuseUnknownArguments(int argc, const char* const* argv);
 
 } // namespace panewright
