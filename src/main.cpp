@@ -15,6 +15,7 @@
 #include "desktop/linux/broken_pipes.h"
 #include "desktop/linux/command_line.h"
 #include "desktop/linux/environment.h"
+#include "desktop/linux/linux_application_moving.h"
 #include "desktop/linux/linux_background_work.h"
 #include "desktop/linux/linux_program.h"
 #include "desktop/linux/running_place.h"
@@ -28,11 +29,13 @@
 #include "desktop/qt/qt_menu_view.h"
 #include "desktop/qt/qt_status_item.h"
 #include "desktop/qt/qt_text_services.h"
+#include "desktop/qt/qt_user_files.h"
 #include "desktop/qt/qt_views.h"
 #include "desktop/qt/theme_colours.h"
 #include "desktop/qt/toolkit_exit_status.h"
 #include "desktop/shared/absent_services.h"
 #include "desktop/x11/x11_desktop.h"
+#include "installation/program_places.h"
 #include "model/model.h"
 #include "model/store_lock.h"
 
@@ -43,8 +46,10 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <chrono>
 #include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -77,14 +82,19 @@ struct Process {
     const ProgramInformation& program;
     const StandardFolders& folders;
     StoreLock& lock;
+    StartedBy startedBy;
+    bool isForBackground = false;
 };
 
 /// What goes with the desktop's own adapters.
 struct Adapters {
-    Adapters(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus,
-             const ProgramInformation& program)
-        : sounds(desktop.beeper), application(bus, program.bundleIdentifier()), notifierHosts(bus),
-          colourScheme(bus), colours(colourScheme), icons(desktop.icons, mainLoop),
+    Adapters(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus, const Process& process)
+        : sounds(desktop.beeper),
+          application(bus, mainLoop, process.program.bundleIdentifier(), process.startedBy),
+          notifierHosts(bus), colourScheme(bus), colours(colourScheme),
+          icons(desktop.icons, mainLoop),
+          applicationMoving({ownExecutable(), environment("HOME"), downloadsFolder(), moveToTrash},
+                            !process.isForBackground),
           alerts(desktop.ownWindows), statusItem({notifierHosts, desktop.tray}, desktop.brightness,
                                                  desktop.displays, desktop.workAreas),
           menuView(desktop.nativeKeyCodes), views(desktop.nativeKeyCodes, desktop.ownWindows) {}
@@ -94,6 +104,7 @@ struct Adapters {
                 .alerts = alerts,
                 .analytics = analytics,
                 .applicationIcons = icons,
+                .applicationMoving = applicationMoving,
                 .backgroundWork = backgroundWork,
                 .beeper = sounds,
                 .crashReporter = crashReporter,
@@ -127,6 +138,7 @@ struct Adapters {
     PortalColourScheme colourScheme;
     ThemeColours colours;
     QtApplicationIcons icons;
+    LinuxApplicationMoving applicationMoving;
     QtAlerts alerts;
     QtImages images;
     QtStatusItem statusItem;
@@ -139,18 +151,21 @@ struct Adapters {
 
 int runOn(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus, const Process& process) {
     setNativeUnitIsPixel(desktop.ownWindows.areInPixels());
-    Adapters adapters(desktop, mainLoop, bus, process.program);
+    Adapters adapters(desktop, mainLoop, bus, process);
     const Ports ports = adapters.portsOf(desktop, mainLoop, process);
     const SharedInstances shared(ports, process.lock);
-    AppDelegate delegate(ports, {adapters.views, adapters.menuView, adapters.exportedMenu});
-    delegate.applicationWillFinishLaunching();
-    delegate.applicationDidFinishLaunching();
-    mainLoop.post([] { logLine("ready"); });
+    AppDelegate delegate(
+        ports, {adapters.views, adapters.menuView, adapters.exportedMenu, adapters.application});
     // Which of the two connections notices first that the server has gone is chance.
     const ToolkitExitStatus withoutServer(kExitServerLost, [] {
         describeLostServer();
         Model::setFactory(nullptr);
     });
+    if (delegate.applicationWillFinishLaunching() == AfterMoving::kEnd) {
+        return 0;
+    }
+    delegate.applicationDidFinishLaunching();
+    mainLoop.post([] { logLine("ready"); });
     return mainLoop.run();
 }
 
@@ -227,8 +242,10 @@ int deferToRunningInstance(int& argc, char** argv, const Process& process) {
                                     place->processId)
                       : "already running");
     };
-    const bool isHere = !place || place->display == placeOfThisProcess().display;
-    if (!isHere || isForBackground(argc, argv)) {
+    if (isForBackground(argc, argv)) {
+        return 0;
+    }
+    if (place && place->display != placeOfThisProcess().display) {
         describe();
         return 0;
     }
@@ -243,6 +260,18 @@ int deferToRunningInstance(int& argc, char** argv, const Process& process) {
     return 0;
 }
 
+/// The copy of the program that has started this one is about to end.
+void waitForPredecessor(StoreLock& lock) {
+    constexpr std::chrono::seconds kSlowestEnd{10};
+    constexpr std::chrono::milliseconds kPause{20};
+    const auto end = std::chrono::steady_clock::now() + kSlowestEnd;
+    while (lock.outcome() == StoreLock::Outcome::kHeldByAnother &&
+           std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(kPause);
+        lock.take();
+    }
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
@@ -251,7 +280,12 @@ int main(int argc, char* argv[]) {
     const LinuxProgram program;
     const XdgFolders folders;
     StoreLock lock(folders, textOf(placeOfThisProcess()));
-    const Process process{program, folders, lock};
+    if (isRelaunched(argc, argv)) {
+        waitForPredecessor(lock);
+    }
+    const Process process{program, folders, lock,
+                          isActivatedByBus(argc, argv) ? StartedBy::kCall : StartedBy::kUser,
+                          isForBackground(argc, argv)};
     if (lock.outcome() == StoreLock::Outcome::kHeldByAnother) {
         return deferToRunningInstance(argc, argv, process);
     }

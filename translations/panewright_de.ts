@@ -419,5 +419,41 @@
         <source>Where the shortcut is active</source>
         <translation>Wo der Kurzbefehl gilt</translation>
     </message>
+    <message>
+        <source>Do not show this message again</source>
+        <translation>Diese Meldung nicht mehr anzeigen</translation>
+    </message>
+    <message>
+        <source>I can move myself to the Applications folder if you&apos;d like.</source>
+        <translation>Ich kann mich selbst in den Ordner „Applications“ verschieben, wenn Sie möchten.</translation>
+    </message>
+    <message>
+        <source>Note that this will require an administrator password.</source>
+        <translation>Dafür wird das Passwort eines Administrators benötigt.</translation>
+    </message>
+    <message>
+        <source>This will keep your Downloads folder uncluttered.</source>
+        <translation>So bleibt Ihr Ordner für Downloads aufgeräumt.</translation>
+    </message>
+    <message>
+        <source>Move to Applications folder?</source>
+        <translation>In den Ordner „Applications“ verschieben?</translation>
+    </message>
+    <message>
+        <source>Move to Applications Folder</source>
+        <translation>In den Ordner „Applications“ verschieben</translation>
+    </message>
+    <message>
+        <source>Do Not Move</source>
+        <translation>Nicht verschieben</translation>
+    </message>
+    <message>
+        <source>Could not move to Applications folder</source>
+        <translation>Das Verschieben in den Ordner „Applications“ ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
 </context>
 </TS>

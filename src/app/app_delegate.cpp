@@ -1,6 +1,7 @@
 #include "app/app_delegate.h"
 
 #include "accessibility/accessibility_helper.h"
+#include "app/application_scripting.h"
 #include "model/model.h"
 #include "model/window_state.h"
 #include "platform/accessibility.h"
@@ -42,8 +43,10 @@ AppDelegate* AppDelegate::instance() {
     return theInstance();
 }
 
-void AppDelegate::applicationWillFinishLaunching() {
+AfterMoving AppDelegate::applicationWillFinishLaunching() {
     frontMostAppBeforeRunning_ = ports_.workspace.frontmostApplication();
+    return PFMoveToApplicationsFolderIfNecessary(
+        {ports_.applicationMoving, ports_.alerts, ports_.userDefaults, ports_.text});
 }
 
 void AppDelegate::applicationDidFinishLaunching() {
@@ -53,6 +56,7 @@ void AppDelegate::applicationDidFinishLaunching() {
     setupStatusItem();
     setupSparkle();
     setupReopening();
+    setupScripting();
 }
 
 void AppDelegate::setupFabric() {
@@ -82,6 +86,12 @@ void AppDelegate::setupSparkle() {
 /// Who asks for a program that runs already wants to see it, and there may be no icon to click.
 void AppDelegate::setupReopening() {
     reopenRequests_ = ports_.reopenRequests.onReopen([this] { settings(); });
+}
+
+/// Last, as scripts may come at once.
+void AppDelegate::setupScripting() {
+    scripting_ = std::make_unique<ApplicationScripting>(*this);
+    scriptingService_ = views_.scripting.serve(*scripting_);
 }
 
 void AppDelegate::bringPrefsForward() {

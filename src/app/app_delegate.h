@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/move_to_applications_folder.h"
+#include "menubar/scripting.h"
 #include "menubar/status_item_controller.h"
 #include "menubar/views.h"
 #include "platform/ports.h"
@@ -33,8 +35,9 @@ public:
         return statusItemController_;
     }
 
-    /// Remembers the application that the user was in.
-    void applicationWillFinishLaunching();
+    /// Remembers the application that the user was in, and offers to move the program to where
+    /// programs are installed.
+    [[nodiscard]] AfterMoving applicationWillFinishLaunching();
 
     /// Asks for permission to control other programs, then makes and starts the controller.
     void applicationDidFinishLaunching();
@@ -58,6 +61,7 @@ private:
     void setupStatusItem();
     void setupSparkle();
     void setupReopening();
+    void setupScripting();
     std::shared_ptr<Settings> makeSettings();
 
     Ports ports_;
@@ -69,6 +73,8 @@ private:
     std::shared_ptr<Settings> settings_;
     Registration pendingPreferences_;
     Registration reopenRequests_;
+    std::unique_ptr<ScriptingCommands> scripting_;
+    Registration scriptingService_;
 };
 
 } // namespace panewright

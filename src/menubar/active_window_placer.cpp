@@ -45,16 +45,17 @@ ActiveWindowPlacer::displayFor(const std::shared_ptr<WindowState>& state, Model&
     return isInEffect || isFullAgain ? next : display;
 }
 
-void ActiveWindowPlacer::moveToNextDisplay() {
+bool ActiveWindowPlacer::moveToNextDisplay() {
     const auto& window = tracking_.windowElement();
     const auto next = getNextDisplayForWindowRect(services_.displays, tracking_.windowRect());
     if (!next || !isFrameSettable(window, kSizeThenPosition)) {
         services_.beeper.beep();
-        return;
+        return false;
     }
     writeFrame(*window,
                frameOnNextDisplay(tracking_.windowRect(), tracking_.currentDisplay(), *next));
     services_.tracking.trackEvent(kMoveToNextDisplayEvent);
+    return true;
 }
 
 } // namespace panewright

@@ -36,7 +36,8 @@ public:
     void applyWindowState(const std::shared_ptr<WindowState>& state, Model& model);
 
     /// Moves the tracked window to the next display, keeping its place and share of the display.
-    void moveToNextDisplay();
+    /// False when it cannot be moved.
+    bool moveToNextDisplay();
 
 private:
     std::optional<QuartzDisplay> displayFor(const std::shared_ptr<WindowState>& state,

@@ -246,7 +246,7 @@ void StatusItemController::addEventHandlers() {
 }
 
 void StatusItemController::moveToNextDisplay(const std::shared_ptr<CarbonKeyEvent>& /*sender*/) {
-    placer_.moveToNextDisplay();
+    moveWindowToNextDisplay();
 }
 
 void StatusItemController::applyWindowStateToActiveWindow(

@@ -5,6 +5,7 @@
 #include "menubar/edit_popover.h"
 #include "menubar/focus_tracking.h"
 #include "menubar/installed_hot_keys.h"
+#include "menubar/listed_window_states.h"
 #include "menubar/menu_view.h"
 #include "menubar/save_popover.h"
 #include "menubar/status_menu.h"
@@ -22,6 +23,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace panewright {
 
@@ -59,6 +61,8 @@ public:
 
     /// The sender is not used.
     void moveToNextDisplay(const std::shared_ptr<CarbonKeyEvent>& sender);
+    /// The same for others than keys. False when the window cannot be moved.
+    bool moveWindowToNextDisplay() { return placer_.moveToNextDisplay(); }
 
     void applyWindowStateToActiveWindow(const std::shared_ptr<WindowState>& state) override;
 
@@ -81,6 +85,14 @@ public:
     /// Opens the save popover for the tracked window; beeps when that cannot be moved and resized.
     void saveWindowPosition();
     WindowStateSaving& saving() { return *savePopover_; }
+
+    /// Opens the menu as a click on the icon does: with the right button if it is to be flat.
+    void openMenu(bool isFlat) { clicked({.isRightButton = isFlat}); }
+
+    /// Nil when the store could not be read.
+    std::optional<std::vector<ListedWindowState>> listWindowStates() const {
+        return listedWindowStates(*model_, shortcutText_);
+    }
 
     // Actions that concern the whole program and are passed on to it.
     /// Installs the hot keys of the built-in states too.

@@ -4,13 +4,15 @@ namespace panewright {
 
 class MenuExporter;
 class MenuView;
+class ScriptingEndpoint;
 class ViewFactory;
 
-/// What shows the program to a person. All of it must outlive whoever is given it.
+/// What people and scripts have of the program. All of it must outlive whoever is given it.
 struct Views {
     ViewFactory& factory;
     MenuView& menu;
     MenuExporter& exportedMenu;
+    ScriptingEndpoint& scripting;
 };
 
 } // namespace panewright

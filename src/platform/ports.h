@@ -6,6 +6,7 @@ class Accessibility;
 class Alerts;
 class Analytics;
 class ApplicationIcons;
+class ApplicationMoving;
 class BackgroundWork;
 class Beeper;
 class CrashReporter;
@@ -32,6 +33,7 @@ struct Ports {
     Alerts& alerts;
     Analytics& analytics;
     ApplicationIcons& applicationIcons;
+    ApplicationMoving& applicationMoving;
     const BackgroundWork& backgroundWork;
     Beeper& beeper;
     CrashReporter& crashReporter;

@@ -12,8 +12,7 @@ class ReopenRequests {
 public:
     virtual ~ReopenRequests() = default;
 
-    /// Calls back for each request; one that came before anybody listened is told at once, on the
-    /// main loop.
+    /// Calls back for each request that comes from now on.
     virtual Registration onReopen(std::function<void()> callback) = 0;
 };
 

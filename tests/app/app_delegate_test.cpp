@@ -9,7 +9,7 @@ class AppDelegateTest : public ProgramFixture {};
 
 TEST_F(AppDelegateTest, StartsWithTheApplicationThatWasInFront) {
     openProgram(kEditor, kEditorId, {100, 50, 800, 600});
-    delegate_.applicationWillFinishLaunching();
+    EXPECT_EQ(delegate_.applicationWillFinishLaunching(), AfterMoving::kGoOn);
     // Launching makes the program itself the frontmost one.
     desktop_.windows.activateApplication(MemoryDesktop::kOwnPid);
     EXPECT_EQ(AppDelegate::instance(), nullptr);

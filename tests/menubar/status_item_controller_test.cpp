@@ -107,15 +107,6 @@ TEST_F(StatusItemControllerTest, AsksForPermissionAndComesForwardWithoutIt) {
     EXPECT_THAT(takeEvents(), IsEmpty());
 }
 
-TEST_F(StatusItemControllerTest, AppliesStatesByName) {
-    addState("Mine", true, kTerminalId, 40, {2, 2, 300, 200});
-    EXPECT_FALSE(controller().applyWindowStateNamed("mine"));
-    EXPECT_FALSE(controller().applyWindowStateNamed("Mine", kEditorId));
-    EXPECT_EQ(frame(), kStart);
-    EXPECT_TRUE(controller().applyWindowStateNamed("Mine", kTerminalId));
-    EXPECT_EQ(frame(), (Rect{2, 2, 300, 200}));
-}
-
 TEST_F(StatusItemControllerTest, MovesToTheNextDisplayWithItsKeyAndShowsIt) {
     EXPECT_EQ(controller().menu().fixedItems().moveToNextDisplayItem->shortcut.keyEquivalent, "N");
     EXPECT_EQ(

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/app_delegate.h"
+#include "app/bundle_moving.h"
 #include "app/shared_instances.h"
 #include "desktop/memory/memory_desktop.h"
 #include "desktop/memory/memory_standard_folders.h"
@@ -32,8 +33,9 @@ class ProgramFixture : public testing::Test {
 protected:
     ProgramFixture() { desktop_.displays.setDisplays({{.id = 1, .bounds = kScreen}}); }
     void launch() {
-        delegate_.applicationWillFinishLaunching();
-        delegate_.applicationDidFinishLaunching();
+        if (delegate_.applicationWillFinishLaunching() == AfterMoving::kGoOn) {
+            delegate_.applicationDidFinishLaunching();
+        }
     }
     StatusItemController& controller() { return *delegate_.statusItemController(); }
 
@@ -106,9 +108,11 @@ protected:
     StoreLock lock_{folders_, ""};
     LaunchAgentFormat loginItems_{folder_.path()};
     MemoryDesktop desktop_;
-    Ports ports_ = desktop_.ports(folders_, loginItems_);
+    BundleMoving moving_{desktop_.bundles, desktop_.bundles, desktop_.bundles};
+    Ports ports_ = desktop_.ports(folders_, loginItems_, moving_);
     SharedInstances shared_{ports_, lock_};
-    AppDelegate delegate_{ports_, {desktop_.views, desktop_.menuView, desktop_.exportedMenu}};
+    AppDelegate delegate_{
+        ports_, {desktop_.views, desktop_.menuView, desktop_.exportedMenu, desktop_.scripting}};
 };
 
 } // namespace panewright

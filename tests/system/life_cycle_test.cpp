@@ -81,7 +81,7 @@ TEST_F(LifeCycle, ShowsItsSettingsWhenItIsStartedAgainWhereItRuns) {
         command.resize(isForBackground ? 2 : 1, "--background");
         ChildProcess second(command, environment);
         EXPECT_THAT(second.waitForEnd(), Optional(0));
-        EXPECT_EQ(second.standardError().empty(), !isForBackground);
+        EXPECT_EQ(second.standardError(), "");
     }
     EXPECT_NO_THROW(runToEnd({"xdotool", "search", "--sync", "--onlyvisible", "--name", "^Settings",
                               "windowfocus", "--sync"},
@@ -91,6 +91,48 @@ TEST_F(LifeCycle, ShowsItsSettingsWhenItIsStartedAgainWhereItRuns) {
     ChildProcess elsewhere({PANEWRIGHT_PROGRAM}, environment);
     EXPECT_THAT(elsewhere.waitForEnd(), Optional(0));
     EXPECT_THAT(elsewhere.standardError(), testing::HasSubstr("display " + desktop_.display()));
+}
+
+TEST_F(LifeCycle, OpensNothingForTheCallThatStartsIt) {
+    Environment environment = desktop_.environment();
+    const auto services =
+        std::filesystem::path(environment["XDG_DATA_HOME"]) / "dbus-1" / "services";
+    std::filesystem::create_directories(services);
+    setContent(services / "com.quillfen.Panewright.service",
+               "[D-BUS Service]\nName=com.quillfen.Panewright\nExec=" PANEWRIGHT_PROGRAM
+               " --background --activated\n");
+    ChildProcess bus(kSessionBus, environment);
+    environment["DBUS_SESSION_BUS_ADDRESS"] = bus.firstLine();
+    const auto call = [&](const std::string& method, const std::string& argument) {
+        EXPECT_NO_THROW(
+            runToEnd({"gdbus", "call", "--session", "--dest=com.quillfen.Panewright",
+                      "--object-path=/com/quillfen/Panewright", "--method=" + method, argument},
+                     environment));
+    };
+    const auto ends = [&](const std::vector<std::string>& command, int status) {
+        ChildProcess process(command, environment);
+        return process.waitForEnd() == status;
+    };
+    const auto hasSettings = [&] {
+        return ends({"xdotool", "search", "--onlyvisible", "--name", "^Settings"}, 0);
+    };
+    const auto quit = [&] {
+        EXPECT_TRUE(ends({PANEWRIGHT_PROGRAM, "quit"}, 0));
+        EXPECT_TRUE(eventually([&] { return ends({PANEWRIGHT_PROGRAM, "list"}, 3); }));
+    };
+    const std::string activate = "org.freedesktop.Application.Activate";
+    call(activate, "{}");
+    EXPECT_TRUE(ends({PANEWRIGHT_PROGRAM, "list"}, 0));
+    EXPECT_FALSE(hasSettings());
+    call(activate, "{}");
+    EXPECT_TRUE(eventually(hasSettings));
+    quit();
+
+    call("com.quillfen.Panewright.ApplyWindowState", "Centered Small");
+    EXPECT_EQ(frameOnceItIs(kSmall, desktop_.x(), window_.window()), kSmall);
+    call(activate, "{}");
+    EXPECT_TRUE(eventually(hasSettings)) << "another call started it";
+    quit();
 }
 
 TEST_F(LifeCycle, GoesOnAfterTheReaderOfItsLogHasEnded) {

@@ -21,7 +21,8 @@ constexpr const char* kHostSignals[] = {"StatusNotifierHostRegistered",
 } // namespace
 
 NotifierHosts::NotifierHosts(SessionBus& bus)
-    : bus_(bus), busKnown_(bus.onKnown([this] { watch(); })) {
+    : bus_(bus), busKnown_(bus.onKnown([this] { watch(); })),
+      busEnded_(bus.onEnded([this] { set(false); })) {
     if (bus.connection()) {
         watch();
     }
@@ -39,14 +40,7 @@ void NotifierHosts::watch() {
     for (const char* signal : kHostSignals) {
         connection.connect(kWatcher, kWatcherPath, kWatcher, signal, this, SLOT(ask()));
     }
-    // The bus itself may end.
-    connection.connect("", "/org/freedesktop/DBus/Local", "org.freedesktop.DBus.Local",
-                       "Disconnected", this, SLOT(busHasEnded()));
     ask();
-}
-
-void NotifierHosts::busHasEnded() {
-    set(false);
 }
 
 void NotifierHosts::ask() {

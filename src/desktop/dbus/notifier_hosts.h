@@ -30,7 +30,6 @@ public:
 
 private slots:
     void ask();
-    void busHasEnded();
 
 private:
     void watch();
@@ -45,6 +44,7 @@ private:
     bool isShell_ = false;
     ObserverList<> changed_;
     Registration busKnown_;
+    Registration busEnded_;
 };
 
 } // namespace panewright

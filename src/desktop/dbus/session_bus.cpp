@@ -22,8 +22,7 @@ struct SessionBus::Link {
         if (mainLoop) {
             mainLoop->post([self, connection] {
                 if (auto* const owner = self->bus) {
-                    owner->connection_ = connection;
-                    owner->known_.notify();
+                    owner->setConnection(connection);
                 }
             });
         }
@@ -37,6 +36,15 @@ SessionBus::SessionBus(MainLoop& mainLoop) : link_(std::make_shared<Link>()) {
     std::thread([link = link_] {
         link->tell(QDBusConnection::connectToBus(QDBusConnection::SessionBus, "panewright"), link);
     }).detach();
+}
+
+void SessionBus::setConnection(const QDBusConnection& connection) {
+    connection_ = connection;
+    if (connection_->isConnected()) {
+        connection_->connect("", "/org/freedesktop/DBus/Local", "org.freedesktop.DBus.Local",
+                             "Disconnected", this, SLOT(hasEnded()));
+    }
+    known_.notify();
 }
 
 SessionBus::~SessionBus() {

@@ -29,9 +29,13 @@ bool isActivatedByBus(int argc, const char* const* argv) {
     return has(kActivated, argc, argv);
 }
 
+bool isRelaunched(int argc, const char* const* argv) {
+    return has(kRelaunchedOption, argc, argv);
+}
+
 std::optional<int> refuseUnknownArguments(int argc, const char* const* argv) {
     const auto* const unknown = std::find_if(argv + 1, argv + argc, [](std::string_view argument) {
-        return argument != kBackground && argument != kActivated;
+        return argument != kBackground && argument != kActivated && argument != kRelaunchedOption;
     });
     if (unknown == argv + argc) {
         return std::nullopt;

@@ -20,6 +20,10 @@ public:
             }
         });
     }
+    std::optional<AlertAnswer> runModal(const Alert& alert) override {
+        modal.push_back(alert);
+        return modalAnswer;
+    }
     /// Presses a button, the first being 0. There must be a question.
     void press(int button) {
         open = std::nullopt;
@@ -28,6 +32,9 @@ public:
 
     /// Nil while there is no question.
     std::optional<Alert> open;
+    /// What was asked while everything waited, and how each such question is answered.
+    std::vector<Alert> modal;
+    std::optional<AlertAnswer> modalAnswer;
 
 private:
     Answered answered_;

@@ -2,11 +2,13 @@
 
 #include "desktop/memory/memory_alerts.h"
 #include "desktop/memory/memory_application_icons.h"
+#include "desktop/memory/memory_bundles.h"
 #include "desktop/memory/memory_displays.h"
 #include "desktop/memory/memory_hot_keys.h"
 #include "desktop/memory/memory_images.h"
 #include "desktop/memory/memory_keyboard_layout.h"
 #include "desktop/memory/memory_main_loop.h"
+#include "desktop/memory/memory_scripting.h"
 #include "desktop/memory/memory_services.h"
 #include "desktop/memory/memory_status_item.h"
 #include "desktop/memory/memory_user_defaults.h"
@@ -40,10 +42,12 @@ struct MemoryDesktop {
     MemoryStatusItem statusItem;
     MemoryMenuView menuView;
     MemoryMenuExporter exportedMenu;
+    MemoryScripting scripting;
     MemoryViews views{windows, kOwnPid};
     MemoryTextServices text;
     MemoryUserDefaults userDefaults;
     MemoryAlerts alerts;
+    MemoryBundles bundles;
     MemoryBeeper beeper;
     MemoryAnalytics analytics;
     MemorySounds sounds;
@@ -53,11 +57,13 @@ struct MemoryDesktop {
     MemoryBackgroundWork backgroundWork;
 
     /// All of it, with what has to do with files on the machine that the test runs on.
-    Ports ports(const StandardFolders& folders, const LoginItemFormat& loginItems) {
+    Ports ports(const StandardFolders& folders, const LoginItemFormat& loginItems,
+                ApplicationMoving& moving) {
         return {.accessibility = accessibility,
                 .alerts = alerts,
                 .analytics = analytics,
                 .applicationIcons = icons,
+                .applicationMoving = moving,
                 .backgroundWork = backgroundWork,
                 .beeper = beeper,
                 .crashReporter = crashReporter,

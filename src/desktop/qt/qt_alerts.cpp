@@ -4,6 +4,8 @@
 #include "desktop/qt/program_icon.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QEventLoop>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
@@ -110,6 +112,9 @@ QMessageBox* makeBox(const Alert& alert, QWidget* blocked) {
     for (auto* label : box->findChildren<QLabel*>()) {
         label->setTextFormat(Qt::PlainText); // a file's name may look like markup
     }
+    if (alert.showsSuppressionButton) {
+        box->setCheckBox(new QCheckBox(localized("Do not show this message again")));
+    }
     box->setWindowModality(Qt::NonModal);
     box->setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                         Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint);
@@ -119,6 +124,23 @@ QMessageBox* makeBox(const Alert& alert, QWidget* blocked) {
 } // namespace
 
 Registration QtAlerts::ask(const Alert& alert, Answered answered) {
+    return show(alert, [answered = std::move(answered)](const AlertAnswer& answer) {
+        answered(answer.response);
+    });
+}
+
+std::optional<AlertAnswer> QtAlerts::runModal(const Alert& alert) {
+    QEventLoop loop; // ends with the main loop too
+    std::optional<AlertAnswer> answer;
+    const auto question = show(alert, [&](const AlertAnswer& given) {
+        answer = given;
+        loop.quit();
+    });
+    loop.exec();
+    return answer;
+}
+
+Registration QtAlerts::show(const Alert& alert, std::function<void(const AlertAnswer&)> answered) {
     QPointer<QWidget> blocked = QApplication::activeWindow();
     QPointer<QMessageBox> box = makeBox(alert, blocked);
     const auto buttons = addButtons(*box, alert.buttons);
@@ -130,7 +152,9 @@ Registration QtAlerts::ask(const Alert& alert, Answered answered) {
                          if (blocked && blocked->isVisible()) {
                              ownWindows_.makeKey(blocked->winId());
                          }
-                         answered(kAlertFirstButtonReturn + static_cast<int>(pressed));
+                         const auto* const suppression = box->checkBox();
+                         answered({kAlertFirstButtonReturn + static_cast<int>(pressed),
+                                   suppression && suppression->isChecked()});
                      });
     if (blocked) {
         new Blocking(*box, *blocked->windowHandle(), ownWindows_); // owned by the box

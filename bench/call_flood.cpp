@@ -1,0 +1,25 @@
+// Calls a method of Panewright's over and over and waits for no answer. The arguments are the
+// method and the texts that it is called with.
+
+#include <dbus/dbus.h>
+
+#include <cstdlib>
+
+int main(int argc, char* argv[]) {
+    DBusConnection* bus = dbus_bus_get(DBUS_BUS_SESSION, nullptr);
+    if (!bus || argc < 2) {
+        return EXIT_FAILURE;
+    }
+    for (;;) {
+        DBusMessage* call =
+            dbus_message_new_method_call("com.quillfen.Panewright", "/com/quillfen/Panewright",
+                                         "com.quillfen.Panewright", argv[1]);
+        for (int i = 2; i < argc; ++i) {
+            dbus_message_append_args(call, DBUS_TYPE_STRING, &argv[i], DBUS_TYPE_INVALID);
+        }
+        dbus_message_set_no_reply(call, true);
+        dbus_connection_send(bus, call, nullptr);
+        dbus_message_unref(call);
+        dbus_connection_flush(bus);
+    }
+}

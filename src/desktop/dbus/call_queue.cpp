@@ -1,0 +1,63 @@
+#include "desktop/dbus/call_queue.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace panewright {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Far more than programs ask at once that wait for their answers.
+constexpr std::size_t kMostWaiting = 1000;
+constexpr std::size_t kMostWaitingBytes = 32 << 20;
+
+/// The least that the main thread rests between two calls.
+constexpr auto kShortestRest = 2ms;
+
+} // namespace
+
+bool CallQueue::add(std::size_t bytes, std::function<void()> call) {
+    const std::scoped_lock lock(mutex_);
+    if (waiting_.size() >= kMostWaiting || bytes > kMostWaitingBytes - waitingBytes_) {
+        return false;
+    }
+    waitingBytes_ += bytes;
+    waiting_.push_back({bytes, std::move(call)});
+    if (!std::exchange(isBusy_, true)) {
+        mainLoop_.post(lifetime_.guard([this] { doNext(); }));
+    }
+    return true;
+}
+
+/// Rests for as long as the call took, so that calls take no more than half of the main thread.
+void CallQueue::doNext() {
+    const auto call = takeNext();
+    if (!call) {
+        return;
+    }
+    // The call may run the loop itself, until a window is closed.
+    rest_ = mainLoop_.after(kShortestRest, [this] { doNext(); });
+    const auto start = std::chrono::steady_clock::now();
+    call();
+    const auto taken =
+        std::chrono::ceil<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
+    if (taken > kShortestRest) {
+        rest_ = mainLoop_.after(taken, [this] { doNext(); });
+    }
+}
+
+std::function<void()> CallQueue::takeNext() {
+    const std::scoped_lock lock(mutex_);
+    if (waiting_.empty()) {
+        isBusy_ = false;
+        return nullptr;
+    }
+    auto next = std::move(waiting_.front());
+    waiting_.pop_front();
+    waitingBytes_ -= next.bytes;
+    return std::move(next.call);
+}
+
+} // namespace panewright

@@ -1,0 +1,124 @@
+#include "desktop/linux/linux_application_moving.h"
+
+#include "desktop/linux/command_line.h"
+#include "desktop/linux/unpacked_program.h"
+
+#include <spawn.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <sstream>
+#include <system_error>
+
+namespace panewright {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::array<fs::path, 2> kTemporaryFolders{"/tmp", "/var/tmp"}; // hier(7)
+
+/// Where desktops and people mount media (udisks(8), hier(7)).
+const std::array<fs::path, 3> kMediaFolders{"/media", "/run/media", "/mnt"};
+
+fs::path resolved(const fs::path& path) {
+    std::error_code error;
+    auto real = fs::weakly_canonical(path, error);
+    return error ? path : real;
+}
+
+bool isBelow(const fs::path& path, const fs::path& folder) {
+    return !folder.empty() && path != folder &&
+           std::mismatch(folder.begin(), folder.end(), path.begin(), path.end()).first ==
+               folder.end();
+}
+
+template <class Folders>
+bool isBelowAny(const fs::path& path, const Folders& folders) {
+    return std::ranges::any_of(folders, [&](const auto& folder) { return isBelow(path, folder); });
+}
+
+std::optional<MovingError> errorOf(const std::optional<std::string>& message) {
+    return message ? std::optional(MovingError{*message}) : std::nullopt;
+}
+
+} // namespace
+
+std::optional<fs::path> LinuxApplicationMoving::source() const {
+    const auto folder = mayAsk_ ? unpackedFolderOf(places_.executable) : std::nullopt;
+    if (!folder) {
+        return std::nullopt;
+    }
+    std::error_code error;
+    const auto temporary = fs::temp_directory_path(error);
+    const bool staysNotLong =
+        isBelow(*folder, resolved(places_.downloads)) || isBelow(*folder, resolved(temporary)) ||
+        isBelowAny(*folder, kTemporaryFolders) || mediumOf(folder->parent_path());
+    return staysNotLong ? folder : std::nullopt;
+}
+
+fs::path LinuxApplicationMoving::applicationsFolder() const {
+    return resolved(places_.home / "Applications");
+}
+
+/// The deepest place of the table of mounts that the folder is in or below (proc(5), "mountinfo":
+/// the fifth field; the device follows on a dash and the type).
+std::optional<std::string> LinuxApplicationMoving::mediumOf(const fs::path& folder) const {
+    std::ifstream table("/proc/self/mountinfo");
+    fs::path mountedAt;
+    std::string device;
+    for (std::string line; std::getline(table, line);) {
+        std::istringstream fields(line);
+        std::string place;
+        for (int i = 0; i < 5; ++i) {
+            fields >> place;
+        }
+        if ((folder == place || isBelow(folder, place)) &&
+            place.size() >= mountedAt.native().size()) {
+            mountedAt = place;
+            const auto dash = line.find(" - ");
+            std::istringstream rest(dash == std::string::npos ? "" : line.substr(dash + 3));
+            std::string type;
+            rest >> type >> device;
+        }
+    }
+    return isBelowAny(mountedAt, kMediaFolders) ? std::optional(device) : std::nullopt;
+}
+
+bool LinuxApplicationMoving::exists(const fs::path& path) const {
+    std::error_code ignored;
+    return fs::exists(fs::symlink_status(path, ignored));
+}
+
+bool LinuxApplicationMoving::isWritable(const fs::path& path) const {
+    const bool canBeMade = path == applicationsFolder() && !exists(path);
+    return access((canBeMade ? path.parent_path() : path).c_str(), W_OK | X_OK) == 0;
+}
+
+std::optional<MovingError> LinuxApplicationMoving::copy(const fs::path& from, const fs::path& to) {
+    return errorOf(copyFolder(from, to));
+}
+
+std::optional<MovingError> LinuxApplicationMoving::remove(const fs::path& path) {
+    return errorOf(removeUnpackedFolder(path));
+}
+
+std::optional<MovingError> LinuxApplicationMoving::recycle(const fs::path& path) {
+    return places_.moveToTrash(path) ? std::nullopt
+                                     : std::optional(MovingError{"there is no trash for it"});
+}
+
+void LinuxApplicationMoving::openAfterEnd(const fs::path& program) {
+    std::string command = program / "bin" / "panewright";
+    std::string option(kRelaunchedOption);
+    const std::array<char*, 3> arguments{command.data(), option.data(), nullptr};
+    posix_spawnattr_t attributes;
+    posix_spawnattr_init(&attributes);
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID);
+    pid_t child = 0;
+    posix_spawn(&child, command.c_str(), nullptr, &attributes, arguments.data(), environ);
+    posix_spawnattr_destroy(&attributes);
+}
+
+} // namespace panewright

@@ -1,0 +1,85 @@
+#include "desktop/linux/unpacked_program.h"
+
+#include <unistd.h>
+
+#include <fstream>
+#include <set>
+#include <system_error>
+
+namespace panewright {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Names the files of the folder, itself too, one path in the folder a line.
+constexpr const char* kFileList = "panewright-files.txt";
+
+/// The files that the list names, and the folders that they are in, as paths in the folder.
+std::set<fs::path> listedIn(const fs::path& folder) {
+    std::set<fs::path> listed;
+    std::ifstream list(folder / kFileList);
+    for (std::string line; std::getline(list, line);) {
+        for (fs::path path = line; !path.empty(); path = path.parent_path()) {
+            listed.insert(path);
+        }
+    }
+    return listed;
+}
+
+/// The first that the list does not name; nil if there is none, an error if that is not known.
+std::optional<fs::path> foreignIn(const fs::path& folder, std::error_code& error) {
+    const auto listed = listedIn(folder);
+    fs::recursive_directory_iterator entries(folder, error);
+    for (const fs::recursive_directory_iterator end; !error && entries != end;
+         entries.increment(error)) {
+        if (!listed.contains(entries->path().lexically_relative(folder))) {
+            return entries->path();
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> textOf(const std::error_code& error) {
+    return error ? std::optional(error.message()) : std::nullopt;
+}
+
+} // namespace
+
+std::optional<fs::path> unpackedFolderOf(const fs::path& executable) {
+    const auto folder = executable.parent_path().parent_path().parent_path();
+    std::error_code ignored;
+    return fs::is_regular_file(folder / kFileList, ignored) ? std::optional(folder) : std::nullopt;
+}
+
+std::optional<std::string> copyFolder(const fs::path& from, const fs::path& to) {
+    const auto unfinished =
+        to.parent_path() / ("." + to.filename().string() + "." + std::to_string(getpid()));
+    std::error_code error;
+    fs::create_directories(to.parent_path(), error);
+    if (!error) {
+        fs::copy(from, unfinished, fs::copy_options::recursive | fs::copy_options::copy_symlinks,
+                 error);
+    }
+    if (!error) {
+        sync(); // else a crash could leave files of no content under the new name
+        fs::rename(unfinished, to, error);
+    }
+    if (error) {
+        std::error_code ignored;
+        fs::remove_all(unfinished, ignored);
+    }
+    return textOf(error);
+}
+
+std::optional<std::string> removeUnpackedFolder(const fs::path& folder) {
+    std::error_code error;
+    if (const auto foreign = foreignIn(folder, error)) {
+        return foreign->string() + " is no file of Panewright's";
+    }
+    if (!error) {
+        fs::remove_all(folder, error);
+    }
+    return textOf(error);
+}
+
+} // namespace panewright
