@@ -8,7 +8,7 @@
 cmake_minimum_required(VERSION 3.25)
 
 set(system_base "^(fmt/.*|unistd\\.h|fcntl\\.h|sys/(stat|types)\\.h)$")
-set(system_command "^(CLI/CLI\\.hpp|dbus/dbus\\.h|fcntl\\.h|sysexits\\.h|unistd\\.h)$")
+set(system_command "^(CLI/CLI\\.hpp|dbus/dbus\\.h|dlfcn\\.h|fcntl\\.h|sysexits\\.h|unistd\\.h)$")
 set(system_archive "^(fmt|plist)/")
 set(system_shortcuts "^fmt/")
 set(system_services "^fmt/")

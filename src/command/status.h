@@ -12,7 +12,8 @@ constexpr int kStatusNothingDone = 1;
 /// Panewright does not run, or cannot be reached over the session bus, or does not answer in time.
 constexpr int kStatusNotRunning = 3;
 constexpr int kStatusWrongUse = EX_USAGE;
-/// The desktop program is not installed beside the command, or does not start.
+/// The desktop program is not installed beside the command, or does not start; or libdbus is
+/// missing.
 constexpr int kStatusNoProgram = EX_UNAVAILABLE;
 /// Standard output takes nothing, as on a full disk.
 constexpr int kStatusCannotWrite = EX_IOERR;
