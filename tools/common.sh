@@ -3,12 +3,16 @@
 
 cd "$(dirname "$0")/.." || exit 1
 
+install_dependencies() {
+    [ -n "${PANEWRIGHT_SKIP_DEPENDENCIES:-}" ] || tools/install-dependencies
+}
+
 # build PRESET [TARGET...]: everything from installing packages to the built files. Says nothing
 # when all goes well, and shows what the failing step printed when it does not.
 build() {
     preset=$1
     shift
-    [ -n "${PANEWRIGHT_SKIP_DEPENDENCIES:-}" ] || tools/install-dependencies || return
+    install_dependencies || return
     mkdir -p "build/$preset"
     log=build/$preset/build.log
     if ! { cmake --preset "$preset" && cmake --build --preset "$preset" --parallel "$(nproc)" \

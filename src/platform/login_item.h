@@ -38,6 +38,9 @@ public:
     /// Whether the content has been switched off, by the user or a settings program, without
     /// removing it.
     virtual bool isSwitchedOff(std::string_view content) const = 0;
+
+    /// Whether the content lacks what `encode` writes now.
+    virtual bool isOutdated(std::string_view content) const = 0;
 };
 
 } // namespace panewright

@@ -16,6 +16,7 @@ public:
     std::string encode(const LaunchAgent& agent) const override;
     std::optional<std::string> programIn(std::string_view content) const override;
     bool isSwitchedOff(std::string_view /*content*/) const override { return false; }
+    bool isOutdated(std::string_view /*content*/) const override { return false; }
 
 private:
     std::filesystem::path home_;

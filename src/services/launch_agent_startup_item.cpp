@@ -74,7 +74,8 @@ bool LaunchAgentStartupItem::isInstalled() const {
 void LaunchAgentStartupItem::updateExecutablePath() const {
     const auto content = installedContent();
     const auto program = content ? format_.programIn(*content) : std::nullopt;
-    if (program && *program != executablePath_ && !format_.isSwitchedOff(*content)) {
+    if (program && (*program != executablePath_ || format_.isOutdated(*content)) &&
+        !format_.isSwitchedOff(*content)) {
         uninstall();
         install();
     }

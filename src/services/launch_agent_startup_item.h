@@ -37,7 +37,8 @@ public:
     /// matter.
     bool isInstalled() const;
 
-    /// Lets an installed item start this copy of the program if it names another one.
+    /// Lets an installed item start this copy of the program if it names another one, and writes an
+    /// outdated one anew.
     void updateExecutablePath() const;
 
 private:

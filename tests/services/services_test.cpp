@@ -5,6 +5,7 @@
 #include "services/launch_agent_startup_item.h"
 #include "support/temporary_folder.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -79,6 +80,13 @@ TEST(AutostartEntryFormat, LeavesAnEntryAloneThatTheUserHasSwitchedOff) {
     EXPECT_EQ(contentOf(path), off);
     item.install();
     EXPECT_TRUE(item.isInstalled());
+    EXPECT_FALSE(format.isOutdated(contentOf(path)));
+    setContent(path, "[Desktop Entry]\nExec=/new/panewright\n");
+    item.updateExecutablePath();
+    EXPECT_FALSE(format.isOutdated(contentOf(path)));
+    EXPECT_THAT(format.encode({"", R"(/a b\c"%$d)", std::nullopt}),
+                testing::HasSubstr("TryExec=/a b\\\\c\"%$d\n"
+                                   "Exec=\"/a b\\\\\\\\c\\\\\"%%\\\\$d\" --background\n"));
     EXPECT_EQ(format.programIn("[Other]\nExec=/x\n"), std::nullopt);
     EXPECT_EQ(format.programIn("[Desktop Entry]\nExec=/plain/path --flag\n"), "/plain/path");
     EXPECT_EQ(format.programIn("[Desktop Entry]\nExec=\"/open\n"), std::nullopt);

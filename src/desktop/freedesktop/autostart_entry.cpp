@@ -9,15 +9,12 @@ namespace panewright {
 namespace {
 
 /// An argument of Exec: always quoted, with what the shell would read inside quotes, and the codes
-/// of fields, escaped. Backslashes count once more, as in every value (Desktop Entry Specification,
-/// "The Exec key").
+/// of fields, escaped (Desktop Entry Specification, "The Exec key").
 std::string quoted(const std::string& argument) {
     std::string text = "\"";
     for (const char character : argument) {
-        if (character == '"' || character == '`' || character == '$') {
-            text += R"(\\)";
-        } else if (character == '\\') {
-            text += R"(\\\)";
+        if (std::string_view("\"`$\\").find(character) != std::string_view::npos) {
+            text += '\\';
         } else if (character == '%') {
             text += '%';
         }
@@ -62,10 +59,11 @@ std::string AutostartEntryFormat::encode(const LaunchAgent& agent) const {
                        "Type=Application\n"
                        "Name=Panewright\n"
                        "Comment=Puts windows into saved states by shortcut\n"
+                       "TryExec={}\n"
                        "Exec={}\n"
                        "Terminal=false\n"
                        "X-GNOME-Autostart-enabled=true\n",
-                       exec);
+                       escaped(agent.program), escaped(exec));
 }
 
 std::optional<std::string> AutostartEntryFormat::programIn(std::string_view content) const {
@@ -78,6 +76,10 @@ bool AutostartEntryFormat::isSwitchedOff(std::string_view content) const {
     const auto keys = desktopEntryKeys(content);
     const auto hidden = keys.find("Hidden");
     return hidden != keys.end() && hidden->second == "true";
+}
+
+bool AutostartEntryFormat::isOutdated(std::string_view content) const {
+    return !desktopEntryKeys(content).contains("TryExec");
 }
 
 } // namespace panewright

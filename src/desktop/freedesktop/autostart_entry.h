@@ -15,6 +15,8 @@ public:
     std::optional<std::string> programIn(std::string_view content) const override;
     /// "Hidden=true": the entry counts as deleted.
     bool isSwitchedOff(std::string_view content) const override;
+    /// Without "TryExec" the session tries to start the program though it has been removed.
+    bool isOutdated(std::string_view content) const override;
 };
 
 } // namespace panewright

@@ -21,6 +21,18 @@ std::map<std::string_view, std::string_view> desktopEntryKeys(std::string_view t
     return keys;
 }
 
+std::string escaped(std::string_view text) {
+    constexpr std::string_view kPlain = "\\\n\t\r";
+    constexpr std::string_view kCodes = "\\ntr";
+    std::string value;
+    for (const char character : text) {
+        const auto code = kPlain.find(character);
+        value += code == std::string_view::npos ? std::string(1, character)
+                                                : std::string{'\\', kCodes[code]};
+    }
+    return value;
+}
+
 std::string unescaped(std::string_view value) {
     std::string text;
     for (std::size_t i = 0; i < value.size(); ++i) {
