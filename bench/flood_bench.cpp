@@ -1,7 +1,7 @@
 // How long a key press takes to move a window while another program calls this one over the session
 // bus as fast as it can. Times are in milliseconds.
 
-#include "press_bench.h"
+#include "placement_bench.h"
 
 #include <fmt/format.h>
 #include <linux/input-event-codes.h>
@@ -17,7 +17,7 @@ constexpr int kPresses = 50;
 constexpr std::chrono::milliseconds kFloodRises{300};
 
 /// The presses of which nobody saw the frame, as a call placed the window at once, are left out.
-std::vector<double> measure(PressBench& bench) {
+std::vector<double> measure(PlacementBench& bench) {
     std::vector<double> times;
     for (int press = 0; press < kPresses; ++press) {
         try {
@@ -31,7 +31,7 @@ std::vector<double> measure(PressBench& bench) {
 void run() {
     const std::vector<std::pair<std::string, std::string>> programs{
         {PANEWRIGHT_PROGRAM, "panewright: ready"}};
-    PressBench bench(programs);
+    PlacementBench bench(programs);
     bench.measure(KEY_2, false); // reads from disk
     const std::vector<std::vector<std::string>> floods{{},
                                                        {"ApplyWindowState", "No such state"},

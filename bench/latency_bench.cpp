@@ -4,7 +4,7 @@
 // sxhkd with xdotool; in turn, each on one plain window. Times are in milliseconds. An argument
 // names another Panewright than the one that was built.
 
-#include "press_bench.h"
+#include "placement_bench.h"
 
 #include <fmt/format.h>
 #include <linux/input-event-codes.h>
@@ -22,15 +22,15 @@ constexpr int kPresses = 100;
 
 struct Method {
     std::string_view name;
-    PressBench& bench;
+    PlacementBench& bench;
     std::uint16_t key;
     bool sizesClient = false;
     std::vector<double> times{};
 };
 
 void run(const std::string& program) {
-    PressBench bench({{program, "panewright: ready"}});
-    PressBench others({{MINIMAL_PROGRAM, "minimal: ready"}, {"sxhkd", ""}});
+    PlacementBench bench({{program, "panewright: ready"}});
+    PlacementBench others({{MINIMAL_PROGRAM, "minimal: ready"}, {"sxhkd", ""}});
     std::array<Method, 4> methods{{{"Panewright", bench, KEY_2},
                                    {"the least that is needed", others, KEY_F7},
                                    {"openbox, its own key binding", others, KEY_F5},

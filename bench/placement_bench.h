@@ -4,6 +4,8 @@
 
 #include <linux/input-event-codes.h>
 #include <poll.h>
+#include <spawn.h>
+#include <sys/wait.h>
 
 #include <algorithm>
 #include <array>
@@ -28,12 +30,12 @@ inline constexpr Frame kTarget{.x = 80, .y = 45, .width = 1440, .height = 810};
 /// What xdotool sizes instead.
 inline constexpr Size kTargetClient{.width = 1438, .height = 785};
 
-/// A desktop with one plain window and programs that place it at a key press.
-class PressBench {
+/// A desktop with one plain window and programs that place it.
+class PlacementBench {
 public:
     /// Starts the programs, given as their path and the line that they say they are ready with;
     /// empty for one that says nothing.
-    explicit PressBench(const std::vector<std::pair<std::string, std::string>>& programs) {
+    explicit PlacementBench(const std::vector<std::pair<std::string, std::string>>& programs) {
         window_.activate();
         environment_["DBUS_SESSION_BUS_ADDRESS"] = bus_.firstLine();
         environment_["SHELL"] = "/bin/sh"; // what sxhkd runs commands with
@@ -56,16 +58,71 @@ public:
         const auto start = Clock::now();
         desktop_.keyboard().press(key);
         waitFor(target, start + std::chrono::seconds(2));
-        const std::chrono::duration<double, std::milli> time = Clock::now() - start;
+        const double time = milliseconds(Clock::now() - start);
         desktop_.keyboard().release(key);
         desktop_.keyboard().release(KEY_LEFTALT);
         std::this_thread::sleep_for(kPause);
-        return time.count();
+        return time;
+    }
+
+    /// From the start of the command to its end.
+    double measureToEnd(const std::vector<std::string>& command) {
+        Clock::time_point end;
+        const auto start = run(command, [&](pid_t child) {
+            waitpid(child, nullptr, 0);
+            end = Clock::now();
+        });
+        return milliseconds(end - start);
+    }
+    /// From the start of the command to the target frame.
+    double measureToFrame(const std::vector<std::string>& command, bool sizesClient) {
+        const Frame target = targetClient(sizesClient);
+        Clock::time_point end;
+        const auto start = run(command, [&](pid_t child) {
+            waitFor(target, Clock::now() + std::chrono::seconds(2));
+            end = Clock::now();
+            waitpid(child, nullptr, 0);
+        });
+        return milliseconds(end - start);
     }
 
     const Environment& environment() const { return environment_; }
 
 private:
+    static double milliseconds(Clock::duration time) {
+        return std::chrono::duration<double, std::milli>(time).count();
+    }
+
+    /// Gives the time of the start.
+    template <class Follow>
+    Clock::time_point run(const std::vector<std::string>& command, Follow follow) {
+        placeWindow(desktop_.x(), window_.window(), kElsewhere);
+        std::this_thread::sleep_for(kPause);
+        std::vector<char*> arguments;
+        for (const auto& argument : command) {
+            arguments.push_back(const_cast<char*>(argument.c_str()));
+        }
+        arguments.push_back(nullptr);
+        std::vector<std::string> values;
+        for (const auto& [name, value] : environment_) {
+            values.push_back(name + "=" + value);
+        }
+        std::vector<char*> variables;
+        for (auto& value : values) {
+            variables.push_back(value.data());
+        }
+        variables.push_back(nullptr);
+        pid_t child = 0;
+        const auto start = Clock::now();
+        if (posix_spawnp(&child, arguments[0], nullptr, nullptr, arguments.data(),
+                         variables.data()) != 0) {
+            throw std::runtime_error(command.front() + " does not start");
+        }
+        follow(child);
+        std::this_thread::sleep_for(kPause);
+        return start;
+    }
+
     /// Where the client is when the window is in its place.
     Frame targetClient(bool isSized) const {
         auto around = desktop_.x().property(window_.window(), "_NET_FRAME_EXTENTS");
