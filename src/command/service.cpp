@@ -45,7 +45,9 @@ Failure notEnoughMemory() {
 }
 
 Failure failureOf(const BusError& error) {
-    if (error.isOneOf({DBUS_ERROR_SERVICE_UNKNOWN, DBUS_ERROR_NAME_HAS_NO_OWNER})) {
+    // One that is ending has its object taken from the bus before its name.
+    if (error.isOneOf({DBUS_ERROR_SERVICE_UNKNOWN, DBUS_ERROR_NAME_HAS_NO_OWNER,
+                       DBUS_ERROR_UNKNOWN_OBJECT})) {
         return {kStatusNotRunning, "Panewright is not running"};
     }
     if (error.isOneOf({DBUS_ERROR_NO_REPLY, DBUS_ERROR_TIMEOUT, DBUS_ERROR_TIMED_OUT})) {
@@ -57,7 +59,7 @@ Failure failureOf(const BusError& error) {
                 "for it"};
     }
     if (error.isOneOf({DBUS_ERROR_LIMITS_EXCEEDED})) {
-        return {kStatusNotUnderstood, "too long for the session bus: " + error.message()};
+        return {kStatusNotUnderstood, "too much at once: " + error.message()};
     }
     if (error.isOneOf({DBUS_ERROR_ACCESS_DENIED})) {
         return {kStatusNotRunning, "the session bus lets nobody here call: " + error.message()};
