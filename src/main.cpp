@@ -20,6 +20,7 @@
 #include "desktop/linux/linux_program.h"
 #include "desktop/linux/running_place.h"
 #include "desktop/linux/termination_signals.h"
+#include "desktop/linux/update_process.h"
 #include "desktop/qt/event_journal.h"
 #include "desktop/qt/key_events.h"
 #include "desktop/qt/native_geometry.h"
@@ -35,6 +36,7 @@
 #include "desktop/qt/theme_colours.h"
 #include "desktop/qt/toolkit_exit_status.h"
 #include "desktop/shared/absent_services.h"
+#include "desktop/shared/feed_updater.h"
 #include "desktop/x11/x11_desktop.h"
 #include "installation/program_places.h"
 #include "model/model.h"
@@ -96,8 +98,11 @@ struct Adapters {
           icons(desktop.icons, mainLoop),
           applicationMoving({ownExecutable(), environment("HOME"), downloadsFolder(), moveToTrash},
                             !process.isForBackground),
-          alerts(desktop.ownWindows), statusItem({notifierHosts, desktop.tray}, desktop.brightness,
-                                                 desktop.displays, desktop.workAreas),
+          alerts(desktop.ownWindows), updateFeed(mainLoop, process.program, stateFolder()),
+          softwareUpdater({updateFeed, alerts, mainLoop, process.program, text, userDefaults,
+                           desktop.workspace}),
+          statusItem({notifierHosts, desktop.tray}, desktop.brightness, desktop.displays,
+                     desktop.workAreas),
           menuView(desktop.nativeKeyCodes), views(desktop.nativeKeyCodes, desktop.ownWindows) {}
 
     Ports portsOf(X11Desktop& desktop, MainLoop& mainLoop, const Process& process) {
@@ -133,7 +138,6 @@ struct Adapters {
     ThemeSounds sounds;
     EventJournal analytics{stateFolder(), userDefaults};
     NoCrashReporter crashReporter;
-    NoSoftwareUpdater softwareUpdater;
     ApplicationService application;
     NotifierHosts notifierHosts;
     PortalColourScheme colourScheme;
@@ -141,6 +145,8 @@ struct Adapters {
     QtApplicationIcons icons;
     LinuxApplicationMoving applicationMoving;
     QtAlerts alerts;
+    UpdateProcess updateFeed;
+    FeedUpdater softwareUpdater;
     QtImages images;
     QtStatusItem statusItem;
     ExportedMenu exportedMenu{heldModifierFlags};

@@ -455,5 +455,53 @@
         <source>OK</source>
         <translation>OK</translation>
     </message>
+    <message>
+        <source>Panewright does not look for new versions by itself.</source>
+        <translation>Panewright sucht nicht selbst nach neuen Versionen.</translation>
+    </message>
+    <message>
+        <source>A new version comes the way this one did: with the packages of your system, or as a tarball.</source>
+        <translation>Eine neue Version kommt auf demselben Weg wie diese: mit den Paketen Ihres Systems oder als Archiv.</translation>
+    </message>
+    <message>
+        <source>Panewright %@ is there.</source>
+        <translation>Panewright %@ ist da.</translation>
+    </message>
+    <message>
+        <source>You have version %@.</source>
+        <translation>Sie haben Version %@.</translation>
+    </message>
+    <message>
+        <source>Show in Browser</source>
+        <translation>Im Browser zeigen</translation>
+    </message>
+    <message>
+        <source>Not Now</source>
+        <translation>Nicht jetzt</translation>
+    </message>
+    <message>
+        <source>You have the newest version of Panewright.</source>
+        <translation>Sie haben die neueste Version von Panewright.</translation>
+    </message>
+    <message>
+        <source>It is version %@.</source>
+        <translation>Es ist Version %@.</translation>
+    </message>
+    <message>
+        <source>New versions are looked for over HTTPS only, not at %@.</source>
+        <translation>Neue Versionen werden nur über HTTPS gesucht, nicht unter %@.</translation>
+    </message>
+    <message>
+        <source>What the server sent is no list of versions: %@</source>
+        <translation>Was der Server geschickt hat, ist keine Liste von Versionen: %@</translation>
+    </message>
+    <message>
+        <source>The list of versions could not be fetched: %@</source>
+        <translation>Die Liste der Versionen war nicht zu bekommen: %@</translation>
+    </message>
+    <message>
+        <source>Nobody knows whether there is a newer version.</source>
+        <translation>Es ist nicht bekannt, ob es eine neuere Version gibt.</translation>
+    </message>
 </context>
 </TS>

@@ -8,5 +8,7 @@ extern const char* const kProgramBuildVersion;
 
 /// As ProgramInformation::website() has it.
 extern const char* const kProgramWebsite;
+/// As ProgramInformation::updateFeed() has it.
+extern const char* const kProgramUpdateFeed;
 
 } // namespace panewright

@@ -27,7 +27,7 @@ void addGroup(MenuItems& items, const MenuItems& group) {
 } // namespace
 
 FixedMenuItems::FixedMenuItems(const TextServices& text, const ProgramInformation& program,
-                               const SoftwareUpdater& updater, const Actions& actions)
+                               const Actions& actions)
     : saveItem(makeItem(text.localized("Save Current Window…"), actions.saveWindowPosition)),
       moveToNextDisplayItem(
           makeItem(text.localized("Move to Next Display"), actions.moveToNextDisplay)),
@@ -40,7 +40,6 @@ FixedMenuItems::FixedMenuItems(const TextServices& text, const ProgramInformatio
     addGroup(after, {startupItem, makeItem(text.localized("Restore Built-in States"),
                                            actions.restoreWindowStates)});
     const auto updateItem = makeItem(text.localized("Check for Updates…"), actions.checkForUpdates);
-    updateItem->isEnabled = updater.isAvailable();
     MenuItems service{crashItem, updateItem};
     if (!program.website().empty()) {
         service.push_back(makeItem(text.localized("Send Feedback…"), actions.sendFeedback));

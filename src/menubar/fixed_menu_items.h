@@ -2,7 +2,6 @@
 
 #include "menubar/menu.h"
 #include "platform/program_information.h"
-#include "platform/software_updater.h"
 #include "platform/text_services.h"
 
 #include <functional>
@@ -25,10 +24,9 @@ struct FixedMenuItems {
         std::function<void()> quit;
     };
 
-    /// What there is to choose depends on these: where nobody looks for updates the item for that
-    /// cannot be chosen, and where the program has no site the item for feedback is left out.
+    /// Where the program has no site the item for feedback is left out.
     FixedMenuItems(const TextServices& text, const ProgramInformation& program,
-                   const SoftwareUpdater& updater, const Actions& actions);
+                   const Actions& actions);
 
     std::shared_ptr<MenuItem> saveItem;
     std::shared_ptr<MenuItem> moveToNextDisplayItem;

@@ -130,7 +130,7 @@ void StatusItemController::setupMenu() {
                             [this](const auto& state) { applyWindowStateToActiveWindow(state); },
                             [this](const auto& state) { editWindowState(state); },
                             [this](const auto& state) { removeWindowState(state); }},
-        FixedMenuItems(ports_.text, ports_.program, ports_.softwareUpdater, fixedActions));
+        FixedMenuItems(ports_.text, ports_.program, fixedActions));
 }
 
 void StatusItemController::setupUI() {

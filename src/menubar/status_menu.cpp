@@ -1,11 +1,11 @@
 #include "menubar/status_menu.h"
 
+#include "base/text_with.h"
 #include "geometry/quartz_display.h"
 #include "menubar/applicable_window_states.h"
 #include "menubar/hot_key_collisions.h"
 #include "model/model.h"
 #include "shortcuts/modifier_flags.h"
-#include "ui/format_text.h"
 #include "ui/pnr_utils.h"
 #include "ui/shortcut_remark.h"
 

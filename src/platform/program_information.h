@@ -23,6 +23,9 @@ public:
     /// empty if it has none.
     virtual std::string website() const = 0;
 
+    /// The address of the feed that names newer versions; empty if there is none.
+    virtual std::string updateFeed() const = 0;
+
     /// The help page that is installed with the program, in that language (ISO 639-1), as an HTML
     /// file; nil if it is missing.
     virtual std::optional<std::filesystem::path> helpPage(std::string_view language) const = 0;

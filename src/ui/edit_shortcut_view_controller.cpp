@@ -1,8 +1,8 @@
 #include "ui/edit_shortcut_view_controller.h"
 
+#include "base/text_with.h"
 #include "model/model.h"
 #include "shortcuts/modifier_flags.h"
-#include "ui/format_text.h"
 #include "ui/window_state_editing.h"
 
 #include <utility>

@@ -1,15 +1,8 @@
 #include "ui/format_text.h"
 
-#include <string_view>
+#include "base/text_with.h"
 
 namespace panewright {
-
-std::string textWith(std::string text, const std::string& replacement) {
-    constexpr std::string_view kPlaceholder = "%@";
-    const auto place = text.find(kPlaceholder);
-    return place == std::string::npos ? text
-                                      : text.replace(place, kPlaceholder.size(), replacement);
-}
 
 std::string versionText(const ProgramInformation& program, const TextServices& text) {
     return textWith(textWith(text.localized("Version: %@.%@"), program.shortVersion()),

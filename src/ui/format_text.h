@@ -8,9 +8,6 @@
 
 namespace panewright {
 
-/// The text with the first "%@" in it replaced.
-std::string textWith(std::string text, const std::string& replacement);
-
 /// The program's version and the number of its build, as people are told them.
 std::string versionText(const ProgramInformation& program, const TextServices& text);
 

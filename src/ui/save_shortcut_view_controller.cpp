@@ -1,7 +1,7 @@
 #include "ui/save_shortcut_view_controller.h"
 
+#include "base/text_with.h"
 #include "model/window_state.h"
-#include "ui/format_text.h"
 #include "ui/store_troubles.h"
 #include "ui/window_state_saving.h"
 

@@ -1,8 +1,8 @@
 #include "ui/shortcut_remark.h"
 
+#include "base/text_with.h"
 #include "model/model.h"
 #include "shortcuts/carbon_event_manager.h"
-#include "ui/format_text.h"
 
 namespace panewright {
 namespace {

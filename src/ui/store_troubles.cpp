@@ -1,7 +1,7 @@
 #include "ui/store_troubles.h"
 
+#include "base/text_with.h"
 #include "model/model.h"
-#include "ui/format_text.h"
 
 namespace panewright {
 namespace {

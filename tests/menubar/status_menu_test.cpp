@@ -254,14 +254,13 @@ TEST_F(StatusMenuTest, DoesWhatItsFixedItemsSay) {
 
 class StatusMenuOfAProgramAlone : public ProgramFixture {};
 
-TEST_F(StatusMenuOfAProgramAlone, OffersNeitherSiteNorUpdates) {
+TEST_F(StatusMenuOfAProgramAlone, HasNoSiteForFeedback) {
     desktop_.program.site = "";
-    desktop_.softwareUpdater.looksForUpdates = false;
     launch();
     desktop_.statusItem.click();
     auto last = rows(desktop_.menuView.shown());
     last.erase(last.begin(), last.end() - 7);
-    EXPECT_THAT(last, ElementsAre("Restore Built-in States", "-", "(Check for Updates…)", "FAQ",
+    EXPECT_THAT(last, ElementsAre("Restore Built-in States", "-", "Check for Updates…", "FAQ",
                                   "(Version: 1.2.8.57)", "-", "Quit Panewright"));
 }
 

@@ -1,9 +1,9 @@
 #include "desktop/linux/linux_application_moving.h"
 
 #include "desktop/linux/command_line.h"
+#include "desktop/linux/spawned_program.h"
 #include "desktop/linux/unpacked_program.h"
 
-#include <spawn.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -110,15 +110,8 @@ std::optional<MovingError> LinuxApplicationMoving::recycle(const fs::path& path)
 }
 
 void LinuxApplicationMoving::openAfterEnd(const fs::path& program) {
-    std::string command = program / "bin" / "panewright";
-    std::string option(kRelaunchedOption);
-    const std::array<char*, 3> arguments{command.data(), option.data(), nullptr};
-    posix_spawnattr_t attributes;
-    posix_spawnattr_init(&attributes);
-    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID);
-    pid_t child = 0;
-    posix_spawn(&child, command.c_str(), nullptr, &attributes, arguments.data(), environ);
-    posix_spawnattr_destroy(&attributes);
+    spawnProgram({program / "bin" / "panewright", std::string(kRelaunchedOption)},
+                 {.inSessionOfItsOwn = true});
 }
 
 } // namespace panewright

@@ -18,6 +18,7 @@ public:
     std::string shortVersion() const override { return kProgramShortVersion; }
     std::string buildVersion() const override { return kProgramBuildVersion; }
     std::string website() const override { return kProgramWebsite; }
+    std::string updateFeed() const override { return kProgramUpdateFeed; }
     std::optional<std::filesystem::path> helpPage(std::string_view language) const override {
         return installedFile(ownExecutable(),
                              std::filesystem::path("help") / language / "index.html");

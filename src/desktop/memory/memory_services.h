@@ -78,12 +78,10 @@ public:
     void setWillShowHandler(std::function<void()> handler) override {
         willShow = std::move(handler);
     }
-    bool isAvailable() const override { return looksForUpdates; }
     void checkForUpdates() override { ++checks; }
     void checkForUpdatesInBackground() override { ++backgroundChecks; }
 
     std::function<void()> willShow;
-    bool looksForUpdates = true;
     int checks = 0;
     int backgroundChecks = 0;
 };
@@ -107,6 +105,7 @@ public:
     std::string shortVersion() const override { return "1.2.8"; }
     std::string buildVersion() const override { return "57"; }
     std::string website() const override { return site; }
+    std::string updateFeed() const override { return feed; }
     std::optional<std::filesystem::path> helpPage(std::string_view language) const override {
         const auto page = helpPages.find(language);
         return page == helpPages.end() ? std::nullopt : std::optional(page->second);
@@ -115,6 +114,7 @@ public:
     std::string executablePath() const override { return path; }
 
     std::string path = "/opt/panewright/bin/panewright";
+    std::string feed;
     std::string site = "http://quillfen.com";
     /// By language.
     std::map<std::string, std::filesystem::path, std::less<>> helpPages;

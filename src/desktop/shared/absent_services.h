@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/crash_reporter.h"
-#include "platform/software_updater.h"
 
 namespace panewright {
 
@@ -12,14 +11,6 @@ class NoCrashReporter : public CrashReporter {
 public:
     void start() override {}
     void crash() override {}
-};
-
-class NoSoftwareUpdater : public SoftwareUpdater {
-public:
-    bool isAvailable() const override { return false; }
-    void setWillShowHandler(std::function<void()> /*handler*/) override {}
-    void checkForUpdates() override {}
-    void checkForUpdatesInBackground() override {}
 };
 
 } // namespace panewright
