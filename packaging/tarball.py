@@ -35,7 +35,10 @@ OF_THE_SYSTEM = re.compile(
     r"(ld-linux.*|lib(c|m|dl|rt|pthread|resolv|gcc_s|stdc\+\+"  # the C and C++ runtimes
     r"|X11|X11-xcb|xcb|ICE|SM|EGL|GL|GLX|OpenGL"  # the X server's and the graphics card's
     r"|fontconfig|freetype|harfbuzz|png16|z|zstd"  # fonts and what these read
-    r"|glib-2\.0|dbus-1))\.so\..*")  # the main loop, the bus
+    r"|glib-2\.0|dbus-1"  # the main loop, the bus
+    # Looking for newer versions is a process of its own, which should have the encryption that the
+    # system keeps up to date.
+    r"|curl|expat))\.so\..*")
 
 
 def output(*command):
@@ -97,7 +100,7 @@ def find_libraries_in(binary, folder):
 def carry(top):
     """Copies plugins, libraries and translations, and answers where each came from, by its path
     here."""
-    programs = [top / "bin/panewright", top / "libexec/panewright/panewright"]
+    programs = [top / "bin/panewright", *sorted((top / "libexec/panewright").iterdir())]
     qt = {key: Path(output("qtpaths6", "--query", "QT_INSTALL_" + key.upper()).strip())
           for key in ("plugins", "translations")}
     origins = {}
