@@ -97,5 +97,27 @@ TEST_F(Command, DoesWhatTheProgramCanDo) {
     expect({{"quit"}, 3, "", "not running"});
 }
 
+TEST_F(Command, OpensAMenuThatLooksForANewerVersion) {
+    const TemporaryFolder site;
+    setContent(site.path() / "feed.xml",
+               "<rss><channel><item><version>99</version></item></channel></rss>");
+    ChildProcess server(
+        {PYTHON, "-u", "-m", "http.server", "--bind", "127.0.0.1", "--directory", site.path(), "0"},
+        environment_);
+    const auto line = server.firstLine(); // Serving HTTP on 127.0.0.1 port 41234 (http...
+    const auto port = line.substr(line.find("port ") + 5);
+    const auto settings = std::filesystem::path(environment_["XDG_CONFIG_HOME"]) / "Panewright";
+    std::filesystem::create_directories(settings);
+    setContent(settings / "Panewright.conf", "[General]\nUpdateFeed=http://127.0.0.1:" +
+                                                 port.substr(0, port.find(' ')) + "/feed.xml\n");
+    Program program(environment_);
+    expect({{"menu"}, 0, "", ""});
+    expectWindow("^Panewright menu");
+    desktop_.run({"xdotool", "type", "Check"});
+    desktop_.keyboard().tap(KEY_ENTER);
+    expectWindow("^Panewright$");
+    EXPECT_THAT(server.standardError(), HasSubstr("GET /feed.xml"));
+}
+
 } // namespace
 } // namespace panewright::test
