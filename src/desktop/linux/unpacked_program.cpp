@@ -1,5 +1,6 @@
 #include "desktop/linux/unpacked_program.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <fstream>
@@ -19,7 +20,8 @@ std::set<fs::path> listedIn(const fs::path& folder) {
     std::set<fs::path> listed;
     std::ifstream list(folder / kFileList);
     for (std::string line; std::getline(list, line);) {
-        for (fs::path path = line; !path.empty(); path = path.parent_path()) {
+        // What is not in the folder matches nothing there.
+        for (auto path = fs::path(line).relative_path(); !path.empty(); path = path.parent_path()) {
             listed.insert(path);
         }
     }
@@ -37,6 +39,15 @@ std::optional<fs::path> foreignIn(const fs::path& folder, std::error_code& error
         }
     }
     return std::nullopt;
+}
+
+/// Else a crash of the machine could leave files of no content under the new name.
+void writeOut(const fs::path& folder) {
+    const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor >= 0) {
+        syncfs(descriptor);
+        close(descriptor);
+    }
 }
 
 std::optional<std::string> textOf(const std::error_code& error) {
@@ -61,7 +72,7 @@ std::optional<std::string> copyFolder(const fs::path& from, const fs::path& to) 
                  error);
     }
     if (!error) {
-        sync(); // else a crash could leave files of no content under the new name
+        writeOut(unfinished);
         fs::rename(unfinished, to, error);
     }
     if (error) {
