@@ -49,6 +49,7 @@
 #include <algorithm>
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -232,9 +233,19 @@ int runToolkit(int& argc, char** argv, const Process& process,
     return end(runOn(*desktop, mainLoop, bus, process));
 }
 
+/// A second start has no use for the toolkit's options, but only the toolkit knows them, and only
+/// on a display. Without one nothing is refused.
+std::optional<int> refuseArgumentsOfSecondStart(int& argc, char** argv, const Process& process) {
+    if (knowsArguments(argc, argv) || !X11Desktop::isReachable()) {
+        return std::nullopt;
+    }
+    const Toolkit toolkit(argc, argv, process.program);
+    return refuseUnknownArguments(argc, argv);
+}
+
 /// A second start: the program that runs shows itself, unless it runs where nobody here sees it.
 int deferToRunningInstance(int& argc, char** argv, const Process& process) {
-    if (const auto refused = refuseUnknownArguments(argc, argv)) {
+    if (const auto refused = refuseArgumentsOfSecondStart(argc, argv, process)) {
         return *refused;
     }
     const auto place = runningPlaceIn(process.lock.holder());
@@ -243,7 +254,7 @@ int deferToRunningInstance(int& argc, char** argv, const Process& process) {
                                     place->processId)
                       : "already running");
     };
-    if (isForBackground(argc, argv)) {
+    if (process.isForBackground) {
         return 0;
     }
     if (place && place->display != placeOfThisProcess().display) {

@@ -1,5 +1,7 @@
 #include "system/program.h"
 
+#include <dbus/dbus.h>
+
 #include <csignal>
 
 namespace panewright::test {
@@ -71,6 +73,25 @@ TEST_F(Command, SaysWhyNothingAnswers) {
     bus_.sendSignal(SIGCONT);
     environment_["DBUS_SESSION_BUS_ADDRESS"] = "unix:path=/nonexistent/bus";
     expect({{"quit"}, 3, "", "session bus"});
+}
+
+/// What stops the bus's library from reading must not stop it for ever.
+TEST_F(Command, ReachesTheProgramAfterACallOfAnEnormousName) {
+    const Program program(environment_);
+    constexpr const char* kName = "com.quillfen.Panewright";
+    const std::string address = environment_["DBUS_SESSION_BUS_ADDRESS"];
+    auto* const bus = dbus_connection_open_private(address.c_str(), nullptr);
+    ASSERT_TRUE(bus && dbus_bus_register(bus, nullptr));
+    auto* const call =
+        dbus_message_new_method_call(kName, "/com/quillfen/Panewright", kName, "ApplyWindowState");
+    const std::string name(100'000'000, 'a');
+    const char* const text = name.c_str();
+    dbus_message_append_args(call, DBUS_TYPE_STRING, &text, DBUS_TYPE_INVALID);
+    EXPECT_FALSE(dbus_connection_send_with_reply_and_block(bus, call, -1, nullptr));
+    dbus_message_unref(call);
+    dbus_connection_close(bus);
+    dbus_connection_unref(bus);
+    expect({{"list", "--names"}, 0, "Full Screen", ""});
 }
 
 TEST_F(Command, DoesWhatTheProgramCanDo) {
