@@ -113,8 +113,12 @@ TEST_F(Command, DoesWhatTheProgramCanDo) {
     expectWindow("^Settings");
     expect({{"save"}, 0, "", ""});
     expectWindow("Save");
-    expect({{"quit"}, 0, "", ""});
+    ChildProcess successor({"sh", "-c", PANEWRIGHT_PROGRAM " quit && exec " PANEWRIGHT_PROGRAM},
+                           environment_);
     EXPECT_THAT(program->waitForEnd(), Optional(0));
+    EXPECT_TRUE(eventually([&] { return successor.standardError() == "panewright: ready\n"; }));
+    expect({{"quit"}, 0, "", ""});
+    EXPECT_THAT(successor.waitForEnd(), Optional(0));
     expect({{"quit"}, 3, "", "not running"});
 }
 

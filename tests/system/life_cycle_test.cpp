@@ -116,7 +116,12 @@ TEST_F(LifeCycle, OpensNothingForTheCallThatStartsIt) {
     };
     const auto quit = [&] {
         EXPECT_TRUE(ends({PANEWRIGHT_PROGRAM, "quit"}, 0));
-        EXPECT_TRUE(eventually([&] { return ends({PANEWRIGHT_PROGRAM, "list"}, 3); }));
+        EXPECT_TRUE(eventually([&] {
+            return runToEnd({"gdbus", "call", "--session", "--dest=org.freedesktop.DBus",
+                             "--object-path=/", "--method=org.freedesktop.DBus.NameHasOwner",
+                             "com.quillfen.Panewright"},
+                            environment) == "(false,)\n";
+        }));
     };
     const std::string activate = "org.freedesktop.Application.Activate";
     call(activate, "{}");
