@@ -19,6 +19,15 @@ struct Call {
     std::string error;
 };
 
+/// The program, once it has its bus name: it is ready for its user before.
+struct ProgramOnBus : Program {
+    explicit ProgramOnBus(const Environment& environment) : Program(environment) {
+        EXPECT_NO_THROW(
+            runToEnd({"gdbus", "wait", "--session", "--timeout=10", "com.quillfen.Panewright"},
+                     environment));
+    }
+};
+
 /// The command beside a session bus, on which the program may run.
 class Command : public testing::Test {
 protected:
@@ -40,8 +49,12 @@ protected:
         EXPECT_THAT(shell.waitForEnd(), Optional(74)) << arguments;
     }
     void expectWindow(const std::string& title) const {
-        EXPECT_NO_THROW(runToEnd({"xdotool", "search", "--sync", "--onlyvisible", "--name", title},
-                                 environment_));
+        EXPECT_TRUE(eventually([&] {
+            // Fails, too, where a window ends while it looks.
+            ChildProcess search({"xdotool", "search", "--onlyvisible", "--name", title},
+                                environment_);
+            return search.waitForEnd() == 0;
+        })) << title;
     }
 
     /// More than the command waits for an answer.
@@ -64,7 +77,7 @@ TEST_F(Command, SaysWhyNothingAnswers) {
     expectRefusedOutput("--help >&-");
     expectRefusedOutput("--version >/dev/full");
     {
-        Program program(environment_);
+        ProgramOnBus program(environment_);
         program->sendSignal(SIGSTOP);
         expect({{"next-display"}, 3, "", "no answer"});
     }
@@ -77,7 +90,7 @@ TEST_F(Command, SaysWhyNothingAnswers) {
 
 /// What stops the bus's library from reading must not stop it for ever.
 TEST_F(Command, ReachesTheProgramAfterACallOfAnEnormousName) {
-    const Program program(environment_);
+    const ProgramOnBus program(environment_);
     constexpr const char* kName = "com.quillfen.Panewright";
     const std::string address = environment_["DBUS_SESSION_BUS_ADDRESS"];
     auto* const bus = dbus_connection_open_private(address.c_str(), nullptr);
@@ -95,7 +108,7 @@ TEST_F(Command, ReachesTheProgramAfterACallOfAnEnormousName) {
 }
 
 TEST_F(Command, DoesWhatTheProgramCanDo) {
-    Program program(environment_);
+    ProgramOnBus program(environment_);
     expect({{"apply", "Centered Small"}, 0, "", ""});
     EXPECT_EQ(frameOnceItIs(kSmall, desktop_.x(), window_.window()), kSmall);
     expect({{"apply", "centered small"}, 1, "", "no such"});
@@ -117,6 +130,7 @@ TEST_F(Command, DoesWhatTheProgramCanDo) {
                            environment_);
     EXPECT_THAT(program->waitForEnd(), Optional(0));
     EXPECT_TRUE(eventually([&] { return successor.standardError() == "panewright: ready\n"; }));
+    runToEnd({"gdbus", "wait", "--session", "com.quillfen.Panewright"}, environment_);
     expect({{"quit"}, 0, "", ""});
     EXPECT_THAT(successor.waitForEnd(), Optional(0));
     expect({{"quit"}, 3, "", "not running"});
