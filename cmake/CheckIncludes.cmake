@@ -20,7 +20,7 @@ set(system_desktop/memory "^poll\\.h$")
 set(system_desktop/freedesktop "^(canberra\\.h|fmt/.*|sys/(stat|wait)\\.h|unistd\\.h)$")
 set(system_desktop/linux "^(fcntl\\.h|fmt/.*|linux/.*|s(ignal|pawn)\\.h|sys/(inotify|resource|signalfd|stat|types|wait)\\.h|sysexits\\.h|unistd\\.h)$")
 set(system_desktop/x11 "^(fmt/|poll\\.h|sys/|unistd\\.h|xcb/|xkbcommon/)")
-set(system_desktop/dbus "^Q[A-Za-z]+$")
+set(system_desktop/dbus "^(Q[A-Za-z]+|dbus/dbus\\.h)$")
 set(system_desktop/qt "^Q[A-Za-z]+$")
 
 separate_arguments(uses UNIX_COMMAND "${USES}")

@@ -51,6 +51,7 @@
 #include <algorithm>
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -238,10 +239,25 @@ int runToolkit(int& argc, char** argv, const Process& process,
     return end(runOn(*desktop, mainLoop, bus, process));
 }
 
+/// A second start has no use for the toolkit's options, but only the toolkit knows them, and only
+/// on a display. Without one nothing is refused.
+std::optional<int> refuseArgumentsOfSecondStart(int argc, char** argv, const Process& process) {
+    if (knowsArguments(argc, argv) || !X11Desktop::isReachable()) {
+        return std::nullopt;
+    }
+    std::vector<char*> left(argv, argv + argc); // a start that follows needs them all
+    const Toolkit toolkit(argc, left.data(), process.program);
+    return refuseUnknownArguments(argc, left.data());
+}
+
 /// A second start: the program that runs shows itself, unless it runs where nobody here sees it.
-int deferToRunningInstance(int& argc, char** argv, const Process& process) {
-    if (const auto refused = refuseUnknownArguments(argc, argv)) {
-        return *refused;
+/// Nil when that has ended meanwhile: then this is the one that runs.
+std::optional<int> deferToRunningInstance(int argc, char** argv, const Process& process) {
+    if (const auto refused = refuseArgumentsOfSecondStart(argc, argv, process)) {
+        return refused;
+    }
+    if (process.isForBackground) {
+        return 0;
     }
     const auto place = runningPlaceIn(process.lock.holder());
     const auto describe = [&] {
@@ -249,19 +265,22 @@ int deferToRunningInstance(int& argc, char** argv, const Process& process) {
                                     place->processId)
                       : "already running");
     };
-    if (isForBackground(argc, argv)) {
-        return 0;
-    }
     if (place && place->display != placeOfThisProcess().display) {
         describe();
         return 0;
     }
     const QCoreApplication application(argc, argv);
-    const auto isActivated = activateRunningInstance(process.program.bundleIdentifier());
-    if (!isActivated.value_or(false)) {
+    const auto hasEnded = [&] { return process.lock.take() == StoreLock::Outcome::kHeld; };
+    switch (activateRunningInstance(process.program.bundleIdentifier(), hasEnded)) {
+    case Activation::kDone:
+        break;
+    case Activation::kUnanswered:
         describe();
-    }
-    if (!isActivated) {
+        break;
+    case Activation::kEnded:
+        return std::nullopt;
+    case Activation::kBusHangs:
+        describe();
         endWhileBusHangs(0);
     }
     return 0;
@@ -294,7 +313,9 @@ int main(int argc, char* argv[]) {
                           isActivatedByBus(argc, argv) ? StartedBy::kCall : StartedBy::kUser,
                           isForBackground(argc, argv)};
     if (lock.outcome() == StoreLock::Outcome::kHeldByAnother) {
-        return deferToRunningInstance(argc, argv, process);
+        if (const auto status = deferToRunningInstance(argc, argv, process)) {
+            return *status;
+        }
     }
     if (lock.outcome() == StoreLock::Outcome::kHeld) {
         removeLeftovers(IniUserDefaults::defaultFile());

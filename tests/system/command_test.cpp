@@ -1,5 +1,7 @@
 #include "system/program.h"
 
+#include <dbus/dbus.h>
+
 #include <csignal>
 
 namespace panewright::test {
@@ -15,6 +17,15 @@ struct Call {
     /// Parts of what is printed; empty where nothing is.
     std::string output;
     std::string error;
+};
+
+/// The program, once it has its bus name: it is ready for its user before.
+struct ProgramOnBus : Program {
+    explicit ProgramOnBus(const Environment& environment) : Program(environment) {
+        EXPECT_NO_THROW(
+            runToEnd({"gdbus", "wait", "--session", "--timeout=10", "com.quillfen.Panewright"},
+                     environment));
+    }
 };
 
 /// The command beside a session bus, on which the program may run.
@@ -38,8 +49,12 @@ protected:
         EXPECT_THAT(shell.waitForEnd(), Optional(74)) << arguments;
     }
     void expectWindow(const std::string& title) const {
-        EXPECT_NO_THROW(runToEnd({"xdotool", "search", "--sync", "--onlyvisible", "--name", title},
-                                 environment_));
+        EXPECT_TRUE(eventually([&] {
+            // Fails, too, where a window ends while it looks.
+            ChildProcess search({"xdotool", "search", "--onlyvisible", "--name", title},
+                                environment_);
+            return search.waitForEnd() == 0;
+        })) << title;
     }
 
     /// More than the command waits for an answer.
@@ -62,7 +77,7 @@ TEST_F(Command, SaysWhyNothingAnswers) {
     expectRefusedOutput("--help >&-");
     expectRefusedOutput("--version >/dev/full");
     {
-        Program program(environment_);
+        ProgramOnBus program(environment_);
         program->sendSignal(SIGSTOP);
         expect({{"next-display"}, 3, "", "no answer"});
     }
@@ -73,8 +88,27 @@ TEST_F(Command, SaysWhyNothingAnswers) {
     expect({{"quit"}, 3, "", "session bus"});
 }
 
+/// What stops the bus's library from reading must not stop it for ever.
+TEST_F(Command, ReachesTheProgramAfterACallOfAnEnormousName) {
+    const ProgramOnBus program(environment_);
+    constexpr const char* kName = "com.quillfen.Panewright";
+    const std::string address = environment_["DBUS_SESSION_BUS_ADDRESS"];
+    auto* const bus = dbus_connection_open_private(address.c_str(), nullptr);
+    ASSERT_TRUE(bus && dbus_bus_register(bus, nullptr));
+    auto* const call =
+        dbus_message_new_method_call(kName, "/com/quillfen/Panewright", kName, "ApplyWindowState");
+    const std::string name(100'000'000, 'a');
+    const char* const text = name.c_str();
+    dbus_message_append_args(call, DBUS_TYPE_STRING, &text, DBUS_TYPE_INVALID);
+    EXPECT_FALSE(dbus_connection_send_with_reply_and_block(bus, call, -1, nullptr));
+    dbus_message_unref(call);
+    dbus_connection_close(bus);
+    dbus_connection_unref(bus);
+    expect({{"list", "--names"}, 0, "Full Screen", ""});
+}
+
 TEST_F(Command, DoesWhatTheProgramCanDo) {
-    Program program(environment_);
+    ProgramOnBus program(environment_);
     expect({{"apply", "Centered Small"}, 0, "", ""});
     EXPECT_EQ(frameOnceItIs(kSmall, desktop_.x(), window_.window()), kSmall);
     expect({{"apply", "centered small"}, 1, "", "no such"});
@@ -92,8 +126,13 @@ TEST_F(Command, DoesWhatTheProgramCanDo) {
     expectWindow("^Settings");
     expect({{"save"}, 0, "", ""});
     expectWindow("Save");
-    expect({{"quit"}, 0, "", ""});
+    ChildProcess successor({"sh", "-c", PANEWRIGHT_PROGRAM " quit && exec " PANEWRIGHT_PROGRAM},
+                           environment_);
     EXPECT_THAT(program->waitForEnd(), Optional(0));
+    EXPECT_TRUE(eventually([&] { return successor.standardError() == "panewright: ready\n"; }));
+    runToEnd({"gdbus", "wait", "--session", "com.quillfen.Panewright"}, environment_);
+    expect({{"quit"}, 0, "", ""});
+    EXPECT_THAT(successor.waitForEnd(), Optional(0));
     expect({{"quit"}, 3, "", "not running"});
 }
 

@@ -76,10 +76,8 @@ TEST_F(LifeCycle, ShowsItsSettingsWhenItIsStartedAgainWhereItRuns) {
     Environment environment = desktop_.environment();
     environment["DBUS_SESSION_BUS_ADDRESS"] = bus.firstLine();
     Program program(environment);
-    for (const bool isForBackground : {true, false}) {
-        std::vector<std::string> command{PANEWRIGHT_PROGRAM};
-        command.resize(isForBackground ? 2 : 1, "--background");
-        ChildProcess second(command, environment);
+    for (const std::string arguments : {" --background", " -style fusion", ""}) {
+        ChildProcess second({"sh", "-c", "exec " PANEWRIGHT_PROGRAM + arguments}, environment);
         EXPECT_THAT(second.waitForEnd(), Optional(0));
         EXPECT_EQ(second.standardError(), "");
     }
@@ -118,7 +116,12 @@ TEST_F(LifeCycle, OpensNothingForTheCallThatStartsIt) {
     };
     const auto quit = [&] {
         EXPECT_TRUE(ends({PANEWRIGHT_PROGRAM, "quit"}, 0));
-        EXPECT_TRUE(eventually([&] { return ends({PANEWRIGHT_PROGRAM, "list"}, 3); }));
+        EXPECT_TRUE(eventually([&] {
+            return runToEnd({"gdbus", "call", "--session", "--dest=org.freedesktop.DBus",
+                             "--object-path=/", "--method=org.freedesktop.DBus.NameHasOwner",
+                             "com.quillfen.Panewright"},
+                            environment) == "(false,)\n";
+        }));
     };
     const std::string activate = "org.freedesktop.Application.Activate";
     call(activate, "{}");

@@ -83,10 +83,14 @@ void ApplicationService::requestName() {
 }
 
 void ApplicationService::nameAnswered(const QDBusMessage& reply) const {
-    if (reply.type() == QDBusMessage::ReplyMessage &&
-        reply.arguments().value(0).toUInt() != kPrimaryOwner) {
-        logLine("another program owns the bus name " + identifier_ +
-                ": scripts do not reach this one");
+    if (reply.type() == QDBusMessage::ReplyMessage) {
+        if (reply.arguments().value(0).toUInt() != kPrimaryOwner) {
+            logLine("another program owns the bus name " + identifier_ +
+                    ": scripts do not reach this one");
+        }
+    } else if (bus_.connection()->isConnected()) {
+        logLine("the session bus refuses the bus name " + identifier_ +
+                ": scripts do not reach this program");
     }
 }
 

@@ -56,8 +56,8 @@ void IncomingCalls::answerAndDo(const QDBusMessage& call, std::function<void()> 
 void IncomingCalls::add(const QDBusMessage& call, std::function<void()> work) {
     call.setDelayedReply(true);
     const auto counted = [this, work = std::move(work)] {
+        ++begun_;
         work();
-        ++done_;
     };
     if (!queue_.add(bytesOf(call), counted)) {
         send(call, call.createErrorReply(QDBusError::LimitsExceeded, "too many calls at once"));

@@ -44,7 +44,7 @@ public:
     void answerAndDo(const QDBusMessage& call, std::function<void()> work);
 
     /// Whether the call that is being done is the first that came. Main thread.
-    bool isDoingFirst() const { return done_ == 0; }
+    bool isDoingFirst() const { return begun_ == 1; }
 
 private:
     void add(const QDBusMessage& call, std::function<void()> work);
@@ -54,7 +54,7 @@ private:
     QString path_;
     QThread thread_;
     QObject* object_; // lives, and ends, on the thread
-    std::size_t done_ = 0;
+    std::size_t begun_ = 0;
     CallQueue queue_;
 };
 

@@ -4,7 +4,9 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QStringList>
 
+#include <atomic>
 #include <chrono>
 #include <future>
 #include <memory>
@@ -24,7 +26,18 @@ constexpr auto kPatience = 9s;
 constexpr int kAnswerTimeout = 3000; // ms
 constexpr const char* kConnection = "second start";
 
-bool activate(const QDBusConnection& bus, const std::string& identifier) {
+/// Whether nobody has been asked: what a name without an owner gives depends on the bus, and on
+/// whether it could be started. A program that is starting has no name yet, and one that is ending
+/// no object any more.
+bool isMissing(const QDBusMessage& reply) {
+    static const QStringList errors{"org.freedesktop.DBus.Error.ServiceUnknown",
+                                    "org.freedesktop.DBus.Error.NameHasNoOwner",
+                                    "org.freedesktop.DBus.Error.UnknownObject"};
+    return errors.contains(reply.errorName());
+}
+
+bool activate(const QDBusConnection& bus, const std::string& identifier,
+              const std::atomic<bool>& isStopped) {
     auto request = QDBusMessage::createMethodCall(QString::fromStdString(identifier),
                                                   QString::fromStdString(objectPathOf(identifier)),
                                                   "org.freedesktop.Application", "Activate");
@@ -33,11 +46,7 @@ bool activate(const QDBusConnection& bus, const std::string& identifier) {
     const auto end = std::chrono::steady_clock::now() + kSlowestStart;
     for (;;) {
         const auto reply = bus.call(request, QDBus::Block, kAnswerTimeout);
-        // What a name without an owner gives depends on the bus, and on whether it could be
-        // started.
-        const bool isMissing = reply.errorName() == "org.freedesktop.DBus.Error.ServiceUnknown" ||
-                               reply.errorName() == "org.freedesktop.DBus.Error.NameHasNoOwner";
-        if (!isMissing || std::chrono::steady_clock::now() >= end) {
+        if (!isMissing(reply) || isStopped || std::chrono::steady_clock::now() >= end) {
             return reply.type() == QDBusMessage::ReplyMessage;
         }
         std::this_thread::sleep_for(kPause);
@@ -46,27 +55,38 @@ bool activate(const QDBusConnection& bus, const std::string& identifier) {
 
 } // namespace
 
-std::optional<bool> activateRunningInstance(const std::string& identifier) {
+Activation activateRunningInstance(const std::string& identifier,
+                                   const std::function<bool()>& hasEnded) {
     // On a thread of its own, as a bus may hang while one connects to it. It lets go of the
     // connection before it answers.
     auto isActivated = std::make_shared<std::promise<bool>>();
+    auto isStopped = std::make_shared<std::atomic<bool>>(false);
     auto answer = isActivated->get_future();
-    std::thread asking([isActivated, identifier] {
+    std::thread([isActivated, isStopped, identifier] {
         bool isDone = false;
         {
             const auto bus =
                 QDBusConnection::connectToBus(QDBusConnection::SessionBus, kConnection);
-            isDone = bus.isConnected() && activate(bus, identifier);
+            isDone = bus.isConnected() && activate(bus, identifier, *isStopped);
         }
         QDBusConnection::disconnectFromBus(kConnection);
         isActivated->set_value(isDone);
-    });
-    if (answer.wait_for(kPatience) != std::future_status::ready) {
-        asking.detach();
-        return std::nullopt;
+    }).detach();
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    while (std::chrono::steady_clock::now() < end) {
+        const bool isAnswered = answer.wait_for(kPause) == std::future_status::ready;
+        if (isAnswered && answer.get()) {
+            return Activation::kDone;
+        }
+        if (hasEnded()) {
+            *isStopped = true;
+            return Activation::kEnded;
+        }
+        if (isAnswered) {
+            return Activation::kUnanswered;
+        }
     }
-    asking.join();
-    return answer.get();
+    return Activation::kBusHangs;
 }
 
 } // namespace panewright

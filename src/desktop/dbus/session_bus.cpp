@@ -1,11 +1,26 @@
 #include "desktop/dbus/session_bus.h"
 
+#include <dbus/dbus.h>
+
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <mutex>
 #include <thread>
 
 namespace panewright {
+namespace {
+
+/// The bus's library stops reading while the messages that it has read hold too many bytes, and
+/// goes on when one of them is released: on that thread, where the toolkit cannot begin to read
+/// again. The bus would never reach this process any more, so there is no such limit here.
+void readWithoutLimit(const QDBusConnection& connection) {
+    if (auto* const bus = static_cast<DBusConnection*>(connection.internalPointer())) {
+        dbus_connection_set_max_received_size(bus, LONG_MAX);
+    }
+}
+
+} // namespace
 
 void endWhileBusHangs(int status) {
     std::fflush(nullptr);
@@ -34,7 +49,10 @@ SessionBus::SessionBus(MainLoop& mainLoop) : link_(std::make_shared<Link>()) {
     link_->bus = this;
     // Left to itself: a bus that hangs must not keep the program from ending either.
     std::thread([link = link_] {
-        link->tell(QDBusConnection::connectToBus(QDBusConnection::SessionBus, "panewright"), link);
+        const auto connection =
+            QDBusConnection::connectToBus(QDBusConnection::SessionBus, "panewright");
+        readWithoutLimit(connection);
+        link->tell(connection, link);
     }).detach();
 }
 

@@ -19,6 +19,13 @@ bool has(std::string_view wanted, int argc, const char* const* argv) {
                        [&](std::string_view argument) { return argument == wanted; });
 }
 
+/// The end of the arguments where there is none.
+const char* const* firstUnknown(int argc, const char* const* argv) {
+    return std::find_if(argv + 1, argv + argc, [](std::string_view argument) {
+        return argument != kBackground && argument != kActivated && argument != kRelaunchedOption;
+    });
+}
+
 } // namespace
 
 bool isForBackground(int argc, const char* const* argv) {
@@ -33,14 +40,16 @@ bool isRelaunched(int argc, const char* const* argv) {
     return has(kRelaunchedOption, argc, argv);
 }
 
+bool knowsArguments(int argc, const char* const* argv) {
+    return firstUnknown(argc, argv) == argv + argc;
+}
+
 std::optional<int> refuseUnknownArguments(int argc, const char* const* argv) {
-    const auto* const unknown = std::find_if(argv + 1, argv + argc, [](std::string_view argument) {
-        return argument != kBackground && argument != kActivated && argument != kRelaunchedOption;
-    });
-    if (unknown == argv + argc) {
+    if (knowsArguments(argc, argv)) {
         return std::nullopt;
     }
-    logLine(fmt::format("unknown argument '{}'; --help tells what there is", *unknown));
+    logLine(fmt::format("unknown argument '{}'; --help tells what there is",
+                        *firstUnknown(argc, argv)));
     return EX_USAGE;
 }
 

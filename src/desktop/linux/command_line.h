@@ -18,6 +18,9 @@ inline constexpr std::string_view kRelaunchedOption = "--relaunched";
 /// Whether another copy of the program has started this one, and is about to end.
 bool isRelaunched(int argc, const char* const* argv);
 
+/// Whether the program knows all arguments. Those that it does not know may be the toolkit's.
+bool knowsArguments(int argc, const char* const* argv);
+
 /// Logs the first argument that the program does not know, once the toolkit has taken its own, and
 /// tells how to get help, which the command gives (command/); the exit code to end with then
 /// (EX_USAGE, sysexits.h). Nil where there is none.
