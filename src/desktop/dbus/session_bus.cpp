@@ -1,5 +1,7 @@
 #include "desktop/dbus/session_bus.h"
 
+#include "desktop/linux/signal_stack.h"
+
 #include <cstdio>
 #include <cstdlib>
 #include <mutex>
@@ -34,6 +36,7 @@ SessionBus::SessionBus(MainLoop& mainLoop) : link_(std::make_shared<Link>()) {
     link_->bus = this;
     // Left to itself: a bus that hangs must not keep the program from ending either.
     std::thread([link = link_] {
+        useOwnSignalStack();
         link->tell(QDBusConnection::connectToBus(QDBusConnection::SessionBus, "panewright"), link);
     }).detach();
 }
