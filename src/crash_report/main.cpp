@@ -3,6 +3,7 @@
 // Makes readable reports of what crashes have left in the folder, and prints the path of each, one
 // a line. The desktop program starts it. Nothing is sent anywhere.
 
+#include "crash_report/raw_facts.h"
 #include "crash_report/report.h"
 #include "desktop/linux/crash_files.h"
 
@@ -14,6 +15,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cstdint>
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
@@ -43,8 +45,8 @@ void limitProcess() {
 
 class File {
 public:
-    File(const fs::path& path, int flags)
-        : descriptor_(open(path.c_str(), flags | O_CLOEXEC | O_NOFOLLOW, 0600)) {}
+    explicit File(const fs::path& path)
+        : descriptor_(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)) {}
     ~File() { close(descriptor_); }
     File(const File&) = delete;
     File& operator=(const File&) = delete;
@@ -55,16 +57,15 @@ private:
     int descriptor_;
 };
 
-/// Nil where the file is none that a crash leaves.
-std::optional<Bytes> contentOf(int file, const struct stat& status) {
-    const auto size = static_cast<std::uint64_t>(status.st_size);
-    if (!S_ISREG(status.st_mode) || size > kLargestRawFacts) {
+/// Nil where they cannot be read.
+std::optional<RawFacts> factsIn(int file, std::uint64_t size) {
+    if (size > kLargestRawFacts) {
         return std::nullopt;
     }
     Bytes bytes(size);
     const auto count = pread(file, bytes.data(), bytes.size(), 0);
     bytes.resize(count < 0 ? 0 : static_cast<std::size_t>(count));
-    return bytes;
+    return rawFactsOf(bytes);
 }
 
 /// A new file named by the time of the crash; nil where there can be none.
@@ -85,16 +86,15 @@ std::FILE* makeReport(const fs::path& folder, std::time_t time, fs::path& path) 
 
 /// False where it could not be written; then the raw file stays.
 bool report(const fs::path& folder, const fs::path& raw) {
-    const File file(raw, O_RDONLY | O_NONBLOCK);
+    const File file(raw);
     struct stat status {};
-    if (file.descriptor() < 0 || fstat(file.descriptor(), &status) != 0) {
+    if (fstat(file.descriptor(), &status) != 0) {
         return false;
     }
-    if (flock(file.descriptor(), LOCK_EX | LOCK_NB) != 0) {
-        return true; // another process is writing or naming it
+    if (!S_ISREG(status.st_mode) || flock(file.descriptor(), LOCK_EX | LOCK_NB) != 0) {
+        return true; // not ours, or another process is writing or naming it
     }
-    const auto bytes = contentOf(file.descriptor(), status);
-    const auto facts = bytes ? rawFactsOf(*bytes) : std::nullopt;
+    const auto facts = factsIn(file.descriptor(), static_cast<std::uint64_t>(status.st_size));
     fs::path path;
     auto* const target = makeReport(folder, status.st_mtime, path);
     if (!target) {

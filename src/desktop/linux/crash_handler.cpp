@@ -91,6 +91,15 @@ CrashSignal factsOf(const siginfo_t& info, const ucontext_t& context) {
     return facts;
 }
 
+/// Where a stack is full, its pointer stands below what can be read.
+void addStack(RawCrashFile& file, CrashAddress address) {
+    constexpr CrashAddress kPage = 4096;
+    const auto end = address + kStackSize;
+    while (address < end && !file.addMemory(CrashRecord::kStack, address, end - address)) {
+        address = (address / kPage + 1) * kPage;
+    }
+}
+
 /// What matters most comes first: the disk may be full.
 void writeFacts(const siginfo_t& info, const ucontext_t& context) {
     auto& file = kept.file;
@@ -109,7 +118,7 @@ void writeFacts(const siginfo_t& info, const ucontext_t& context) {
         }
     }
     if (facts.hasRegisters != 0) {
-        file.addMemory(CrashRecord::kStack, facts.registers[kStackPointer], kStackSize);
+        addStack(file, facts.registers[kStackPointer]);
     }
     addMappedFiles(file);
     file.add(CrashRecord::kEnd, {});

@@ -40,29 +40,31 @@ void RawCrashFile::add(CrashRecord kind, const void* bytes, std::size_t size) {
     addBehind(kind, nullptr, 0, bytes, size);
 }
 
-void RawCrashFile::addMemory(CrashRecord kind, CrashAddress address, std::size_t size) {
-    addBehind(kind, &address, sizeof address,
-              reinterpret_cast<const void*>(address), // NOLINT(performance-no-int-to-ptr)
-              size);
+bool RawCrashFile::addMemory(CrashRecord kind, CrashAddress address, std::size_t size) {
+    return addBehind(kind, &address, sizeof address,
+                     reinterpret_cast<const void*>(address), // NOLINT(performance-no-int-to-ptr)
+                     size);
 }
 
 /// The head comes last: only the system knows how much of the memory can be read, and tells it with
 /// what it has written.
-void RawCrashFile::addBehind(CrashRecord kind, const void* front, std::size_t frontSize,
+bool RawCrashFile::addBehind(CrashRecord kind, const void* front, std::size_t frontSize,
                              const void* bytes, std::size_t size) {
     const auto content = end_ + static_cast<std::int64_t>(sizeof(CrashRecordHead));
     if (lseek(descriptor_, content, SEEK_SET) < 0 || !write(front, frontSize)) {
-        return;
+        return false;
     }
     const auto written = size == 0 ? 0 : ::write(descriptor_, bytes, size);
     if (written < 0 || lseek(descriptor_, end_, SEEK_SET) < 0) {
-        return;
+        return false;
     }
     const auto sizeOfAll = frontSize + static_cast<std::size_t>(written);
     const CrashRecordHead head{kind, static_cast<std::uint32_t>(sizeOfAll)};
-    if (write(&head, sizeof head)) {
-        end_ = content + static_cast<std::int64_t>(sizeOfAll);
+    if (!write(&head, sizeof head)) {
+        return false;
     }
+    end_ = content + static_cast<std::int64_t>(sizeOfAll);
+    return true;
 }
 
 bool RawCrashFile::write(const void* bytes, std::size_t size) const {

@@ -24,13 +24,13 @@ public:
     bool begin();
 
     void add(CrashRecord kind, std::string_view text) { add(kind, text.data(), text.size()); }
-    /// Of memory that cannot be read, nothing is written or what comes before that.
     void add(CrashRecord kind, const void* bytes, std::size_t size);
-    /// The bytes that stand at the address, with it.
-    void addMemory(CrashRecord kind, CrashAddress address, std::size_t size);
+    /// The bytes that stand at the address, with it, up to where memory cannot be read. False where
+    /// that is so from the beginning.
+    bool addMemory(CrashRecord kind, CrashAddress address, std::size_t size);
 
 private:
-    void addBehind(CrashRecord kind, const void* front, std::size_t frontSize, const void* bytes,
+    bool addBehind(CrashRecord kind, const void* front, std::size_t frontSize, const void* bytes,
                    std::size_t size);
     bool write(const void* bytes, std::size_t size) const;
 
