@@ -97,7 +97,8 @@ def find_libraries_in(binary, folder):
 def carry(top):
     """Copies plugins, libraries and translations, and answers where each came from, by its path
     here."""
-    programs = [top / "bin/panewright", top / "libexec/panewright/panewright"]
+    programs = [top / "bin/panewright", top / "libexec/panewright/panewright",
+                top / "libexec/panewright/panewright-crash-report"]
     qt = {key: Path(output("qtpaths6", "--query", "QT_INSTALL_" + key.upper()).strip())
           for key in ("plugins", "translations")}
     origins = {}

@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <fmt/chrono.h>
 #include <fmt/format.h>
+#include <signal.h> // NOLINT(modernize-deprecated-headers): <csignal> need not declare SIGPIPE
 #include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -41,6 +42,7 @@ void limitProcess() {
     setrlimit(RLIMIT_AS, &kMemory);
     constexpr rlimit kNoCoreFile{0, 0};
     setrlimit(RLIMIT_CORE, &kNoCoreFile);
+    signal(SIGPIPE, SIG_IGN); // the desktop program may end before the reports are made
 }
 
 class File {

@@ -31,14 +31,13 @@ public:
 
 private:
     void nameEarlierCrashes(const std::filesystem::path& folder);
-    bool spawn(const std::filesystem::path& folder, int output);
     void readReports();
     void tellOfReports(int status);
 
     std::optional<std::filesystem::path> stateFolder_;
     const ProgramInformation& program_;
     MainLoop& mainLoop_;
-    pid_t child_ = -1;
+    std::optional<pid_t> child_;
     int reports_ = -1; // where the child tells of them
     std::string text_;
     Registration readable_;
