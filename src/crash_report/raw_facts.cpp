@@ -1,10 +1,15 @@
 #include "crash_report/raw_facts.h"
 
+#include "base/log.h"
+
 #include <cstring>
 #include <span>
 
 namespace panewright {
 namespace {
+
+/// More than any program has.
+constexpr std::size_t kMostModules = 4096;
 
 using Content = std::span<const Bytes::value_type>;
 
@@ -34,7 +39,7 @@ bool add(RawFacts& facts, CrashRecord kind, Content content) {
         return true;
     case CrashRecord::kLogLine:
         facts.logLines.push_back(textOf(content));
-        return true;
+        return facts.logLines.size() <= kKeptLogLines;
     case CrashRecord::kMaps:
         facts.maps += textOf(content);
         return true;
@@ -46,7 +51,7 @@ bool add(RawFacts& facts, CrashRecord kind, Content content) {
         } else if (memory) {
             facts.modules.push_back(std::move(*memory));
         }
-        return memory.has_value();
+        return memory && facts.modules.size() <= kMostModules;
     }
     case CrashRecord::kEnd:
         facts.isWhole = true;

@@ -62,7 +62,7 @@ TEST(Crash, IsReportedByTheNextStart) {
     Program program(desktop);
     ASSERT_TRUE(program->waitForErrorLine("panewright: an earlier run crashed: the report is "));
     EXPECT_TRUE(fs::remove(crashes / "raw-link"));
-    ASSERT_TRUE(eventually([&] { return countOfFiles(crashes) == 3; }));
+    ASSERT_TRUE(eventually([&] { return countOfFiles(crashes) == 3; }, kSlowestStart));
     fs::path report = crashes / "d";
     for (const auto& file : fs::directory_iterator(crashes)) {
         report = std::min(report, file.path());
