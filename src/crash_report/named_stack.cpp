@@ -113,15 +113,18 @@ struct Walk {
     const RawFacts& facts;
     const std::function<void(const StackFrame&)>& callback;
     int count = 0;
+    bool hasMore = false;
 };
 
 int visit(Dwfl_Frame* state, void* data) {
     auto& walk = *static_cast<Walk*>(data);
     Dwarf_Addr address = 0;
     bool isActivation = false;
-    if (!dwfl_frame_pc(state, &address, &isActivation) || walk.count++ == kMostFrames) {
+    walk.hasMore = walk.count == kMostFrames;
+    if (walk.hasMore || !dwfl_frame_pc(state, &address, &isActivation)) {
         return DWARF_CB_ABORT;
     }
+    ++walk.count;
     walk.callback(frameAt(walk.dwfl, walk.facts, address, !isActivation));
     return DWARF_CB_OK;
 }
@@ -154,9 +157,9 @@ void stepBackToCaller(RawFacts& facts) {
 
 } // namespace
 
-void forEachFrame(const RawFacts& facts, const std::function<void(const StackFrame&)>& callback) {
+bool forEachFrame(const RawFacts& facts, const std::function<void(const StackFrame&)>& callback) {
     if (facts.signal.hasRegisters == 0) {
-        return;
+        return true;
     }
     auto walked = facts;
     theFacts = &walked;
@@ -177,6 +180,7 @@ void forEachFrame(const RawFacts& facts, const std::function<void(const StackFra
         callback(frameAt(session.get(), walked, walked.signal.registers[kProgramCounter], false));
     }
     theFacts = nullptr;
+    return !walk.hasMore;
 }
 
 } // namespace panewright

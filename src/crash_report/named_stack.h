@@ -20,7 +20,8 @@ struct StackFrame {
 };
 
 /// The calls that the thread was in, the innermost first, each as soon as it is known. Names come
-/// from the files that were mapped, where they are still the same.
-void forEachFrame(const RawFacts& facts, const std::function<void(const StackFrame&)>& callback);
+/// from the files that were mapped, where they are still the same. False where there are more calls
+/// than anybody wants to read.
+bool forEachFrame(const RawFacts& facts, const std::function<void(const StackFrame&)>& callback);
 
 } // namespace panewright

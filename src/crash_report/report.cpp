@@ -98,7 +98,7 @@ void writeStack(std::FILE* file, const RawFacts& facts) {
     std::fflush(file);
     std::map<std::string, std::string> buildIds;
     int number = 0;
-    forEachFrame(facts, [&](const StackFrame& frame) {
+    const bool isAll = forEachFrame(facts, [&](const StackFrame& frame) {
         const auto function = frame.function.empty() ? "?" : plain(frame.function);
         print(file, "{:3}  {}\n", number++, function);
         if (!frame.source.empty()) {
@@ -112,6 +112,9 @@ void writeStack(std::FILE* file, const RawFacts& facts) {
         }
         std::fflush(file);
     });
+    if (!isAll) {
+        print(file, "     and more calls around these\n");
+    }
     print(file, "\nBuild ids\n");
     for (const auto& [module, id] : buildIds) {
         print(file, "  {} {}\n", id.empty() ? "unknown" : id, plain(module));
