@@ -17,6 +17,7 @@
 #include "desktop/linux/environment.h"
 #include "desktop/linux/linux_application_moving.h"
 #include "desktop/linux/linux_background_work.h"
+#include "desktop/linux/linux_crash_reporter.h"
 #include "desktop/linux/linux_program.h"
 #include "desktop/linux/running_place.h"
 #include "desktop/linux/termination_signals.h"
@@ -35,7 +36,6 @@
 #include "desktop/qt/qt_views.h"
 #include "desktop/qt/theme_colours.h"
 #include "desktop/qt/toolkit_exit_status.h"
-#include "desktop/shared/absent_services.h"
 #include "desktop/shared/feed_updater.h"
 #include "desktop/x11/x11_desktop.h"
 #include "installation/program_places.h"
@@ -93,7 +93,7 @@ struct Process {
 /// What goes with the desktop's own adapters.
 struct Adapters {
     Adapters(X11Desktop& desktop, MainLoop& mainLoop, SessionBus& bus, const Process& process)
-        : sounds(desktop.beeper),
+        : sounds(desktop.beeper), crashReporter(stateFolder(), process.program, mainLoop),
           application(bus, mainLoop, process.program.bundleIdentifier(), process.startedBy),
           notifierHosts(bus), colourScheme(bus), colours(colourScheme),
           icons(desktop.icons, mainLoop),
@@ -138,7 +138,7 @@ struct Adapters {
     IniUserDefaults userDefaults{IniUserDefaults::defaultFile()};
     ThemeSounds sounds;
     EventJournal analytics{stateFolder(), userDefaults};
-    NoCrashReporter crashReporter;
+    LinuxCrashReporter crashReporter;
     ApplicationService application;
     NotifierHosts notifierHosts;
     PortalColourScheme colourScheme;

@@ -34,7 +34,7 @@ void StoreWriter::write(ArchiveValue snapshot) {
         next_ = std::move(snapshot);
         if (!thread_.joinable()) {
             thread_ = std::thread([this] {
-                background_.lowerPriorityOfThisThread();
+                background_.beginThread();
                 run();
             });
         }

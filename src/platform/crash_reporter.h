@@ -2,7 +2,7 @@
 
 namespace panewright {
 
-/// The crash-reporting service. An adapter may have none. Main thread only.
+/// The crash-reporting service. An adapter may do nothing. Main thread only.
 class CrashReporter {
 public:
     virtual ~CrashReporter() = default;

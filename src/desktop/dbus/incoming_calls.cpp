@@ -1,5 +1,7 @@
 #include "desktop/dbus/incoming_calls.h"
 
+#include "desktop/linux/signal_stack.h"
+
 #include <QDBusError>
 
 #include <utility>
@@ -20,6 +22,7 @@ std::size_t bytesOf(const QDBusMessage& call) {
 
 IncomingCalls::IncomingCalls(MainLoop& mainLoop, const QDBusConnection& connection)
     : connection_(connection), object_(new QObject), queue_(mainLoop) {
+    QObject::connect(&thread_, &QThread::started, useOwnSignalStack); // on the thread itself
     QObject::connect(&thread_, &QThread::finished, object_, &QObject::deleteLater);
 }
 

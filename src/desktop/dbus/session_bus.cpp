@@ -1,5 +1,7 @@
 #include "desktop/dbus/session_bus.h"
 
+#include "desktop/linux/signal_stack.h"
+
 #include <dbus/dbus.h>
 
 #include <climits>
@@ -49,6 +51,7 @@ SessionBus::SessionBus(MainLoop& mainLoop) : link_(std::make_shared<Link>()) {
     link_->bus = this;
     // Left to itself: a bus that hangs must not keep the program from ending either.
     std::thread([link = link_] {
+        useOwnSignalStack();
         const auto connection =
             QDBusConnection::connectToBus(QDBusConnection::SessionBus, "panewright");
         readWithoutLimit(connection);

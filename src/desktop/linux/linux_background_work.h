@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/linux/signal_stack.h"
 #include "platform/background_work.h"
 
 #include <sys/resource.h>
@@ -10,9 +11,10 @@ namespace panewright {
 /// differences").
 class LinuxBackgroundWork : public BackgroundWork {
 public:
-    void lowerPriorityOfThisThread() const override {
+    void beginThread() const override {
         constexpr int kLowest = 19;
         setpriority(PRIO_PROCESS, 0, kLowest);
+        useOwnSignalStack();
     }
 };
 

@@ -32,8 +32,9 @@ std::optional<pid_t> spawnProgram(std::vector<std::string> arguments, const Spaw
         posix_spawn_file_actions_adddup2(&actions, options.standardOutput, STDOUT_FILENO);
     }
     pid_t child = 0;
-    const int error =
-        posix_spawnp(&child, pointers[0], &actions, &attributes, pointers.data(), environ);
+    char* nothing = nullptr;
+    const int error = posix_spawnp(&child, pointers[0], &actions, &attributes, pointers.data(),
+                                   options.withoutEnvironment ? &nothing : environ);
     posix_spawn_file_actions_destroy(&actions);
     posix_spawnattr_destroy(&attributes);
     return error == 0 ? std::optional(child) : std::nullopt;

@@ -10,6 +10,8 @@ namespace panewright {
 struct SpawnOptions {
     /// Outlives this process and its terminal (setsid(2)).
     bool inSessionOfItsOwn = false;
+    /// Sees no variable of ours.
+    bool withoutEnvironment = false;
     /// What its standard output becomes; -1 leaves it ours.
     int standardOutput = -1;
 };

@@ -33,7 +33,7 @@ public:
 /// Has threads of one priority.
 class MemoryBackgroundWork : public BackgroundWork {
 public:
-    void lowerPriorityOfThisThread() const override {}
+    void beginThread() const override {}
 };
 
 /// Keeps the events.
