@@ -78,24 +78,39 @@ TEST_F(UsageEventsTest, AreSentEachOnItsPathOnly) {
              desktop_.mainLoop.runPending();
          },
          {menu, "EditWindowState" + mine, "SaveEditsToWindowState" + mine}},
-        {"editing nothing",
+        {"a popover in the place of another",
          [&] {
+             choose("Mine", kOption);
+             choose("Save Current Window…");
              choose("Mine", kOption);
              edit().controller().cancel();
              desktop_.mainLoop.runPending();
          },
-         {menu, "EditWindowState" + mine, "CancelEditWindowState" + mine}},
-        {"deleting in the popover",
+         {menu, "EditWindowState" + mine, menu, "CancelEditWindowState" + mine, menu,
+          "CancelSaveWindowState", "EditWindowState" + mine, "CancelEditWindowState" + mine}},
+        {"Escape",
          [&] {
              choose("Mine", kOption);
+             edit().controller().keyDown({kEscape, 0});
+             desktop_.mainLoop.runPending();
+         },
+         {menu, "EditWindowState" + mine}},
+        {"deleting in the popover after all",
+         [&] {
+             choose("Mine", kOption);
+             edit().controller().deleteWindowState(0);
+             desktop_.alerts.press(1);
              edit().controller().deleteWindowState(0);
              desktop_.alerts.press(0);
              desktop_.mainLoop.runPending();
          },
          {menu, "EditWindowState" + mine, "RemoveWindowState" + mine, "DeleteWindowState" + mine}},
         {"deleting in the menu",
-         [&] { choose("Centered Large", kOption | kShift); },
-         {menu, "RemoveWindowState" + large}},
+         [&] {
+             choose("Centered Large", kOption | kShift);
+             controller().removeWindowState(nullptr);
+         },
+         {menu, "RemoveWindowState" + large, "RemoveWindowState"}},
         {"looking for updates", [&] { choose("Check for Updates…"); }, {menu, "CheckForUpdates"}},
         {"the FAQ", [&] { choose("FAQ"); }, {menu, "OpenFAQ"}},
         {"the controller's FAQ", [&] { controller().openFAQ(); }, {}},
@@ -136,6 +151,18 @@ TEST_F(UsageEventsTest, AreSentEachOnItsPathOnly) {
         act();
         EXPECT_EQ(eventsWithAttributes(), events) << name;
     }
+}
+
+TEST_F(UsageEventsTest, CountAnAttemptWithoutAWindowButNoneWithoutPermission) {
+    launch();
+    const auto window = openProgram(kEditor, kEditorId, {100, 100, 500, 400});
+    desktop_.windows.closeWindow(window);
+    eventsWithAttributes();
+    EXPECT_TRUE(press(19));
+    EXPECT_EQ(eventsWithAttributes().size(), 1U);
+    desktop_.windows.setPermitted(false);
+    EXPECT_TRUE(press(19));
+    EXPECT_TRUE(eventsWithAttributes().empty());
 }
 
 } // namespace

@@ -87,21 +87,6 @@ protected:
 
     Rect frameOf(WindowId window) const { return desktop_.windows.find(window)->frame; }
     ProcessId frontmost() { return desktop_.windows.frontmost()->processIdentifier; }
-    /// The usage events since the last call but those of the menu, as "name shortcut state's name".
-    std::vector<std::string> takeEvents() {
-        std::vector<std::string> events;
-        for (const auto& event : std::exchange(desktop_.analytics.events, {})) {
-            const auto text = [&](const char* key) {
-                const auto found = event.attributes.find(key);
-                return found == event.attributes.end() ? ""
-                                                       : ' ' + std::get<std::string>(found->second);
-            };
-            if (event.name != "OpenMenu") {
-                events.push_back(event.name + text("KeyboardShortcut") + text("WindowStateName"));
-            }
-        }
-        return events;
-    }
 
     TemporaryFolder folder_;
     MemoryStandardFolders folders_{folder_.path()};

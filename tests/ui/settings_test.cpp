@@ -84,7 +84,6 @@ TEST_F(SettingsTest, KeepsItsOneWindowAndTellsWhatIsDoneInIt) {
     settings.website();
     EXPECT_THAT(desktop_.workspace.openedUrls,
                 testing::ElementsAre("http://quillfen.com/panewright"));
-    EXPECT_EQ(desktop_.analytics.events.back().name, "PreferencesWebsite");
 }
 
 TEST_F(SettingsTest, OpensTheInstalledHelpWhereThereIsNoSite) {
@@ -99,7 +98,6 @@ TEST_F(SettingsTest, OpensTheInstalledHelpWhereThereIsNoSite) {
     settings.faq();
     EXPECT_THAT(desktop_.workspace.openedFiles, testing::ElementsAre("/help/en", "/help/de"));
     EXPECT_EQ(desktop_.beeper.beeps, 1);
-    EXPECT_EQ(desktop_.analytics.events.back().name, "PreferencesFAQ");
 }
 
 } // namespace

@@ -46,7 +46,8 @@ std::optional<MovingError> errorOf(const std::optional<std::string>& message) {
 } // namespace
 
 std::optional<fs::path> LinuxApplicationMoving::source() const {
-    const auto folder = mayAsk_ ? unpackedFolderOf(places_.executable) : std::nullopt;
+    const bool mayAsk = mayAsk_ && places_.home.is_absolute();
+    const auto folder = mayAsk ? unpackedFolderOf(places_.executable) : std::nullopt;
     if (!folder) {
         return std::nullopt;
     }
@@ -60,6 +61,10 @@ std::optional<fs::path> LinuxApplicationMoving::source() const {
 
 fs::path LinuxApplicationMoving::applicationsFolder() const {
     return resolved(places_.home / "Applications");
+}
+
+std::vector<fs::path> LinuxApplicationMoving::downloadsFolders() const {
+    return {resolved(places_.downloads)};
 }
 
 /// The deepest place of the table of mounts that the folder is in or below (proc(5), "mountinfo":

@@ -12,7 +12,7 @@ class LinuxApplicationMoving : public ApplicationMoving {
 public:
     struct Places {
         std::filesystem::path executable;
-        std::filesystem::path home;
+        std::filesystem::path home; // nobody is asked without an absolute one
         std::filesystem::path downloads;
         /// False where it fails.
         std::function<bool(const std::filesystem::path&)> moveToTrash;
@@ -27,9 +27,7 @@ public:
         return {applicationsFolder()};
     }
     std::filesystem::path applicationsFolder() const override;
-    std::vector<std::filesystem::path> downloadsFolders() const override {
-        return {places_.downloads};
-    }
+    std::vector<std::filesystem::path> downloadsFolders() const override;
     std::optional<std::string> mediumOf(const std::filesystem::path& folder) const override;
     bool exists(const std::filesystem::path& path) const override;
     bool isWritable(const std::filesystem::path& path) const override;
