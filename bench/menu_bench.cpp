@@ -109,7 +109,7 @@ private:
                       desktop_.mainLoop, text_, ShortcutText(desktop_.keyboardLayout, text_),
                       Tracking(desktop_.analytics), store_.model(), storeTroubles_, *focus_},
                      {[] {}, [](const auto&) {}, [](const auto&) {}, [](const auto&) {}},
-                     FixedMenuItems(text_, desktop_.program, desktop_.softwareUpdater, {})};
+                     FixedMenuItems(text_, desktop_.program, {})};
 };
 
 bool waitUntilPainted(QMenu& menu) {
