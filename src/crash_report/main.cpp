@@ -31,7 +31,7 @@ namespace fs = std::filesystem;
 /// For all of them, in seconds; a big one takes one or two.
 constexpr unsigned kTimeLimit = 30;
 /// What is mapped counts, so also the libraries with their debugging information. In bytes.
-constexpr rlim_t kMemoryLimit = rlim_t{2} << 30;
+constexpr rlim_t kMemoryLimit = rlim_t{1} << 30;
 
 /// What is read may be damaged, or may be made to do harm.
 void limitProcess() {

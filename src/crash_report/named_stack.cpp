@@ -82,6 +82,21 @@ std::string readable(const char* symbol) {
     return text ? text.get() : symbol;
 }
 
+/// Of what was in memory; where the note stands too far behind there, as patchelf(1) puts it, of
+/// the file that begins alike.
+std::string buildIdOfModule(Dwfl_Module* module, const CrashMemory* memory) {
+    auto id = memory ? buildIdOf(memory->bytes) : std::string();
+    const unsigned char* bytes = nullptr;
+    GElf_Addr address = 0;
+    if (id.empty()) {
+        const int size = dwfl_module_build_id(module, &bytes, &address);
+        for (int i = 0; i < size; ++i) {
+            id += fmt::format("{:02x}", bytes[i]);
+        }
+    }
+    return id;
+}
+
 StackFrame frameAt(Dwfl* dwfl, const RawFacts& facts, Dwarf_Addr address, bool isCall) {
     StackFrame frame{.address = address};
     // A call returns behind itself, which may be another line, or another function.
@@ -94,12 +109,11 @@ StackFrame frameAt(Dwfl* dwfl, const RawFacts& facts, Dwarf_Addr address, bool i
     frame.module =
         dwfl_module_info(module, nullptr, &start, nullptr, nullptr, nullptr, nullptr, nullptr);
     frame.offset = address - start;
-    if (const auto* const memory = moduleAt(facts, start)) {
-        frame.buildId = buildIdOf(memory->bytes);
-    }
     if (const auto* const name = dwfl_module_addrname(module, place)) {
         frame.function = readable(name);
     }
+    // Behind what opens the file.
+    frame.buildId = buildIdOfModule(module, moduleAt(facts, start));
     if (auto* const line = dwfl_module_getsrc(module, place)) {
         int number = 0;
         const auto* const file = dwfl_lineinfo(line, nullptr, &number, nullptr, nullptr, nullptr);

@@ -1,5 +1,8 @@
 #include "system/program.h"
 
+#include <sys/syscall.h>
+#include <unistd.h>
+
 #include <csignal>
 
 namespace panewright::test {
@@ -51,7 +54,8 @@ TEST(Crash, IsReportedByTheNextStart) {
         fs::path(desktop.environment()["HOME"]) / ".local/state/Panewright/crashes";
     {
         Program program(desktop);
-        program->sendSignal(SIGSEGV);
+        // Of a signal to the process, any thread may tell.
+        syscall(SYS_tgkill, program->pid(), program->pid(), SIGSEGV);
         EXPECT_THAT(program->waitForEnd(), Optional(-SIGSEGV));
     }
     EXPECT_EQ(modeOf(crashes), 0700);
