@@ -23,7 +23,7 @@ popup menu Panewright menu
   menu item Start at Login [Press]
   menu item Restore Built-in States [Press]
   separator; disabled
-  menu item Check for Updates…; disabled [Press]
+  menu item Check for Updates… [Press]
   menu item FAQ [Press]
   menu item Version; disabled [Press]
   separator; disabled

@@ -139,7 +139,7 @@ TEST_F(LifeCycle, OpensNothingForTheCallThatStartsIt) {
 }
 
 TEST_F(LifeCycle, GoesOnAfterTheReaderOfItsLogHasEnded) {
-    const ChildProcess shell({"sh", "-c", PANEWRIGHT_PROGRAM " 2>&1 | head -n 1"},
+    const ChildProcess shell({"sh", "-c", PANEWRIGHT_PROGRAM " 2>&1 | grep -m 1 ready"},
                              desktop_.environment());
     ASSERT_TRUE(eventually([&] { return !shell.standardOutput().empty(); }));
     expectAfter(KEY_2, kLarge, desktop_, window_.window());
