@@ -5,7 +5,6 @@
 namespace panewright {
 namespace {
 
-
 constexpr Rect kStart{100, 50, 800, 600};
 constexpr std::uint32_t kNextKey = 45;
 
