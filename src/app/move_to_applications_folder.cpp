@@ -4,7 +4,7 @@
 #include "platform/alerts.h"
 #include "platform/application_moving.h"
 #include "platform/text_services.h"
-#include "platform/user_defaults.h"
+#include "services/defaults.h"
 
 #include <fmt/format.h>
 
@@ -31,12 +31,6 @@ struct Move {
     bool needsAuthorization = false;
 };
 
-bool isSuppressed(const UserDefaults& defaults) {
-    const auto value = defaults.objectForKey(kSuppressKey);
-    const auto* const isSet = value ? std::get_if<bool>(&*value) : nullptr;
-    return isSet && *isSet;
-}
-
 bool startsWithAny(const fs::path& path, const std::vector<fs::path>& folders) {
     return std::ranges::any_of(folders, [&](const fs::path& folder) {
         return path.native().starts_with(folder.native());
@@ -46,7 +40,8 @@ bool startsWithAny(const fs::path& path, const std::vector<fs::path>& folders) {
 /// Nil where nobody is to be asked.
 std::optional<Move> neededMove(const MovingServices& services) {
     const auto& moving = services.moving;
-    const auto source = isSuppressed(services.defaults) ? std::nullopt : moving.source();
+    const auto source =
+        Defaults(services.defaults).boolForKey(kSuppressKey) ? std::nullopt : moving.source();
     if (!source || startsWithAny(*source, moving.applicationsFolders()) ||
         std::ranges::find(*source, fs::path(kApplications)) != source->end()) {
         return std::nullopt;

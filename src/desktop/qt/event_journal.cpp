@@ -1,6 +1,7 @@
 #include "desktop/qt/event_journal.h"
 
 #include "base/file.h"
+#include "services/defaults.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -53,7 +54,7 @@ void append(const std::filesystem::path& path, const QByteArray& line) {
 } // namespace
 
 EventJournal::EventJournal(const std::optional<std::filesystem::path>& folder,
-                           const UserDefaults& defaults)
+                           UserDefaults& defaults)
     : folder_(folder), defaults_(defaults) {
     if (folder_ && !keepsEvents()) {
         std::error_code ignored;
@@ -63,9 +64,7 @@ EventJournal::EventJournal(const std::optional<std::filesystem::path>& folder,
 }
 
 bool EventJournal::keepsEvents() const {
-    const auto value = defaults_.objectForKey(kKeepKey);
-    const auto* const keeps = value ? std::get_if<bool>(&*value) : nullptr;
-    return keeps && *keeps;
+    return Defaults(defaults_).boolForKey(kKeepKey);
 }
 
 void EventJournal::logCustomEvent(std::string_view name, const EventAttributes& attributes) {

@@ -5,8 +5,8 @@
 #include "platform/main_loop.h"
 #include "platform/program_information.h"
 #include "platform/text_services.h"
-#include "platform/user_defaults.h"
 #include "platform/workspace.h"
+#include "services/defaults.h"
 
 #include <utility>
 
@@ -22,13 +22,6 @@ constexpr std::string_view kDailyKey = "CheckForUpdatesDaily";
 constexpr auto kFirstCheck = 60s;
 constexpr auto kBetweenChecks = 24h;
 
-template <class T>
-T valueOr(const UserDefaults& defaults, std::string_view key, T otherwise) {
-    const auto value = defaults.objectForKey(key);
-    const auto* const found = value ? std::get_if<T>(&*value) : nullptr;
-    return found ? *found : otherwise;
-}
-
 } // namespace
 
 FeedUpdater::FeedUpdater(const Services& services) : services_(services) {
@@ -37,7 +30,7 @@ FeedUpdater::FeedUpdater(const Services& services) : services_(services) {
 
 /// Without the setting no timer wakes the program up.
 void FeedUpdater::checkLater(std::chrono::milliseconds delay) {
-    if (valueOr(services_.defaults, kDailyKey, false)) {
+    if (Defaults(services_.defaults).boolForKey(kDailyKey)) {
         nextCheck_ = services_.mainLoop.after(delay, [this] { checkIfDue(); });
     }
 }
@@ -55,7 +48,9 @@ void FeedUpdater::checkIfDue() {
 }
 
 std::string FeedUpdater::address() const {
-    return valueOr(services_.defaults, kFeedKey, services_.program.updateFeed());
+    const auto value = services_.defaults.objectForKey(kFeedKey);
+    const auto* const feed = value ? std::get_if<std::string>(&*value) : nullptr;
+    return feed ? *feed : services_.program.updateFeed();
 }
 
 void FeedUpdater::checkForUpdates() {

@@ -29,7 +29,7 @@ public:
         MainLoop& mainLoop;
         const ProgramInformation& program;
         const TextServices& text;
-        const UserDefaults& defaults;
+        UserDefaults& defaults;
         Workspace& workspace;
     };
 

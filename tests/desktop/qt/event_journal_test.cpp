@@ -19,7 +19,7 @@ TEST(EventJournal, KeepsEventsOnlyWhereTheUserWantsIt) {
     EventJournal(folder, defaults).logCustomEvent("ShowSettings", {});
     EXPECT_FALSE(std::filesystem::exists(folder));
 
-    defaults.setObject("KeepUsageEvents", true);
+    defaults.setObject("KeepUsageEvents", std::string("yes")); // as people type it
     EventJournal journal(folder, defaults);
     journal.logCustomEvent("OpenMenu", {{"WasFlat", "1"}});
     journal.logCustomEvent("ApplyWindowState",
