@@ -6,8 +6,6 @@
 
 #include <fmt/format.h>
 
-#include <cstdlib>
-#include <exception>
 #include <string>
 #include <string_view>
 
@@ -58,11 +56,6 @@ void run() {
 } // namespace panewright::test
 
 int main() {
-    try {
-        panewright::test::run();
-    } catch (const std::exception& error) {
-        fmt::print(stderr, "command_bench: {}\n", error.what());
-        return EXIT_FAILURE;
-    }
-    return EXIT_SUCCESS;
+    using namespace panewright::test;
+    return runBench("command_bench", [] { run(); });
 }

@@ -6,8 +6,6 @@
 #include <fmt/format.h>
 #include <linux/input-event-codes.h>
 
-#include <cstdlib>
-#include <exception>
 #include <optional>
 
 namespace panewright::test {
@@ -62,11 +60,6 @@ void run() {
 } // namespace panewright::test
 
 int main() {
-    try {
-        panewright::test::run();
-    } catch (const std::exception& error) {
-        fmt::print(stderr, "flood_bench: {}\n", error.what());
-        return EXIT_FAILURE;
-    }
-    return EXIT_SUCCESS;
+    using namespace panewright::test;
+    return runBench("flood_bench", [] { run(); });
 }

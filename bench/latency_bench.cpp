@@ -10,8 +10,6 @@
 #include <linux/input-event-codes.h>
 
 #include <array>
-#include <cstdlib>
-#include <exception>
 #include <string_view>
 #include <vector>
 
@@ -57,11 +55,6 @@ void run(const std::string& program) {
 } // namespace panewright::test
 
 int main(int argc, char* argv[]) {
-    try {
-        panewright::test::run(argc > 1 ? argv[1] : PANEWRIGHT_PROGRAM);
-    } catch (const std::exception& error) {
-        fmt::print(stderr, "latency_bench: {}\n", error.what());
-        return EXIT_FAILURE;
-    }
-    return EXIT_SUCCESS;
+    using namespace panewright::test;
+    return runBench("latency_bench", [&] { run(argc > 1 ? argv[1] : PANEWRIGHT_PROGRAM); });
 }

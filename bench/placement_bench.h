@@ -10,6 +10,10 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <thread>
@@ -189,6 +193,17 @@ private:
     TestClient window_{desktop_.display()};
     std::vector<std::unique_ptr<ChildProcess>> programs_;
 };
+
+/// Runs the measurement and gives what the process ends with.
+inline int runBench(const char* name, const std::function<void()>& measure) {
+    try {
+        measure();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s: %s\n", name, error.what());
+        return EXIT_FAILURE;
+    }
+    return EXIT_SUCCESS;
+}
 
 inline double percentile(std::vector<double> times, double share) {
     std::sort(times.begin(), times.end());
