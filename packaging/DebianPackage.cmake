@@ -10,8 +10,10 @@ set(CPACK_DEBIAN_PACKAGE_MAINTAINER "$ENV{DEBFULLNAME} <$ENV{DEBEMAIL}>")
 # What is linked is computed. libqt6gui6 and libqt6svg6, which are, bring the plugins that are only
 # loaded: the platform "xcb", the input contexts, the SVG image format and icon engine.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# The command loads libdbus by its name. Symbols of keys: DejaVu, which fontconfig brings, lacks one of Escape.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libdbus-1-3, fonts-symbola | fonts-noto-core")
+# The command loads libdbus by its name, the first sound libcanberra. Symbols of keys: DejaVu, which
+# fontconfig brings, lacks one of Escape.
+string(JOIN ", " CPACK_DEBIAN_PACKAGE_DEPENDS
+    "libdbus-1-3" "libcanberra0" "fonts-symbola | fonts-noto-core")
 # The session bus, over which panels, scripts and a second start reach the program; the toolkit's own
 # texts in other languages; xdg-open, which opens the help page.
 string(JOIN ", " CPACK_DEBIAN_PACKAGE_RECOMMENDS

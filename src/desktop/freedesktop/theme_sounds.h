@@ -10,10 +10,10 @@ struct ca_context;
 namespace panewright {
 
 /// Sounds of the desktop's sound theme (freedesktop.org, "Sound Theme Specification"), through
-/// libcanberra, which is first touched when something is to be heard.
+/// libcanberra, which is loaded when something is to be heard.
 class ThemeSounds : public Beeper, public Sounds {
 public:
-    /// `bell` is heard where there is no theme or nothing to play it with.
+    /// `bell` is heard where there is no theme, no libcanberra or nothing to play it with.
     explicit ThemeSounds(Beeper& bell) : bell_(bell) {}
 
     void beep() override;
