@@ -18,7 +18,7 @@ public:
         Model& model;
         const FocusTracking& tracking;
         PopoverPresenter presenter;
-        ShortcutPopoverController::Services shared;
+        PopoverController::Services shared;
         std::function<void(const std::shared_ptr<WindowState>&)> removeWindowState;
         /// Called before it opens: there is one popover at a time.
         std::function<void()> cancelOther;

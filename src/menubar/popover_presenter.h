@@ -1,6 +1,6 @@
 #pragma once
 
-#include "menubar/installed_hot_keys.h"
+#include "menubar/hot_key_installation.h"
 #include "platform/program_information.h"
 #include "platform/workspace.h"
 #include "ui/popover.h"

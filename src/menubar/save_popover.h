@@ -21,7 +21,7 @@ public:
         Model& model;
         FocusTracking& tracking;
         PopoverPresenter presenter;
-        ShortcutPopoverController::Services shared;
+        PopoverController::Services shared;
         /// Called before it opens: there is one popover at a time.
         std::function<void()> cancelOther;
     };

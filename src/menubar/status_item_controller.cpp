@@ -2,8 +2,9 @@
 
 #include "base/log.h"
 #include "geometry/frame_attributes.h"
-#include "menubar/installed_hot_keys.h"
+#include "menubar/hot_key_installation.h"
 #include "menubar/menu_exporter.h"
+#include "menubar/named_window_states.h"
 #include "menubar/status_item_anchor.h"
 #include "model/model.h"
 #include "model/window_state.h"
@@ -21,8 +22,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr const char* kLaunchAgentLabel = "com.quillfen.Panewright.Agent";
-constexpr const char* kLaunchAgentFileName = "com.quillfen.Panewright.Agent.plist";
 constexpr Size kStatusImageSize{17, 14};
 constexpr double kStatusItemLength = 23;
 
@@ -172,8 +171,8 @@ PopoverPresenter StatusItemController::popoverPresenter() {
                              [this](HotKeyOccasion occasion) { updateHotKeys(occasion); }});
 }
 
-ShortcutPopoverController::Services StatusItemController::popoverServices() {
-    return {ports_.beeper, ports_.hotKeys, *model_, ports_.text, shortcutText_, usage_};
+PopoverController::Services StatusItemController::popoverServices() {
+    return {{ports_.beeper, ports_.hotKeys, *model_, ports_.text, shortcutText_}, usage_};
 }
 
 void StatusItemController::setupMenuItems() {
@@ -255,31 +254,19 @@ void StatusItemController::applyWindowStateToActiveWindow(
 }
 
 bool StatusItemController::applyWindowStateNamed(std::string_view name) {
-    return applyFirst(name, std::nullopt);
+    return applyIfThere(firstWindowStateNamed(*model_, name));
 }
 
 bool StatusItemController::applyWindowStateNamed(std::string_view name,
                                                  std::string_view forApplicationNamed) {
-    return applyFirst(name, forApplicationNamed);
+    return applyIfThere(firstWindowStateNamed(*model_, name, forApplicationNamed));
 }
 
-bool StatusItemController::applyFirst(std::string_view name,
-                                      std::optional<std::string_view> applicationName) {
-    const auto all = model_->allWindowStates();
-    if (!all) {
-        return false;
+bool StatusItemController::applyIfThere(const std::shared_ptr<WindowState>& state) {
+    if (state) {
+        applyWindowStateToActiveWindow(state);
     }
-    for (const auto& [key, states] : *all) {
-        for (const auto& state : *states) {
-            if (state->windowStateName() == name &&
-                (!applicationName || state->appName() == *applicationName)) {
-                applyWindowStateToActiveWindow(
-                    std::shared_ptr(state)); // the store may drop its own
-                return true;
-            }
-        }
-    }
-    return false;
+    return state != nullptr;
 }
 
 void StatusItemController::addWindowState(const std::shared_ptr<WindowState>& state) {

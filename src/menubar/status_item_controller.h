@@ -4,7 +4,7 @@
 #include "menubar/application_actions.h"
 #include "menubar/edit_popover.h"
 #include "menubar/focus_tracking.h"
-#include "menubar/installed_hot_keys.h"
+#include "menubar/hot_key_installation.h"
 #include "menubar/listed_window_states.h"
 #include "menubar/menu_view.h"
 #include "menubar/save_popover.h"
@@ -66,9 +66,8 @@ public:
 
     void applyWindowStateToActiveWindow(const std::shared_ptr<WindowState>& state) override;
 
-    /// Applies the first state of that name, whatever application it belongs to, or only one saved
-    /// from the application of that name; both compare exactly. True when there is one, also if the
-    /// window could not be placed.
+    /// Applies the first state of that name, or the first one saved from the application of that
+    /// name. True when there is one, also if the window could not be placed.
     bool applyWindowStateNamed(std::string_view name);
     bool applyWindowStateNamed(std::string_view name, std::string_view forApplicationNamed);
 
@@ -127,9 +126,9 @@ private:
     void permissionGiven();
     void updateHotKeys(HotKeyOccasion occasion);
     PopoverPresenter popoverPresenter();
-    ShortcutPopoverController::Services popoverServices();
+    PopoverController::Services popoverServices();
     PopoverAnchor anchor() const;
-    bool applyFirst(std::string_view name, std::optional<std::string_view> applicationName);
+    bool applyIfThere(const std::shared_ptr<WindowState>& state);
 
     Ports ports_;
     Views views_;

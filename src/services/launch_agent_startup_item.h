@@ -9,6 +9,10 @@
 
 namespace panewright {
 
+// The one that starts this program.
+inline constexpr const char* kLaunchAgentLabel = "com.quillfen.Panewright.Agent";
+inline constexpr const char* kLaunchAgentFileName = "com.quillfen.Panewright.Agent.plist";
+
 /// Starts a program at login, by a file in the user's folder for them. The file is the truth: it is
 /// looked at each time. A change takes effect at the next login. Failures are ignored.
 class LaunchAgentStartupItem {

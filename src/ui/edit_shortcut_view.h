@@ -1,13 +1,13 @@
 #pragma once
 
-#include "ui/shortcut_popover_view.h"
+#include "ui/popover_view.h"
 
 #include <string>
 
 namespace panewright {
 
 /// What a popover shows for editing a state that is stored.
-class EditShortcutView : public ShortcutPopoverView {
+class EditShortcutView : public PopoverView {
 public:
     /// Where the state applies.
     virtual void setContext(const std::string& text) = 0;

@@ -25,7 +25,7 @@ EditShortcutViewController::create(const Services& services) {
 }
 
 EditShortcutViewController::EditShortcutViewController(const Services& services)
-    : ShortcutPopoverController(services.shared), alerts_(services.alerts), views_(services.views),
+    : PopoverController(services.shared), alerts_(services.alerts), views_(services.views),
       editing_(services.editing) {}
 
 void EditShortcutViewController::loadViewSafely() {
@@ -37,18 +37,12 @@ void EditShortcutViewController::loadViewSafely() {
 
 void EditShortcutViewController::setWindowState(const std::shared_ptr<WindowState>& state) {
     question_.release();
-    auto& recorder = shortcutRecorder();
-    recorder.resignFirstResponder(); // a recording belongs to the state before
-    recorder.clear();
+    shortcutRecorder().resignFirstResponder(); // a recording belongs to the state before
     keepWindowState(state);
     view_->setWindowStateName(state ? state->windowStateName().value_or("") : "");
     view_->setContext(state ? contextOf(state) : "");
     view_->setUpdateWindowStateEnabled(state && !state->isDefault()); // which follows the display
-    if (state && state->keyEvent()) {
-        recorder.setKeyCode(static_cast<std::int64_t>(state->keyEvent()->keyCode()),
-                            state->keyEvent()->modifierFlags());
-    }
-    updateShortcutRemark();
+    showShortcut(state ? state->keyEvent().get() : nullptr);
 }
 
 std::string EditShortcutViewController::contextOf(const std::shared_ptr<WindowState>& state) const {

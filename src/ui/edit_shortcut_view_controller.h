@@ -2,7 +2,7 @@
 
 #include "base/geometry.h"
 #include "platform/alerts.h"
-#include "ui/shortcut_popover_controller.h"
+#include "ui/popover_controller.h"
 #include "ui/view_factory.h"
 
 #include <cstdint>
@@ -16,11 +16,11 @@ class WindowStateEditing;
 
 /// Edits a stored state: its name and, on request, its frame when saving, its shortcut at once. So
 /// cancelling keeps a shortcut that was recorded meanwhile.
-class EditShortcutViewController : public ShortcutPopoverController {
+class EditShortcutViewController : public PopoverController {
 public:
     /// All of it must outlive the controller.
     struct Services {
-        ShortcutPopoverController::Services shared;
+        PopoverController::Services shared;
         Alerts& alerts;
         ViewFactory& views;
         WindowStateEditing& editing;
@@ -52,7 +52,7 @@ public:
 private:
     explicit EditShortcutViewController(const Services& services);
 
-    ShortcutPopoverView* loadedView() const override { return view_.get(); }
+    PopoverView* loadedView() const override { return view_.get(); }
     std::optional<std::string> applicationOfShortcut() const override;
     void abandon() override;
     std::string contextOf(const std::shared_ptr<WindowState>& state) const;

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "base/image.h"
-#include "ui/shortcut_popover_view.h"
+#include "ui/popover_view.h"
 
 #include <string>
 
 namespace panewright {
 
 /// What a popover shows for saving a window's frame.
-class SaveShortcutView : public ShortcutPopoverView {
+class SaveShortcutView : public PopoverView {
 public:
     /// Shown at 16 by 16 points; null shows none.
     virtual void setApplicationImage(const ImagePtr& image) = 0;

@@ -21,8 +21,8 @@ SaveShortcutViewController::create(const Services& services) {
 }
 
 SaveShortcutViewController::SaveShortcutViewController(const Services& services)
-    : ShortcutPopoverController(services.shared), mainLoop_(services.mainLoop),
-      views_(services.views), saving_(services.saving) {}
+    : PopoverController(services.shared), mainLoop_(services.mainLoop), views_(services.views),
+      saving_(services.saving) {}
 
 void SaveShortcutViewController::loadViewSafely() {
     if (!view_) {
@@ -91,8 +91,7 @@ void SaveShortcutViewController::reset() {
     view_->setForAppOnlyEnabled(true);
     view_->setForAppOnly(true);
     view_->setForAllApplications(false);
-    shortcutRecorder().clear();
-    view_->setShortcutRemark("");
+    showShortcut(nullptr);
     showSavingRefusal();
 }
 

@@ -2,7 +2,7 @@
 
 #include "base/image.h"
 #include "platform/main_loop.h"
-#include "ui/shortcut_popover_controller.h"
+#include "ui/popover_controller.h"
 #include "ui/view_factory.h"
 
 #include <memory>
@@ -18,11 +18,11 @@ class WindowStateSaving;
 /// The pending state is replaced by a fresh one whenever the window behind it changes; a fresh one
 /// carries no shortcut, also if the recorder still shows one. Name, radio buttons and check box are
 /// read when saving.
-class SaveShortcutViewController : public ShortcutPopoverController {
+class SaveShortcutViewController : public PopoverController {
 public:
     /// All of it must outlive the controller.
     struct Services {
-        ShortcutPopoverController::Services shared;
+        PopoverController::Services shared;
         MainLoop& mainLoop;
         ViewFactory& views;
         WindowStateSaving& saving;
@@ -59,7 +59,7 @@ public:
 private:
     explicit SaveShortcutViewController(const Services& services);
 
-    ShortcutPopoverView* loadedView() const override { return view_.get(); }
+    PopoverView* loadedView() const override { return view_.get(); }
     std::optional<std::string> applicationOfShortcut() const override;
     void abandon() override;
     void updateTooltips();

@@ -2,7 +2,8 @@
 
 #include "model/model.h"
 #include "ui/format_text.h"
-#include "ui/shortcut_remark.h"
+
+#include <utility>
 
 namespace panewright {
 
@@ -14,14 +15,14 @@ std::shared_ptr<Settings> Settings::create(const Services& services) {
 }
 
 Settings::Settings(const Services& services)
-    : services_(services), recorder_(services.shortcutText, services.beeper) {
-    localizeLabels(recorder_, services_.text);
-}
+    : ShortcutEntry({services.beeper, services.hotKeys, services.model, services.text,
+                     services.shortcutText}),
+      services_(services) {}
 
 void Settings::awakeFromNib() {
     view_->setStartupItem(services_.launchAgentStartupItem.isInstalled());
-    recorder_.setDelegate(weak_from_this());
-    showStoredShortcut();
+    listenToRecorder();
+    showShortcut(services_.model.moveToNextWindowKeyEvent().get());
     view_->setVersion(versionText(services_.program, services_.text));
     view_->setWebsiteShown(services_.pages.hasWebsite());
     view_->setAllowMoveWindow(services_.model.allowWindowStateShortcutsToMoveWindowNextDisplay());
@@ -33,6 +34,7 @@ void Settings::awakeFromNib() {
 
 void Settings::showWindow() {
     showStoreTrouble();
+    updateShortcutRemark(); // states have changed meanwhile
     view_->showWindow();
 }
 
@@ -49,32 +51,13 @@ void Settings::saveWindowPosition() {
     services_.saving.saveWindowPosition();
 }
 
-void Settings::showStoredShortcut() {
-    if (const auto event = services_.model.moveToNextWindowKeyEvent()) {
-        recorder_.setKeyCode(static_cast<std::int64_t>(event->keyCode()), event->modifierFlags());
-        view_->setShortcutRemark(shortcutRemark(services_.hotKeys, services_.text, event->keyCode(),
-                                                event->modifierFlags()));
-    }
-}
-
-void Settings::shortcutRecorderSetFlags(QFShortcutRecorder& /*recorder*/, std::uint64_t flags,
-                                        std::uint16_t andKeyCode) {
-    services_.model.setMoveToNextWindowKeyEvent(
-        CarbonKeyEvent::carbonEventWithKeyCode(andKeyCode, flags));
+void Settings::keepShortcut(std::shared_ptr<CarbonKeyEvent> event) {
+    services_.model.setMoveToNextWindowKeyEvent(std::move(event));
     services_.hotKeyRefresh.settingsChanged();
-    view_->setShortcutRemark(shortcutRemark(services_.hotKeys, services_.text, andKeyCode, flags));
 }
 
-void Settings::shortcutRecorderDidClearFlags(QFShortcutRecorder& /*recorder*/,
-                                             std::uint64_t /*flags*/,
-                                             std::uint16_t /*andKeyCode*/) {
-    services_.model.setMoveToNextWindowKeyEvent(nullptr);
-    services_.hotKeyRefresh.settingsChanged();
-    view_->setShortcutRemark("");
-}
-
-void Settings::shortcutRecorderRefusesKey(QFShortcutRecorder& /*recorder*/, bool refuses) {
-    view_->setShortcutRemark(refuses ? refusedKeyRemark(services_.text) : "");
+void Settings::showShortcutRemark(const std::string& text) {
+    view_->setShortcutRemark(text);
 }
 
 void Settings::startupItem() {

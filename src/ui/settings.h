@@ -8,8 +8,8 @@
 #include "services/launch_agent_startup_item.h"
 #include "services/product_pages.h"
 #include "services/tracking.h"
-#include "shortcuts/qf_shortcut_recorder.h"
 #include "ui/hot_key_refresh.h"
+#include "ui/shortcut_entry.h"
 #include "ui/store_troubles.h"
 #include "ui/view_factory.h"
 #include "ui/window_state_saving.h"
@@ -22,7 +22,7 @@ class Model;
 
 /// The settings window: the few options that are not of a single state. Made once and kept; its
 /// controls show what was set when it was made, and what the user sets in it since.
-class Settings : public QFShortcutRecorderDelegate, public std::enable_shared_from_this<Settings> {
+class Settings : public ShortcutEntry {
 public:
     /// All of it must outlive the window.
     struct Services {
@@ -45,8 +45,6 @@ public:
     /// With its window, which is not shown yet.
     static std::shared_ptr<Settings> create(const Services& services);
 
-    QFShortcutRecorder& shortcutRecorder() { return recorder_; }
-
     void showWindow();
     void makeKeyAndOrderFront() { view_->makeKeyAndOrderFront(); }
 
@@ -60,22 +58,17 @@ public:
     void faq();
     void website();
 
-    void shortcutRecorderSetFlags(QFShortcutRecorder& recorder, std::uint64_t flags,
-                                  std::uint16_t andKeyCode) override;
-    void shortcutRecorderDidClearFlags(QFShortcutRecorder& recorder, std::uint64_t flags,
-                                       std::uint16_t andKeyCode) override;
-    void shortcutRecorderRefusesKey(QFShortcutRecorder& recorder, bool refuses) override;
-
 private:
     explicit Settings(const Services& services);
 
     void awakeFromNib();
-    void showStoredShortcut();
+    void keepShortcut(std::shared_ptr<CarbonKeyEvent> event) override;
+    ShortcutOwner shortcutOwner() const override { return {}; }
+    void showShortcutRemark(const std::string& text) override;
     void showSavingUnlessInStatusBar();
     void showStoreTrouble();
 
     Services services_;
-    QFShortcutRecorder recorder_;
     std::unique_ptr<SettingsView> view_; // after the rest, which it knows
     Registration statusItemChanges_;
     Registration stateChanges_;

@@ -22,7 +22,7 @@ public:
     virtual void setWebsiteShown(bool isShown) = 0;
     /// The line that leads to what went wrong with the store; empty when nothing did.
     virtual void setStoreTrouble(const std::string& line) = 0;
-    /// What is to be said of the shortcut that the recorder shows; empty for nothing.
+    /// What is to be said of the shortcut that the recorder shows, in lines; empty for nothing.
     virtual void setShortcutRemark(const std::string& text) = 0;
     /// Whether the window offers to save the current window, which otherwise the menu does.
     virtual void setSavingShown(bool isShown) = 0;

@@ -12,6 +12,30 @@ bool isOn(const CarbonKeyEvent* event, std::uint64_t key) {
            CarbonEventManager::keyForKeyCode(event->keyCode(), event->modifierFlags()) == key;
 }
 
+/// `key` is as the registry counts it.
+std::string otherUsesRemark(const ShortcutRemarkServices& services, std::uint64_t key,
+                            const ShortcutOwner& owner) {
+    std::string names;
+    const auto add = [&](const std::string& name) {
+        names += (names.empty() ? "“" : ", “") + name + "”";
+    };
+    const auto& [hotKeys, model, text] = services;
+    if (owner.state && isOn(model.moveToNextWindowKeyEvent().get(), key)) {
+        add(text.localized("Move to Next Display"));
+    }
+    for (const auto& [place, states] : model.windowStates().value_or(WindowStates())) {
+        if (owner.application && place != *owner.application && !appliesEverywhere(place)) {
+            continue;
+        }
+        for (const auto& state : *states) {
+            if (state != owner.state && isOn(state->keyEvent().get(), key)) {
+                add(state->windowStateName().value_or(""));
+            }
+        }
+    }
+    return names.empty() ? "" : textWith(text.localized("Also used by %@."), names);
+}
+
 } // namespace
 
 bool isShortcutTaken(const HotKeys& hotKeys, std::uint64_t keyCode, std::uint64_t modifierFlags) {
@@ -20,32 +44,15 @@ bool isShortcutTaken(const HotKeys& hotKeys, std::uint64_t keyCode, std::uint64_
         static_cast<std::uint32_t>(CarbonEventManager::cocoaToCarbonModifierFlags(modifierFlags)));
 }
 
-std::string shortcutRemark(const HotKeys& hotKeys, const TextServices& text, std::uint64_t keyCode,
-                           std::uint64_t modifierFlags) {
-    return isShortcutTaken(hotKeys, keyCode, modifierFlags)
-               ? text.localized("Another program uses this shortcut.")
-               : "";
-}
-
-std::string otherUsesRemark(const Model& model, const TextServices& text, const ShortcutUse& use) {
-    std::string names;
-    const auto add = [&](const std::string& name) {
-        names += (names.empty() ? "“" : ", “") + name + "”";
-    };
-    if (isOn(model.moveToNextWindowKeyEvent().get(), use.key)) {
-        add(text.localized("Move to Next Display"));
+std::string shortcutRemark(const ShortcutRemarkServices& services, std::uint64_t keyCode,
+                           std::uint64_t modifierFlags, const ShortcutOwner& owner) {
+    const auto others =
+        otherUsesRemark(services, CarbonEventManager::keyForKeyCode(keyCode, modifierFlags), owner);
+    if (!isShortcutTaken(services.hotKeys, keyCode, modifierFlags)) {
+        return others;
     }
-    for (const auto& [key, states] : model.windowStates().value_or(WindowStates())) {
-        if (use.application && key != *use.application && !appliesEverywhere(key)) {
-            continue;
-        }
-        for (const auto& state : *states) {
-            if (state != use.state && isOn(state->keyEvent().get(), use.key)) {
-                add(state->windowStateName().value_or(""));
-            }
-        }
-    }
-    return names.empty() ? "" : textWith(text.localized("Also used by %@."), names);
+    return services.text.localized("Another program uses this shortcut.") +
+           (others.empty() ? "" : "\n") + others;
 }
 
 std::string refusedKeyRemark(const TextServices& text) {

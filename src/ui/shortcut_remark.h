@@ -18,24 +18,25 @@ class WindowState;
 /// Whether another program holds the shortcut.
 bool isShortcutTaken(const HotKeys& hotKeys, std::uint64_t keyCode, std::uint64_t modifierFlags);
 
-/// What is to be said beside a shortcut where it is shown: that another program holds it. Empty
-/// when there is nothing to say.
-std::string shortcutRemark(const HotKeys& hotKeys, const TextServices& text, std::uint64_t keyCode,
-                           std::uint64_t modifierFlags);
-
-/// A shortcut that a state has or is about to get.
-struct ShortcutUse {
-    /// As the registry counts it (CarbonEventManager::keyForKeyCode).
-    std::uint64_t key = 0;
-    /// The application that it works in; nil for all.
-    std::optional<std::string> application;
-    /// No other use of it.
+/// Whose shortcut it is, or is about to be.
+struct ShortcutOwner {
+    /// Null for the move to the next display.
     std::shared_ptr<const WindowState> state;
+    /// The application that the shortcut works in; nil for all.
+    std::optional<std::string> application;
 };
 
-/// Which others of ours have the shortcut where it works: states, and the move to the next display,
-/// which works everywhere, as states do that are built in or global. Empty when there is none.
-std::string otherUsesRemark(const Model& model, const TextServices& text, const ShortcutUse& use);
+struct ShortcutRemarkServices {
+    const HotKeys& hotKeys;
+    const Model& model;
+    const TextServices& text;
+};
+
+/// What is to be said beside a shortcut where it is shown, in lines: that another program holds it,
+/// and which others of ours have it where it works: states, and the move to the next display, which
+/// works everywhere, as states do that are built in or global. Empty when there is nothing to say.
+std::string shortcutRemark(const ShortcutRemarkServices& services, std::uint64_t keyCode,
+                           std::uint64_t modifierFlags, const ShortcutOwner& owner);
 
 /// What is to be said while a key was pressed that cannot be recorded.
 std::string refusedKeyRemark(const TextServices& text);

@@ -34,12 +34,14 @@ TEST_F(SettingsTest, RecordsTheKeyThatMovesToTheNextDisplay) {
     EXPECT_EQ(desktop_.userDefaults.objectForKey(kKeyCodeKey), DefaultsValue(45L));
     EXPECT_EQ(desktop_.hotKeys.registeredCount(), 5U);
     EXPECT_EQ(view().remark, "Another program uses this shortcut.");
+    addState("Mine", false, kEditorId, kN, kScreen);
     open();
+    EXPECT_EQ(view().remark, "Another program uses this shortcut.\nAlso used by “Mine”.");
     const auto& menu = controller().menu();
     EXPECT_TRUE(menu.fixedItems().moveToNextDisplayItem->shortcut.isTaken);
     recorder.keyDown({kDelete, 0});
     EXPECT_FALSE(isSet(kKeyCodeKey));
-    EXPECT_EQ(desktop_.hotKeys.registeredCount(), 4U);
+    EXPECT_EQ(desktop_.hotKeys.registeredCount(), 5U) << "the state has its key back";
     EXPECT_EQ(view().remark, "");
 }
 

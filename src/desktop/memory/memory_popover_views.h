@@ -40,15 +40,15 @@ private:
 
 /// What the popovers' controls share. A test fills them in and reads them.
 template <class View, class Controller>
-class MemoryShortcutPopoverView : public View, public QFShortcutRecorderView {
+class MemoryPopoverView : public View, public QFShortcutRecorderView {
 public:
-    MemoryShortcutPopoverView(Controller& controller, MemoryWindows& windows, ProcessId ownPid)
+    MemoryPopoverView(Controller& controller, MemoryWindows& windows, ProcessId ownPid)
         : controller_(controller), popover_(windows, ownPid) {
         controller_.shortcutRecorder().setView(this);
     }
-    ~MemoryShortcutPopoverView() override { controller_.shortcutRecorder().setView(nullptr); }
-    MemoryShortcutPopoverView(const MemoryShortcutPopoverView&) = delete;
-    MemoryShortcutPopoverView& operator=(const MemoryShortcutPopoverView&) = delete;
+    ~MemoryPopoverView() override { controller_.shortcutRecorder().setView(nullptr); }
+    MemoryPopoverView(const MemoryPopoverView&) = delete;
+    MemoryPopoverView& operator=(const MemoryPopoverView&) = delete;
 
     Controller& controller() { return controller_; }
     MemoryPopover& popover() override { return popover_; }
@@ -72,9 +72,9 @@ private:
 
 /// The save popover's controls.
 class MemorySaveShortcutView
-    : public MemoryShortcutPopoverView<SaveShortcutView, SaveShortcutViewController> {
+    : public MemoryPopoverView<SaveShortcutView, SaveShortcutViewController> {
 public:
-    using MemoryShortcutPopoverView::MemoryShortcutPopoverView;
+    using MemoryPopoverView::MemoryPopoverView;
 
     void setApplicationImage(const ImagePtr& image) override { applicationImage = image; }
     void setWindowStateImage(const ImagePtr& image) override { windowStateImage = image; }
@@ -106,9 +106,9 @@ public:
 
 /// The edit popover's controls.
 class MemoryEditShortcutView
-    : public MemoryShortcutPopoverView<EditShortcutView, EditShortcutViewController> {
+    : public MemoryPopoverView<EditShortcutView, EditShortcutViewController> {
 public:
-    using MemoryShortcutPopoverView::MemoryShortcutPopoverView;
+    using MemoryPopoverView::MemoryPopoverView;
 
     void setContext(const std::string& text) override { context = text; }
     bool updateWindowState() const override { return updates; }

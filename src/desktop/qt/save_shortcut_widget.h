@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/qt/shortcut_popover_parts.h"
+#include "desktop/qt/popover_parts.h"
 #include "ui/save_shortcut_view_controller.h"
 
 class QCheckBox;

@@ -1,4 +1,4 @@
-#include "menubar/installed_hot_keys.h"
+#include "menubar/hot_key_installation.h"
 
 #include "menubar/applicable_window_states.h"
 #include "menubar/hot_key_collisions.h"

@@ -8,9 +8,9 @@ namespace panewright {
 
 /// What every popover shows in which a state gets its name and its shortcut. It passes what the
 /// user does on to its controller and decides nothing. Texts are UTF-8 and in the user's language.
-class ShortcutPopoverView {
+class PopoverView {
 public:
-    virtual ~ShortcutPopoverView() = default;
+    virtual ~PopoverView() = default;
 
     /// The window that the view stands in.
     virtual Popover& popover() = 0;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desktop/qt/popover_window.h"
-#include "ui/shortcut_popover_controller.h"
+#include "ui/popover_controller.h"
 
 class QBoxLayout;
 class QFormLayout;
@@ -19,11 +19,11 @@ class ShortcutRecorderWidget;
 
 /// What the popovers have in common in which a state gets its name and its shortcut: the window, a
 /// heading, the two fields and buttons.
-class ShortcutPopoverParts {
+class PopoverParts {
 public:
     /// All of it must outlive the parts.
-    ShortcutPopoverParts(ShortcutPopoverController& controller, const NativeKeyCodes& keyCodes,
-                         OwnWindows& ownWindows, const QString& title);
+    PopoverParts(PopoverController& controller, const NativeKeyCodes& keyCodes,
+                 OwnWindows& ownWindows, const QString& title);
 
     PopoverWindow& window() { return window_; }
     /// The line of the heading, to which pictures may be added.
@@ -41,7 +41,7 @@ public:
     void setShortcutRemark(const std::string& text);
 
 private:
-    void addFields(ShortcutPopoverController& controller, const NativeKeyCodes& keyCodes);
+    void addFields(PopoverController& controller, const NativeKeyCodes& keyCodes);
 
     PopoverWindow window_;
     // Owned by the window.
@@ -69,10 +69,10 @@ protected:
     explicit ShortcutPopoverWidget(Arguments&&... arguments)
         : parts_(std::forward<Arguments>(arguments)...) {}
 
-    ShortcutPopoverParts& parts() { return parts_; }
+    PopoverParts& parts() { return parts_; }
 
 private:
-    ShortcutPopoverParts parts_;
+    PopoverParts parts_;
 };
 
 } // namespace panewright

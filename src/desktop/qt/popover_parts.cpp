@@ -1,4 +1,4 @@
-#include "desktop/qt/shortcut_popover_parts.h"
+#include "desktop/qt/popover_parts.h"
 
 #include "desktop/qt/accessible_control.h"
 #include "desktop/qt/localized.h"
@@ -19,9 +19,8 @@ constexpr int kSectionSpacing = 12;
 
 } // namespace
 
-ShortcutPopoverParts::ShortcutPopoverParts(ShortcutPopoverController& controller,
-                                           const NativeKeyCodes& keyCodes, OwnWindows& ownWindows,
-                                           const QString& title)
+PopoverParts::PopoverParts(PopoverController& controller, const NativeKeyCodes& keyCodes,
+                           OwnWindows& ownWindows, const QString& title)
     : window_(keyCodes, ownWindows,
               {[&controller](const KeyEvent& event) {
                    controller.shortcutRecorder().flagsChanged(event.modifierFlags);
@@ -54,8 +53,7 @@ ShortcutPopoverParts::ShortcutPopoverParts(ShortcutPopoverController& controller
     layout_->addLayout(buttons_);
 }
 
-void ShortcutPopoverParts::addFields(ShortcutPopoverController& controller,
-                                     const NativeKeyCodes& keyCodes) {
+void PopoverParts::addFields(PopoverController& controller, const NativeKeyCodes& keyCodes) {
     form_ = new QFormLayout;
     form_->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     form_->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -74,7 +72,7 @@ void ShortcutPopoverParts::addFields(ShortcutPopoverController& controller,
     layout_->addLayout(form_);
 }
 
-QPushButton& ShortcutPopoverParts::addButton(const QString& text, std::function<void()> clicked) {
+QPushButton& PopoverParts::addButton(const QString& text, std::function<void()> clicked) {
     auto* button = new QPushButton(text);
     button->setAutoDefault(false);
     QObject::connect(button, &QPushButton::clicked, &window_, std::move(clicked));
@@ -82,30 +80,29 @@ QPushButton& ShortcutPopoverParts::addButton(const QString& text, std::function<
     return *button;
 }
 
-QPushButton& ShortcutPopoverParts::addButtonAtLeft(const QString& text,
-                                                   std::function<void()> clicked) {
+QPushButton& PopoverParts::addButtonAtLeft(const QString& text, std::function<void()> clicked) {
     auto& button = addButton(text, std::move(clicked));
     buttons_->removeWidget(&button);
     buttons_->insertWidget(0, &button);
     return button;
 }
 
-std::string ShortcutPopoverParts::windowStateName() const {
+std::string PopoverParts::windowStateName() const {
     return name_->text().toStdString();
 }
 
-void ShortcutPopoverParts::setWindowStateName(const std::string& name) {
+void PopoverParts::setWindowStateName(const std::string& name) {
     name_->setText(QString::fromStdString(name));
     // All of it, beginning with what is read first.
     const auto length = static_cast<int>(name_->text().length());
     name_->setSelection(length, -length);
 }
 
-void ShortcutPopoverParts::focusWindowStateName() {
+void PopoverParts::focusWindowStateName() {
     name_->setFocus(Qt::OtherFocusReason);
 }
 
-void ShortcutPopoverParts::setShortcutRemark(const std::string& text) {
+void PopoverParts::setShortcutRemark(const std::string& text) {
     showRemark(*remark_, text);
     recorder_->setRemark(QString::fromStdString(text));
     window_.contentChanged();

@@ -1,0 +1,58 @@
+#include "ui/popover_controller.h"
+
+#include "model/window_state.h"
+#include "shortcuts/virtual_key_codes.h"
+
+#include <utility>
+
+namespace panewright {
+
+PopoverController::PopoverController(const Services& services)
+    : ShortcutEntry(services), services_(services) {}
+
+Popover* PopoverController::popover() const {
+    auto* view = loadedView();
+    return view ? &view->popover() : nullptr;
+}
+
+void PopoverController::viewDidLoad() {
+    listenToRecorder();
+    shortcutRecorder().setRequiresModifierFlags(false);
+}
+
+std::optional<std::string> PopoverController::enteredName() const {
+    auto name = loadedView()->windowStateName();
+    if (services_.text.trimmedOfWhitespace(name).empty() || !windowState_) {
+        services_.beeper.beep();
+        return std::nullopt;
+    }
+    return name;
+}
+
+bool PopoverController::keyDown(const KeyEvent& event) {
+    if (shortcutRecorder().performKeyEquivalent(event)) {
+        return true;
+    }
+    if (event.keyCode == kEscapeKeyCode) {
+        abandon();
+        return true;
+    }
+    return false;
+}
+
+void PopoverController::closeRequested() {
+    shortcutRecorder().resignFirstResponder(); // which ends a recording
+    abandon();
+}
+
+void PopoverController::keepShortcut(std::shared_ptr<CarbonKeyEvent> event) {
+    if (windowState_) {
+        windowState_->setKeyEvent(std::move(event));
+    }
+}
+
+void PopoverController::showShortcutRemark(const std::string& text) {
+    loadedView()->setShortcutRemark(text);
+}
+
+} // namespace panewright
