@@ -12,7 +12,7 @@ namespace panewright::test {
 namespace {
 
 constexpr int kPresses = 50;
-constexpr std::chrono::milliseconds kFloodRises{300};
+constexpr std::chrono::milliseconds kLoadRises{300};
 
 /// The presses of which nobody saw the frame, as a call placed the window at once, are left out.
 std::vector<double> measure(PlacementBench& bench) {
@@ -26,33 +26,51 @@ std::vector<double> measure(PlacementBench& bench) {
     return times;
 }
 
+struct Load {
+    const char* name;
+    std::vector<std::vector<std::string>> processes;
+};
+
+std::vector<std::string> flood(const char* destination, std::vector<std::string> call) {
+    call.insert(call.begin(), {CALL_FLOOD, destination});
+    return call;
+}
+
+/// The first is without load. Then what the machine and the bus cost alone, without Panewright.
+std::vector<Load> loads() {
+    constexpr const char* kUs = "com.quillfen.Panewright";
+    constexpr const char* kOther = "org.example.CallSink";
+    const std::vector<std::string> busy{"/bin/sh", "-c", "while :; do :; done"};
+    return {
+        {"nothing else", {}},
+        {"two busy processes", {busy, busy}},
+        {"calls of a program that drops them",
+         {{CALL_SINK, kOther}, flood(kOther, {"ApplyWindowState", "No such state"})}},
+        {"ApplyWindowState, no such state", {flood(kUs, {"ApplyWindowState", "No such state"})}},
+        {"ListWindowStates", {flood(kUs, {"ListWindowStates"})}},
+        {"MoveToNextDisplay", {flood(kUs, {"MoveToNextDisplay"})}},
+        {"ApplyWindowState, which moves the window",
+         {flood(kUs, {"ApplyWindowState", "Centered Small"})}}};
+}
+
 void run() {
     const std::vector<std::pair<std::string, std::string>> programs{
         {PANEWRIGHT_PROGRAM, "panewright: ready"}};
     PlacementBench bench(programs);
     bench.measure(KEY_2, false); // reads from disk
-    const std::vector<std::vector<std::string>> floods{{},
-                                                       {"ApplyWindowState", "No such state"},
-                                                       {"ListWindowStates"},
-                                                       {"MoveToNextDisplay"},
-                                                       {"ApplyWindowState", "Centered Small"}};
     std::optional<double> idle;
-    fmt::print("{:<42}{:>8}{:>9}{:>9}{:>18}\n", "", "presses", "median", "95 %", "without calls");
-    for (const auto& call : floods) {
-        std::vector<std::string> command{CALL_FLOOD};
-        command.insert(command.end(), call.begin(), call.end());
-        std::optional<ChildProcess> flood;
-        if (!call.empty()) {
-            flood.emplace(command, bench.environment());
-            std::this_thread::sleep_for(kFloodRises);
+    fmt::print("{:<42}{:>8}{:>9}{:>9}{:>15}\n", "", "presses", "median", "95 %", "without load");
+    for (const auto& [name, processes] : loads()) {
+        std::vector<std::unique_ptr<ChildProcess>> started;
+        for (const auto& command : processes) {
+            started.push_back(std::make_unique<ChildProcess>(command, bench.environment()));
+            std::this_thread::sleep_for(kLoadRises);
         }
         const auto times = measure(bench);
         const double median = times.empty() ? 0 : percentile(times, 0.5);
         idle = idle.value_or(median);
-        fmt::print("{:<42}{:>8}{:>9.2f}{:>9.2f}{:>12.2f} times\n",
-                   call.empty() ? "no calls" : fmt::format("{}", fmt::join(call, " ")),
-                   times.size(), median, times.empty() ? 0 : percentile(times, 0.95),
-                   median / *idle);
+        fmt::print("{:<42}{:>8}{:>9.2f}{:>9.2f}{:>9.2f} times\n", name, times.size(), median,
+                   times.empty() ? 0 : percentile(times, 0.95), median / *idle);
     }
 }
 
