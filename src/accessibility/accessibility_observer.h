@@ -34,7 +34,7 @@ public:
     /// Needs an element. A registration that the system refuses is ignored.
     void installObserver();
 
-    /// Harmless when not installed.
+    /// Ends the registration with the port; harmless when there is none.
     void uninstallObserver() { installed_.release(); }
 
 private:

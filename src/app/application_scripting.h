@@ -18,7 +18,7 @@ public:
         return ApplyWindowStateCommand(arguments, delegate_.statusItemController())
             .performDefaultImplementation();
     }
-    std::optional<std::vector<ListedWindowState>> listWindowStates() override {
+    std::optional<std::vector<WindowStateForScripts>> listWindowStates() override {
         return controller().listWindowStates();
     }
     bool moveToNextDisplay() override { return controller().moveWindowToNextDisplay(); }

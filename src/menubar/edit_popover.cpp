@@ -20,7 +20,7 @@ void EditPopover::editWindowState(const std::shared_ptr<WindowState>& state) {
     cancelForAnother(); // of another state, whose new shortcut is to be saved
     services_.shared.tracking.trackEvent(
         kEditWindowStateEvent, state->attributesForTracking(services_.shared.shortcutText));
-    services_.presenter.prepare();
+    services_.session.prepare();
     open(state);
 }
 
@@ -29,16 +29,16 @@ void EditPopover::open(const std::shared_ptr<WindowState>& state) {
     controller_->setWindowState(state);
     controller_->setNewOriginalWindowRect(services_.tracking.windowRect());
     controller_->setNewQuartzDisplayBounds(boundsOf(services_.tracking.currentDisplay()));
-    services_.presenter.bringForward(*controller_->popover());
+    services_.session.bringForward(*controller_->popover());
     controller_->view().focusWindowStateName();
 }
 
 void EditPopover::cancelForAnother() {
-    services_.presenter.cancelForAnother(controller_->popover(), [this] { controller_->cancel(); });
+    services_.session.cancelForAnother(controller_->popover(), [this] { controller_->cancel(); });
 }
 
 void EditPopover::closeWithoutState() {
-    if (PopoverPresenter::isShown(controller_->popover()) && controller_->windowState() &&
+    if (PopoverSession::isShown(controller_->popover()) && controller_->windowState() &&
         !services_.model.keyOfWindowState(controller_->windowState())) {
         controller_->closeRequested();
     }

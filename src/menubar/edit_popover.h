@@ -1,7 +1,7 @@
 #pragma once
 
 #include "menubar/focus_tracking.h"
-#include "menubar/popover_presenter.h"
+#include "menubar/popover_session.h"
 #include "ui/edit_shortcut_view_controller.h"
 #include "ui/window_state_editing.h"
 
@@ -17,7 +17,7 @@ public:
     struct Services {
         Model& model;
         const FocusTracking& tracking;
-        PopoverPresenter presenter;
+        PopoverSession session;
         PopoverController::Services shared;
         std::function<void(const std::shared_ptr<WindowState>&)> removeWindowState;
         /// Called before it opens: there is one popover at a time.
@@ -28,9 +28,9 @@ public:
 
     /// Beeps for a state that is not in the store.
     void editWindowState(const std::shared_ptr<WindowState>& state);
-    void finishEditingWindowState() override { services_.presenter.finish(controller_->popover()); }
+    void finishEditingWindowState() override { services_.session.finish(controller_->popover()); }
     void abandonEditingWindowState() override {
-        services_.presenter.abandon(controller_->popover());
+        services_.session.abandon(controller_->popover());
     }
     void removeWindowState(const std::shared_ptr<WindowState>& state) override {
         services_.removeWindowState(state);

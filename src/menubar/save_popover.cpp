@@ -18,7 +18,7 @@ void SavePopover::saveWindowPosition() {
         return;
     }
     services_.cancelOther();
-    services_.presenter.prepare();
+    services_.session.prepare();
     services_.tracking.updateApplicationTracking();
     open();
 }
@@ -27,7 +27,7 @@ void SavePopover::open() {
     controller_->loadViewSafely();
     controller_->reset();
     update();
-    services_.presenter.bringForward(*controller_->popover());
+    services_.session.bringForward(*controller_->popover());
     controller_->view().focusWindowStateName();
 }
 
@@ -36,7 +36,7 @@ void SavePopover::addWindowState(const std::shared_ptr<WindowState>& state) {
 }
 
 void SavePopover::cancelForAnother() {
-    services_.presenter.cancelForAnother(controller_->popover(), [this] { controller_->cancel(); });
+    services_.session.cancelForAnother(controller_->popover(), [this] { controller_->cancel(); });
 }
 
 void SavePopover::updateIfOpen() {

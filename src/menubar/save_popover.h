@@ -1,7 +1,7 @@
 #pragma once
 
 #include "menubar/focus_tracking.h"
-#include "menubar/popover_presenter.h"
+#include "menubar/popover_session.h"
 #include "platform/application_icons.h"
 #include "ui/save_shortcut_view_controller.h"
 #include "ui/window_state_saving.h"
@@ -20,7 +20,7 @@ public:
         ApplicationIcons& icons;
         Model& model;
         FocusTracking& tracking;
-        PopoverPresenter presenter;
+        PopoverSession session;
         PopoverController::Services shared;
         /// Called before it opens: there is one popover at a time.
         std::function<void()> cancelOther;
@@ -28,13 +28,13 @@ public:
 
     SavePopover(Services services, MainLoop& mainLoop, ViewFactory& views);
 
-    bool isShown() const { return PopoverPresenter::isShown(controller_->popover()); }
+    bool isShown() const { return PopoverSession::isShown(controller_->popover()); }
 
     void saveWindowPosition() override;
     void addWindowState(const std::shared_ptr<WindowState>& state) override;
-    void finishSavingWindowState() override { services_.presenter.finish(controller_->popover()); }
+    void finishSavingWindowState() override { services_.session.finish(controller_->popover()); }
     void abandonSavingWindowState() override {
-        services_.presenter.abandon(controller_->popover());
+        services_.session.abandon(controller_->popover());
     }
 
     /// Takes the tracked window as it is now for a fresh pending state; nothing while it is closed.

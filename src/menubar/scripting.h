@@ -2,7 +2,7 @@
 
 #include "base/registration.h"
 #include "menubar/apply_window_state_command.h"
-#include "menubar/listed_window_states.h"
+#include "menubar/window_states_for_scripts.h"
 
 #include <optional>
 #include <vector>
@@ -17,7 +17,7 @@ public:
     /// As ApplyWindowStateCommand does, whose keys the arguments have.
     virtual bool applyWindowState(const ScriptArguments& arguments) = 0;
     /// Nil when the store could not be read.
-    virtual std::optional<std::vector<ListedWindowState>> listWindowStates() = 0;
+    virtual std::optional<std::vector<WindowStateForScripts>> listWindowStates() = 0;
     /// True when the window was given a frame.
     virtual bool moveToNextDisplay() = 0;
 

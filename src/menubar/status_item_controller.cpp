@@ -153,21 +153,21 @@ void StatusItemController::setupNotifications() {
 
 void StatusItemController::setupSavePopover() {
     savePopover_.emplace(SavePopover::Services{ports_.applicationIcons, *model_, *tracking_,
-                                               popoverPresenter(), popoverServices(),
+                                               popoverSession(), popoverServices(),
                                                [this] { editPopover_->cancelForAnother(); }},
                          ports_.mainLoop, views_.factory);
 }
 
 void StatusItemController::setupEditPopover() {
     editPopover_.emplace(
-        EditPopover::Services{*model_, *tracking_, popoverPresenter(), popoverServices(),
+        EditPopover::Services{*model_, *tracking_, popoverSession(), popoverServices(),
                               [this](const auto& state) { removeWindowState(state); },
                               [this] { savePopover_->cancelForAnother(); }},
         ports_.alerts, views_.factory);
 }
 
-PopoverPresenter StatusItemController::popoverPresenter() {
-    return PopoverPresenter({ports_.workspace, ports_.program, *model_, [this] { return anchor(); },
+PopoverSession StatusItemController::popoverSession() {
+    return PopoverSession({ports_.workspace, ports_.program, *model_, [this] { return anchor(); },
                              [this](HotKeyOccasion occasion) { updateHotKeys(occasion); }});
 }
 

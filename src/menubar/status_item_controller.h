@@ -5,7 +5,7 @@
 #include "menubar/edit_popover.h"
 #include "menubar/focus_tracking.h"
 #include "menubar/hot_key_installation.h"
-#include "menubar/listed_window_states.h"
+#include "menubar/window_states_for_scripts.h"
 #include "menubar/menu_view.h"
 #include "menubar/save_popover.h"
 #include "menubar/status_menu.h"
@@ -89,8 +89,8 @@ public:
     void openMenu(bool isFlat) { clicked({.isRightButton = isFlat}); }
 
     /// Nil when the store could not be read.
-    std::optional<std::vector<ListedWindowState>> listWindowStates() const {
-        return listedWindowStates(*model_, shortcutText_);
+    std::optional<std::vector<WindowStateForScripts>> listWindowStates() const {
+        return windowStatesForScripts(*model_, shortcutText_);
     }
 
     // Actions that concern the whole program and are passed on to it.
@@ -125,7 +125,7 @@ private:
     void workspaceDidActiveApplication();
     void permissionGiven();
     void updateHotKeys(HotKeyOccasion occasion);
-    PopoverPresenter popoverPresenter();
+    PopoverSession popoverSession();
     PopoverController::Services popoverServices();
     PopoverAnchor anchor() const;
     bool applyIfThere(const std::shared_ptr<WindowState>& state);

@@ -27,7 +27,7 @@ void sortByName(WindowStateArray& states) {
 
 /// Whether the key of the store stands for an application and has states.
 bool hasApplicationStates(const WindowStates::value_type& entry) {
-    return entry.first != kDefaultsKey && entry.first != kGlobalsKey && !entry.second->empty();
+    return !appliesEverywhere(entry.first) && !entry.second->empty();
 }
 
 void append(MenuItems& items, const MenuItems& more) {

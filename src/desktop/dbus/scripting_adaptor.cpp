@@ -27,7 +27,7 @@ void insert(QVariantMap& map, const char* key, const std::optional<T>& value) {
     }
 }
 
-QVariantMap busValue(const ListedWindowState& state) {
+QVariantMap busValue(const WindowStateForScripts& state) {
     QVariantMap map{{"scope", busValue(state.scope)},
                     {"isDefault", state.isDefault},
                     {"isGlobal", state.isGlobal},
@@ -47,7 +47,7 @@ QVariantMap busValue(const ListedWindowState& state) {
     return map;
 }
 
-IncomingCalls::Answer list(const std::optional<std::vector<ListedWindowState>>& states) {
+IncomingCalls::Answer list(const std::optional<std::vector<WindowStateForScripts>>& states) {
     if (!states) {
         return {.value = {}, .error = "the saved states cannot be read"};
     }

@@ -14,7 +14,7 @@ class ShortcutText;
 
 /// A window state as other programs see it. Rectangles are in global points (origin top-left of the
 /// main display, y downwards).
-struct ListedWindowState {
+struct WindowStateForScripts {
     struct Shortcut {
         std::string text; // as in the menu
         std::uint64_t keyCode = 0;
@@ -40,9 +40,9 @@ struct ListedWindowState {
     bool prefersDisplay = false;
 };
 
-/// All states in the order in which one is looked for by its name. Nil when the store could not be
+/// All states in the store's order, in which one is also looked for by its name. Nil when the store could not be
 /// read.
-std::optional<std::vector<ListedWindowState>> listedWindowStates(const Model& model,
+std::optional<std::vector<WindowStateForScripts>> windowStatesForScripts(const Model& model,
                                                                  const ShortcutText& text);
 
 } // namespace panewright

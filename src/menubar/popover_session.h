@@ -12,11 +12,11 @@ namespace panewright {
 
 class Model;
 
-/// How a popover of the status item comes and goes: the same for each, of which there is one open
-/// at a time. Null stands for a popover that was never opened. Main thread only.
-class PopoverPresenter {
+/// How a popover of the status item comes and goes, and what is done then: the same for each, of
+/// which there is one open at a time. Null stands for a popover that was never opened. Main thread only.
+class PopoverSession {
 public:
-    /// All of it must outlive the presenter.
+    /// All of it must outlive the session.
     struct Services {
         Workspace& workspace;
         const ProgramInformation& program;
@@ -26,7 +26,7 @@ public:
         std::function<void(HotKeyOccasion)> updateHotKeys;
     };
 
-    explicit PopoverPresenter(Services services) : services_(std::move(services)) {}
+    explicit PopoverSession(Services services) : services_(std::move(services)) {}
 
     static bool isShown(const Popover* popover) { return popover && popover->isShown(); }
 

@@ -1,28 +1,28 @@
-#include "menubar/popover_presenter.h"
+#include "menubar/popover_session.h"
 
 #include "model/model.h"
 #include "services/workspace_additions.h"
 
 namespace panewright {
 
-void PopoverPresenter::bringForward(Popover& popover) const {
+void PopoverSession::bringForward(Popover& popover) const {
     popover.show(services_.anchor());
     bringApplicationToFrontIfInBackground(services_.workspace, services_.program);
     popover.makeKeyAndOrderFront();
 }
 
-void PopoverPresenter::finish(Popover* popover) const {
+void PopoverSession::finish(Popover* popover) const {
     services_.model.save();
     services_.updateHotKeys(HotKeyOccasion::kPopoverFinished);
     close(popover);
 }
 
-void PopoverPresenter::abandon(Popover* popover) const {
+void PopoverSession::abandon(Popover* popover) const {
     services_.updateHotKeys(HotKeyOccasion::kPopoverAbandoned);
     close(popover);
 }
 
-void PopoverPresenter::close(Popover* popover) const {
+void PopoverSession::close(Popover* popover) const {
     if (popover) {
         popover->close();
     }
@@ -31,7 +31,7 @@ void PopoverPresenter::close(Popover* popover) const {
     }
 }
 
-void PopoverPresenter::cancelForAnother(const Popover* popover,
+void PopoverSession::cancelForAnother(const Popover* popover,
                                         const std::function<void()>& cancel) {
     if (isShown(popover)) {
         isForAnother_ = true;

@@ -1,4 +1,4 @@
-#include "menubar/listed_window_states.h"
+#include "menubar/window_states_for_scripts.h"
 
 #include "model/model.h"
 #include "shortcuts/shortcut_text.h"
@@ -19,8 +19,8 @@ std::string scopeOf(std::string_view key) {
     return key == kGlobalsKey ? "global" : "application";
 }
 
-ListedWindowState listed(std::string_view key, const WindowState& state, const ShortcutText& text) {
-    ListedWindowState result{.name = state.windowStateName(),
+WindowStateForScripts listed(std::string_view key, const WindowState& state, const ShortcutText& text) {
+    WindowStateForScripts result{.name = state.windowStateName(),
                              .scope = scopeOf(key),
                              .applicationId = state.appBundleId(),
                              .applicationName = state.appName(),
@@ -41,12 +41,12 @@ ListedWindowState listed(std::string_view key, const WindowState& state, const S
 
 } // namespace
 
-std::optional<std::vector<ListedWindowState>> listedWindowStates(const Model& model,
+std::optional<std::vector<WindowStateForScripts>> windowStatesForScripts(const Model& model,
                                                                  const ShortcutText& text) {
     if (!model.windowStates()) {
         return std::nullopt;
     }
-    std::vector<ListedWindowState> result;
+    std::vector<WindowStateForScripts> result;
     for (const auto& [key, states] : *model.windowStates()) {
         for (const auto& state : *states) {
             result.push_back(listed(key, *state, text));
