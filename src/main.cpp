@@ -209,7 +209,7 @@ private:
     QApplication application_;
 };
 
-int runToolkit(int& argc, char** argv, const Process& process,
+int runToolkit(int& argc, char** argv, const Process& process, ReachedServer& server,
                const TerminationSignals& terminationSignals) {
     const Toolkit toolkit(argc, argv, process.program);
     if (const auto refused = refuseUnknownArguments(argc, argv)) {
@@ -218,31 +218,25 @@ int runToolkit(int& argc, char** argv, const Process& process,
     QtMainLoop mainLoop;
     SessionBus bus(mainLoop);
     const auto terminated = terminationSignals.onSignal(mainLoop, [&] { mainLoop.quit(0); });
-    const auto desktop = X11Desktop::open(mainLoop, process.program.bundleIdentifier());
-    const auto end = [&bus](int status) {
-        if (!bus.connection()) {
-            endWhileBusHangs(status);
-        }
-        return status;
-    };
-    if (!desktop) {
-        describeMissingServer();
-        return end(kExitCannotStart);
-    }
-    const auto serverLost = desktop->onServerLost([&] {
+    X11Desktop desktop(server, mainLoop, process.program.bundleIdentifier());
+    const auto serverLost = desktop.onServerLost([&] {
         describeLostServer();
         mainLoop.quit(kExitServerLost);
     });
-    if (!desktop->hasWindowManager()) {
+    if (!desktop.hasWindowManager()) {
         logLine("no window manager that follows EWMH is running");
     }
-    return end(runOn(*desktop, mainLoop, bus, process));
+    const int status = runOn(desktop, mainLoop, bus, process);
+    if (!bus.connection()) {
+        endWhileBusHangs(status);
+    }
+    return status;
 }
 
 /// A second start has no use for the toolkit's options, but only the toolkit knows them, and only
 /// on a display. Without one nothing is refused.
 std::optional<int> refuseArgumentsOfSecondStart(int argc, char** argv, const Process& process) {
-    if (knowsArguments(argc, argv) || !X11Desktop::isReachable()) {
+    if (knowsArguments(argc, argv) || !ReachedServer::reach()) {
         return std::nullopt;
     }
     std::vector<char*> left(argv, argv + argc); // a start that follows needs them all
@@ -321,9 +315,11 @@ int main(int argc, char* argv[]) {
         removeLeftovers(IniUserDefaults::defaultFile());
     }
     describeSession();
-    if (!X11Desktop::isReachable()) {
+    // Before the toolkit, which ends the program without a server.
+    const auto server = ReachedServer::reach();
+    if (!server) {
         describeMissingServer();
         return kExitCannotStart;
     }
-    return runToolkit(argc, argv, process, terminationSignals);
+    return runToolkit(argc, argv, process, *server, terminationSignals);
 }

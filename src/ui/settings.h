@@ -20,9 +20,9 @@ namespace panewright {
 
 class Model;
 
-/// The settings window: the few options that are not of a single state. The program's delegate makes
-/// it once and keeps it; its controls show what was set when it was made, and what the user sets in
-/// it since.
+/// The settings window: the few options that are not of a single state. The program's delegate
+/// makes it once and keeps it; its controls show what was set when it was made, and what the user
+/// sets in it since.
 class Settings : public ShortcutEntry {
 public:
     /// All of it must outlive the window.

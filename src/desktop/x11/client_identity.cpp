@@ -38,13 +38,12 @@ WindowClass windowClassFrom(const std::string& wmClass) {
 ClientIdentity::ClientIdentity(XConnection& connection, MainLoop& mainLoop,
                                std::string ownBundleIdentifier)
     : connection_(connection), ownBundleIdentifier_(std::move(ownBundleIdentifier)),
-      entries_(DesktopEntries::ofSession(mainLoop)) {
-    constexpr std::uint8_t kMajor = 1; // client ids came with 1.2
+      entries_(DesktopEntries::ofSession(mainLoop)),
+      hasXRes_(connection.firstEventOf(xcb_res_id).has_value()) {
+    constexpr std::uint8_t kMajor = 1; // client ids came with 1.2; an older server refuses them
     constexpr std::uint8_t kMinor = 2;
-    if (connection.firstEventOf(xcb_res_id)) {
-        const auto version = connection.reply(xcb_res_query_version_reply,
-                                              xcb_res_query_version(connection, kMajor, kMinor));
-        hasXRes_ = version && (version->server_major > kMajor || version->server_minor >= kMinor);
+    if (hasXRes_) {
+        xcb_discard_reply(connection, xcb_res_query_version(connection, kMajor, kMinor).sequence);
     }
 }
 

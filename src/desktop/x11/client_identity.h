@@ -40,7 +40,7 @@ private:
     XConnection& connection_;
     std::string ownBundleIdentifier_;
     DesktopEntries entries_;
-    bool hasXRes_ = false;
+    bool hasXRes_;
     /// By the client's range of resources.
     std::map<std::uint32_t, ProcessId> privatePids_;
 };

@@ -1,7 +1,6 @@
 #include "desktop/x11/key_release_watch.h"
 
 #include <utility>
-#include <xcb/xinput.h>
 
 namespace panewright {
 
@@ -12,17 +11,24 @@ KeyReleaseWatch::KeyReleaseWatch(XConnection& connection,
     constexpr std::uint16_t kMajor = 2; // since 2.1 other clients' grabs do not hide raw events
     constexpr std::uint16_t kMinor = 1;
     const auto* extension = xcb_get_extension_data(connection, &xcb_input_id);
-    if (extension && extension->present &&
-        connection.reply(xcb_input_xi_query_version_reply,
-                         xcb_input_xi_query_version(connection, kMajor, kMinor))) {
+    if (extension && extension->present) {
         opcode_ = extension->major_opcode;
+        asked_ = xcb_input_xi_query_version(connection, kMajor, kMinor);
     }
+}
+
+bool KeyReleaseWatch::hasRawEvents() {
+    if (asked_ && !connection_.reply(xcb_input_xi_query_version_reply, *asked_)) {
+        opcode_ = 0;
+    }
+    asked_.reset();
+    return opcode_ != 0;
 }
 
 void KeyReleaseWatch::watch(const std::set<xcb_keycode_t>& keys) {
     const auto asked = keys; // whose owner forgets what it is told of
     watched_ = asked;
-    select(!asked.empty() && opcode_ != 0);
+    select(!asked.empty() && hasRawEvents());
     // What went up before the server knew that we listen is not told of.
     const auto down = isSelected_ ? keysDown() : std::set<xcb_keycode_t>();
     for (const auto key : asked) {

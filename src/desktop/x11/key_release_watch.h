@@ -2,7 +2,10 @@
 
 #include "desktop/x11/x_connection.h"
 
+#include <xcb/xinput.h>
+
 #include <functional>
+#include <optional>
 #include <set>
 
 namespace panewright {
@@ -19,6 +22,7 @@ public:
     void watch(const std::set<xcb_keycode_t>& keys);
 
 private:
+    bool hasRawEvents();
     void handle(const xcb_generic_event_t& event);
     void tell(xcb_keycode_t key);
     void select(bool wanted);
@@ -28,6 +32,8 @@ private:
     std::function<void(xcb_keycode_t)> released_;
     /// Of the extension; 0 without it.
     std::uint8_t opcode_ = 0;
+    /// Whether it is new enough, while nobody needed the answer.
+    std::optional<xcb_input_xi_query_version_cookie_t> asked_;
     bool isSelected_ = false;
     std::set<xcb_keycode_t> watched_;
     Registration events_;

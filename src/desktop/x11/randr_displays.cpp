@@ -1,7 +1,6 @@
 #include "desktop/x11/randr_displays.h"
 
 #include <fmt/format.h>
-#include <xcb/randr.h>
 
 #include <algorithm>
 #include <tuple>
@@ -73,8 +72,7 @@ RandrDisplays::RandrDisplays(XConnection& connection, MainLoop& mainLoop)
     if (randrEvent_) {
         constexpr std::uint32_t kMajor = 1; // monitors came with 1.5
         constexpr std::uint32_t kMinor = 5;
-        connection.reply(xcb_randr_query_version_reply,
-                         xcb_randr_query_version(connection, kMajor, kMinor));
+        xcb_discard_reply(connection, xcb_randr_query_version(connection, kMajor, kMinor).sequence);
         xcb_randr_select_input(
             connection, connection.root(),
             XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE |
@@ -101,15 +99,24 @@ DisplaySnapshot RandrDisplays::read() const {
         randrEvent_ ? connection_.reply(xcb_randr_get_monitors_reply,
                                         xcb_randr_get_monitors(connection_, connection_.root(), 1))
                     : nullptr;
-    std::vector<Monitor> monitors;
     if (!reply) {
         return {};
     }
+    struct Asked {
+        const xcb_randr_monitor_info_t& info;
+        xcb_get_atom_name_cookie_t name;
+        std::vector<xcb_randr_get_output_property_cookie_t> edids;
+    };
+    std::vector<Asked> asked;
     for (auto infos = xcb_randr_get_monitors_monitors_iterator(reply.get()); infos.rem;
          xcb_randr_monitor_info_next(&infos)) {
         const auto& info = *infos.data;
-        const auto identity = identityOf(outputsOf(info));
-        auto name = nameOf(info.name);
+        asked.push_back({info, xcb_get_atom_name(connection_, info.name), askForEdids(info)});
+    }
+    std::vector<Monitor> monitors;
+    for (const auto& [info, askedName, edids] : asked) {
+        const auto identity = identityIn(edids);
+        auto name = nameIn(askedName);
         const Rect bounds{static_cast<double>(info.x), static_cast<double>(info.y),
                           static_cast<double>(info.width), static_cast<double>(info.height)};
         const auto id = idFor(identity, name);
@@ -134,23 +141,30 @@ Display RandrDisplays::rootAsDisplay() const {
     return display;
 }
 
-EdidIdentity RandrDisplays::identityOf(const std::vector<std::uint32_t>& outputs) const {
+std::vector<xcb_randr_get_output_property_cookie_t>
+RandrDisplays::askForEdids(const xcb_randr_monitor_info_t& info) const {
     constexpr std::uint32_t kLongsOfBlock = 32;
-    for (const auto output : outputs) {
-        const auto property = connection_.reply(
-            xcb_randr_get_output_property_reply,
-            xcb_randr_get_output_property(connection_, output, connection_.atoms().EDID,
-                                          XCB_GET_PROPERTY_TYPE_ANY, 0, kLongsOfBlock, 0, 0));
-        if (!property) {
-            continue;
-        }
-        const auto* bytes = xcb_randr_get_output_property_data(property.get());
-        const auto size = xcb_randr_get_output_property_data_length(property.get());
-        if (const auto identity = parseEdid({bytes, static_cast<std::size_t>(size)})) {
-            return *identity;
+    std::vector<xcb_randr_get_output_property_cookie_t> asked;
+    for (const auto output : outputsOf(info)) {
+        asked.push_back(xcb_randr_get_output_property(connection_, output, connection_.atoms().EDID,
+                                                      XCB_GET_PROPERTY_TYPE_ANY, 0, kLongsOfBlock,
+                                                      0, 0));
+    }
+    return asked;
+}
+
+EdidIdentity
+RandrDisplays::identityIn(const std::vector<xcb_randr_get_output_property_cookie_t>& edids) const {
+    std::optional<EdidIdentity> first;
+    for (const auto& asked : edids) {
+        const auto property = connection_.reply(xcb_randr_get_output_property_reply, asked);
+        if (property && !first) {
+            const auto* bytes = xcb_randr_get_output_property_data(property.get());
+            const auto size = xcb_randr_get_output_property_data_length(property.get());
+            first = parseEdid({bytes, static_cast<std::size_t>(size)});
         }
     }
-    return {};
+    return first.value_or(EdidIdentity());
 }
 
 DisplayId RandrDisplays::idFor(const EdidIdentity& identity, const std::string& name) const {
@@ -159,9 +173,8 @@ DisplayId RandrDisplays::idFor(const EdidIdentity& identity, const std::string& 
     return ids_.try_emplace(key, static_cast<DisplayId>(ids_.size() + 1)).first->second;
 }
 
-std::string RandrDisplays::nameOf(xcb_atom_t atom) const {
-    const auto reply =
-        connection_.reply(xcb_get_atom_name_reply, xcb_get_atom_name(connection_, atom));
+std::string RandrDisplays::nameIn(xcb_get_atom_name_cookie_t asked) const {
+    const auto reply = connection_.reply(xcb_get_atom_name_reply, asked);
     return reply ? std::string(xcb_get_atom_name_name(reply.get()),
                                xcb_get_atom_name_name_length(reply.get()))
                  : std::string();

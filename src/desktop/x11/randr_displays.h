@@ -5,6 +5,8 @@
 #include "desktop/x11/x_connection.h"
 #include "platform/displays.h"
 
+#include <xcb/randr.h>
+
 #include <map>
 #include <optional>
 #include <string>
@@ -30,9 +32,13 @@ public:
 private:
     DisplaySnapshot read() const;
     Display rootAsDisplay() const;
-    EdidIdentity identityOf(const std::vector<std::uint32_t>& outputs) const;
+    /// One for each output of the monitor.
+    std::vector<xcb_randr_get_output_property_cookie_t>
+    askForEdids(const xcb_randr_monitor_info_t& info) const;
+    /// That of the first output that has one.
+    EdidIdentity identityIn(const std::vector<xcb_randr_get_output_property_cookie_t>& edids) const;
     DisplayId idFor(const EdidIdentity& identity, const std::string& name) const;
-    std::string nameOf(xcb_atom_t atom) const;
+    std::string nameIn(xcb_get_atom_name_cookie_t asked) const;
     bool isChange(const xcb_generic_event_t& event) const;
     void reportSoon();
 

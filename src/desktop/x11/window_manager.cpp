@@ -24,29 +24,27 @@ WindowManager::Current& WindowManager::current() {
     return *current_;
 }
 
+/// One that has died leaves the root's properties behind: a living one says of its check window the
+/// same as of the root (EWMH, _NET_SUPPORTING_WM_CHECK).
 WindowManager::Current WindowManager::read() {
-    Current found;
-    found.checkWindow = livingCheckWindow();
-    if (found.checkWindow == kNoWindow) {
-        return found;
-    }
-    found.selection = connection_.selectEvents(found.checkWindow, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     const auto& atoms = connection_.atoms();
-    XPropertyRequest name(connection_, found.checkWindow, atoms._NET_WM_NAME);
+    const auto check = atoms._NET_SUPPORTING_WM_CHECK;
+    XPropertyRequest ofRoot(connection_, connection_.root(), check);
     XPropertyRequest supported(connection_, connection_.root(), atoms._NET_SUPPORTED);
-    found.name = name.text().value_or("");
-    found.supported = supported.numbers();
-    return found;
-}
-
-xcb_window_t WindowManager::livingCheckWindow() {
-    const auto check = connection_.atoms()._NET_SUPPORTING_WM_CHECK;
-    const auto named = XPropertyRequest(connection_, connection_.root(), check).number();
+    const auto named = ofRoot.number();
     if (!named) {
-        return kNoWindow;
+        return {};
     }
-    const auto itself = XPropertyRequest(connection_, *named, check).number();
-    return itself == named ? *named : kNoWindow;
+    auto selection = connection_.selectEvents(*named, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    XPropertyRequest itself(connection_, *named, check);
+    XPropertyRequest name(connection_, *named, atoms._NET_WM_NAME);
+    if (itself.number() != named) {
+        return {};
+    }
+    return {.checkWindow = *named,
+            .name = name.text().value_or(""),
+            .supported = supported.numbers(),
+            .selection = std::move(selection)};
 }
 
 void WindowManager::handle(const xcb_generic_event_t& event) {

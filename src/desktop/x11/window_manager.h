@@ -37,7 +37,6 @@ private:
 
     Current& current();
     Current read();
-    xcb_window_t livingCheckWindow();
     void handle(const xcb_generic_event_t& event);
     void forget();
 

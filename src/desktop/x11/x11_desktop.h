@@ -19,7 +19,6 @@
 #include "desktop/x11/xkb_keyboard_layout.h"
 #include "desktop/x11/xkb_keymap.h"
 
-#include <memory>
 #include <string>
 
 namespace panewright {
@@ -27,21 +26,14 @@ namespace panewright {
 /// The ports of an X session, on one connection.
 class X11Desktop {
 public:
-    /// Whether the server that $DISPLAY names answers: the toolkit ends the program if not.
-    static bool isReachable();
-
-    /// Null when it does not.
-    static std::unique_ptr<X11Desktop> open(MainLoop& mainLoop, std::string ownBundleIdentifier);
+    X11Desktop(ReachedServer& server, MainLoop& mainLoop, std::string ownBundleIdentifier);
 
 private:
-    std::unique_ptr<XConnection> connection_;
+    XConnection connection_;
     WindowManager manager_;
     XkbKeymap keymap_;
     WindowFactsOfTurn facts_;
     ActiveWindows activeWindows_;
-
-    X11Desktop(std::unique_ptr<XConnection> connection, MainLoop& mainLoop,
-               std::string ownBundleIdentifier);
 
 public:
     RandrDisplays displays;
@@ -64,7 +56,7 @@ public:
 
     /// Called once, when the X server has gone away.
     Registration onServerLost(std::function<void()> callback) {
-        return connection_->onLost(std::move(callback));
+        return connection_.onLost(std::move(callback));
     }
 
     /// Whether an EWMH window manager runs.

@@ -7,11 +7,10 @@
 namespace panewright {
 
 X11OwnWindows::X11OwnWindows(XConnection& connection, X11Workspace& workspace)
-    : connection_(connection), workspace_(workspace),
-      compositingManager_(screenSelection(connection, "_NET_WM_CM_S")) {}
+    : connection_(connection), workspace_(workspace) {}
 
 bool X11OwnWindows::areComposited() const {
-    return selectionOwner(connection_, compositingManager_) != kNoWindow;
+    return selectionOwner(connection_, connection_.atoms().compositorOfScreen) != kNoWindow;
 }
 
 /// A window that is not mapped carries the states that it is to be mapped with (EWMH,

@@ -22,7 +22,6 @@ public:
 private:
     XConnection& connection_;
     X11Workspace& workspace_;
-    xcb_atom_t compositingManager_;
 };
 
 } // namespace panewright

@@ -74,11 +74,11 @@ X11WorkAreas::X11WorkAreas(XConnection& connection, WindowManager& manager,
       arrivals_(connection.onArrival([this](const auto& event) { noteArrival(event); })),
       events_(connection.onEvent([this](const auto& event) { handle(event); })),
       managerChanges_(manager.onChange([this] { readSoon(); })) {
-    if (const auto root = connection.reply(xcb_get_geometry_reply,
-                                           xcb_get_geometry(connection, connection.root()))) {
+    const auto asked = xcb_get_geometry(connection, connection.root());
+    read();
+    if (const auto root = connection.reply(xcb_get_geometry_reply, asked)) {
         screen_ = {static_cast<double>(root->width), static_cast<double>(root->height)};
     }
-    read();
 }
 
 Rect X11WorkAreas::workArea(DisplayId display) const {

@@ -2,6 +2,9 @@
 
 #include <xcb/xcb.h>
 
+#include <string>
+#include <vector>
+
 namespace panewright {
 
 /// Every atom that the adapter uses, under its name on the wire.
@@ -47,8 +50,31 @@ struct XAtoms {
     PANEWRIGHT_X_ATOMS(PANEWRIGHT_X_ATOM_MEMBER)
 #undef PANEWRIGHT_X_ATOM_MEMBER
 
-    /// Asks the server for all of them in one round trip.
-    static XAtoms intern(xcb_connection_t* connection);
+    // The manager selections of the screen that $DISPLAY names (ICCCM 2.8): of the tray for icons
+    // that are windows, and of the compositing manager (EWMH).
+    xcb_atom_t systemTrayOfScreen = XCB_ATOM_NONE;
+    xcb_atom_t compositorOfScreen = XCB_ATOM_NONE;
+};
+
+/// All atoms, asked for. The connection must outlive it.
+class XAtomsRequest {
+public:
+    /// `screen` is the number of the screen.
+    XAtomsRequest(xcb_connection_t* connection, int screen);
+
+    /// Waits for the answers. Once only; one that is not there is XCB_ATOM_NONE.
+    XAtoms take();
+
+private:
+    void ask(const std::string& name, xcb_atom_t XAtoms::*member);
+
+    struct Asked {
+        xcb_intern_atom_cookie_t cookie;
+        xcb_atom_t XAtoms::*member;
+    };
+
+    xcb_connection_t* connection_;
+    std::vector<Asked> asked_;
 };
 
 } // namespace panewright

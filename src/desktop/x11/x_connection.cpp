@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <string_view>
 
 namespace panewright {
 namespace {
@@ -14,47 +13,9 @@ constexpr std::uint8_t kSyntheticBit = 0x80;
 
 } // namespace
 
-XAtoms XAtoms::intern(xcb_connection_t* connection) {
-    struct Wanted {
-        std::string_view name;
-        xcb_atom_t XAtoms::*member;
-        xcb_intern_atom_cookie_t cookie;
-    };
-    Wanted wanted[] = {
-#define PANEWRIGHT_X_ATOM_WANTED(name) {#name, &XAtoms::name, {}},
-        PANEWRIGHT_X_ATOMS(PANEWRIGHT_X_ATOM_WANTED)
-#undef PANEWRIGHT_X_ATOM_WANTED
-    };
-    for (auto& atom : wanted) {
-        atom.cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(atom.name.size()),
-                                      atom.name.data());
-    }
-    XAtoms atoms;
-    for (auto& atom : wanted) {
-        const XReply<xcb_intern_atom_reply_t> reply(
-            xcb_intern_atom_reply(connection, atom.cookie, nullptr));
-        atoms.*atom.member = reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
-    }
-    return atoms;
-}
-
-std::unique_ptr<XConnection> XConnection::open(MainLoop& mainLoop) {
-    int screenNumber = 0;
-    auto* connection = xcb_connect(nullptr, &screenNumber);
-    if (xcb_connection_has_error(connection)) {
-        xcb_disconnect(connection);
-        return nullptr;
-    }
-    auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
-    for (; screenNumber > 0 && screens.rem > 1; --screenNumber) {
-        xcb_screen_next(&screens);
-    }
-    return std::unique_ptr<XConnection>(new XConnection(mainLoop, connection, screens.data->root));
-}
-
-XConnection::XConnection(MainLoop& mainLoop, xcb_connection_t* connection, xcb_window_t root)
-    : mainLoop_(mainLoop), connection_(connection), root_(root),
-      atoms_(XAtoms::intern(connection)) {
+XConnection::XConnection(MainLoop& mainLoop, ReachedServer& server)
+    : mainLoop_(mainLoop), root_(server.root()), atoms_(server.atoms()),
+      connection_(server.takeConnection()) {
     watch();
 }
 

@@ -4,6 +4,7 @@
 #include "base/observer_list.h"
 #include "base/registration.h"
 #include "desktop/x11/posted_once.h"
+#include "desktop/x11/reached_server.h"
 #include "desktop/x11/x_atoms.h"
 #include "platform/main_loop.h"
 
@@ -36,8 +37,8 @@ using XEvent = XReply<xcb_generic_event_t>;
 /// server. Coordinates are root-window pixels, which are global points. Main thread only.
 class XConnection {
 public:
-    /// The server that $DISPLAY names; null when it cannot be reached.
-    static std::unique_ptr<XConnection> open(MainLoop& mainLoop);
+    /// Takes the server's connection.
+    XConnection(MainLoop& mainLoop, ReachedServer& server);
     ~XConnection();
     XConnection(const XConnection&) = delete;
     XConnection& operator=(const XConnection&) = delete;
@@ -110,8 +111,6 @@ public:
     xcb_window_t createHelperWindow();
 
 private:
-    XConnection(MainLoop& mainLoop, xcb_connection_t* connection, xcb_window_t root);
-
     void watch();
     void arrived(XEvent event);
     void dispatch();
@@ -119,9 +118,9 @@ private:
     void applyEventMask(xcb_window_t window);
 
     MainLoop& mainLoop_;
-    xcb_connection_t* connection_;
     xcb_window_t root_;
     XAtoms atoms_;
+    xcb_connection_t* connection_;
     std::deque<XEvent> events_;
     std::uint64_t arrivedCount_ = 0;
     ObserverList<const xcb_generic_event_t&> eventObservers_;

@@ -5,7 +5,7 @@
 namespace panewright {
 
 XEmbedTray::XEmbedTray(XConnection& connection)
-    : connection_(connection), selection_(screenSelection(connection, "_NET_SYSTEM_TRAY_S")),
+    : connection_(connection), selection_(connection.atoms().systemTrayOfScreen),
       // The message that announces a tray is sent to those who want the root's structure events.
       rootSelection_(connection.selectEvents(connection.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY)),
       events_(connection.onEvent([this](const auto& event) { handle(event); })) {

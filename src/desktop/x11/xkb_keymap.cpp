@@ -1,9 +1,7 @@
 #include "desktop/x11/xkb_keymap.h"
 
-// A member of a C structure in this header is named like a keyword of C++.
-#define explicit explicitMember
-#include <xcb/xkb.h>
-#undef explicit
+#include "desktop/x11/xcb_xkb.h"
+
 #include <xkbcommon/xkbcommon-keysyms.h>
 #include <xkbcommon/xkbcommon-x11.h>
 
@@ -91,7 +89,7 @@ void XkbKeymap::selectXkbEvents() {
     const auto repeat = xcb_xkb_per_client_flags(
         connection_, XCB_XKB_ID_USE_CORE_KBD, XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT,
         XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT, 0, 0, 0);
-    connection_.reply(xcb_xkb_per_client_flags_reply, repeat);
+    xcb_discard_reply(connection_, repeat.sequence);
 }
 
 void XkbKeymap::handle(const xcb_generic_event_t& event) {
@@ -110,12 +108,6 @@ void XkbKeymap::activate(xkb_layout_index_t layout) {
         typesAscii(keymap_.get(), layout)) {
         asciiLayout_ = layout;
     }
-}
-
-xkb_layout_index_t XkbKeymap::readActiveLayout() {
-    const auto state = connection_.reply(xcb_xkb_get_state_reply,
-                                         xcb_xkb_get_state(connection_, XCB_XKB_ID_USE_CORE_KBD));
-    return state ? state->lockedGroup : 0;
 }
 
 /// The new mapping may have the layouts in another order, so the one that is not active any more is
@@ -143,29 +135,34 @@ void XkbKeymap::reloadSoon() {
 }
 
 void XkbKeymap::reload() {
-    const auto device = xkb_x11_get_core_keyboard_device_id(connection_);
-    if (!context_ || device < 0) {
-        return;
+    if (!context_ || xkbEvent_ == 0) {
+        return; // a request of an extension that the server lacks would end the connection
     }
-    if (auto* keymap = xkb_x11_keymap_new_from_device(context_.get(), connection_, device,
-                                                      XKB_KEYMAP_COMPILE_NO_FLAGS)) {
+    // Asked before the library asks and waits: the answers come with its own.
+    const auto stateAsked = xcb_xkb_get_state(connection_, XCB_XKB_ID_USE_CORE_KBD);
+    const auto mappingAsked = xcb_get_modifier_mapping(connection_);
+    const auto device = xkb_x11_get_core_keyboard_device_id(connection_);
+    auto* const keymap = device < 0
+                             ? nullptr
+                             : xkb_x11_keymap_new_from_device(context_.get(), connection_, device,
+                                                              XKB_KEYMAP_COMPILE_NO_FLAGS);
+    const auto state = connection_.reply(xcb_xkb_get_state_reply, stateAsked);
+    const auto mapping = connection_.reply(xcb_get_modifier_mapping_reply, mappingAsked);
+    if (keymap) {
         asciiLayout_ = asciiLayoutIn(keymap);
         keymap_.reset(keymap);
-        activate(readActiveLayout());
-        modifiers_ = readModifiers();
+        activate(state ? state->lockedGroup : 0);
+        modifiers_ = modifiersIn(mapping.get());
     }
-    connection_.keepQueuedEvents();
 }
 
-ModifierMasks XkbKeymap::readModifiers() {
+ModifierMasks XkbKeymap::modifiersIn(const xcb_get_modifier_mapping_reply_t* mapping) const {
     ModifierMasks masks;
     masks.locks = {XCB_MOD_MASK_LOCK};
-    const auto mapping =
-        connection_.reply(xcb_get_modifier_mapping_reply, xcb_get_modifier_mapping(connection_));
     if (!mapping) {
         return masks;
     }
-    const auto* keys = xcb_get_modifier_mapping_keycodes(mapping.get());
+    const auto* keys = xcb_get_modifier_mapping_keycodes(mapping);
     constexpr unsigned kFirst = XCB_MAP_INDEX_1;
     constexpr unsigned kLast = XCB_MAP_INDEX_5;
     for (unsigned modifier = kFirst; modifier <= kLast; ++modifier) {

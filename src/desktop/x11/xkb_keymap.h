@@ -46,12 +46,12 @@ private:
     void handle(const xcb_generic_event_t& event);
     void reloadSoon();
     void reload();
-    xkb_layout_index_t readActiveLayout();
     /// Makes it the one for asciiLayout() if it types ASCII.
     void activate(xkb_layout_index_t layout);
     /// Where the layout for asciiLayout() is in a new mapping.
     xkb_layout_index_t asciiLayoutIn(xkb_keymap* keymap) const;
-    ModifierMasks readModifiers();
+    /// Of a keyboard with that mapping of its keys to modifiers; null if it could not be read.
+    ModifierMasks modifiersIn(const xcb_get_modifier_mapping_reply_t* mapping) const;
 
     struct KeymapDeleter {
         void operator()(xkb_keymap* keymap) const { xkb_keymap_unref(keymap); }
