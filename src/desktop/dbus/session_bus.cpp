@@ -39,14 +39,14 @@ struct SessionBus::Link {
         if (mainLoop) {
             mainLoop->post([self, connection] {
                 if (auto* const owner = self->bus) {
-                    owner->setConnection(connection);
+                    owner->setConnectionSoon(connection);
                 }
             });
         }
     }
 };
 
-SessionBus::SessionBus(MainLoop& mainLoop) : link_(std::make_shared<Link>()) {
+SessionBus::SessionBus(MainLoop& mainLoop) : mainLoop_(mainLoop), link_(std::make_shared<Link>()) {
     link_->mainLoop = &mainLoop;
     link_->bus = this;
     // Left to itself: a bus that hangs must not keep the program from ending either.
@@ -57,6 +57,12 @@ SessionBus::SessionBus(MainLoop& mainLoop) : link_(std::make_shared<Link>()) {
         readWithoutLimit(connection);
         link->tell(connection, link);
     }).detach();
+}
+
+/// After what was posted before: at the start the hot keys come first.
+void SessionBus::setConnectionSoon(const QDBusConnection& connection) {
+    soon_ = mainLoop_.after(std::chrono::milliseconds(0),
+                            [this, connection] { setConnection(connection); });
 }
 
 void SessionBus::setConnection(const QDBusConnection& connection) {

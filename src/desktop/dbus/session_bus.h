@@ -42,10 +42,13 @@ private slots:
 private:
     struct Link;
 
+    void setConnectionSoon(const QDBusConnection& connection);
     void setConnection(const QDBusConnection& connection);
 
+    MainLoop& mainLoop_;
     /// What the thread tells of the connection through, as long as this object lives.
     std::shared_ptr<Link> link_;
+    Registration soon_;
     std::optional<QDBusConnection> connection_;
     ObserverList<> known_;
     ObserverList<> ended_;

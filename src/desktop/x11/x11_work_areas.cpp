@@ -74,18 +74,26 @@ X11WorkAreas::X11WorkAreas(XConnection& connection, WindowManager& manager,
       arrivals_(connection.onArrival([this](const auto& event) { noteArrival(event); })),
       events_(connection.onEvent([this](const auto& event) { handle(event); })),
       managerChanges_(manager.onChange([this] { readSoon(); })) {
-    const auto asked = xcb_get_geometry(connection, connection.root());
-    read();
-    if (const auto root = connection.reply(xcb_get_geometry_reply, asked)) {
-        screen_ = {static_cast<double>(root->width), static_cast<double>(root->height)};
+    readSoon();
+}
+
+void X11WorkAreas::readIfUnread() const {
+    if (!isRead_) {
+        const auto asked = xcb_get_geometry(connection_, connection_.root());
+        read();
+        if (const auto root = connection_.reply(xcb_get_geometry_reply, asked)) {
+            screen_ = {static_cast<double>(root->width), static_cast<double>(root->height)};
+        }
     }
 }
 
 Rect X11WorkAreas::workArea(DisplayId display) const {
+    readIfUnread();
     return areaWithoutStruts(displayWithId(displays_.snapshot(), display).bounds, screen_, struts_);
 }
 
 std::vector<DisplayArea> X11WorkAreas::all() const {
+    readIfUnread();
     std::vector<DisplayArea> areas;
     for (const auto& display : displays_.snapshot()) {
         areas.push_back({display.bounds, areaWithoutStruts(display.bounds, screen_, struts_)});
@@ -130,16 +138,17 @@ bool X11WorkAreas::isOfPanel(const xcb_generic_event_t& event) const {
     }
 }
 
-void X11WorkAreas::readSoon() {
+void X11WorkAreas::readSoon() const {
     if (!pendingRead_) {
         pendingRead_ = mainLoop_.after(kSettlingTime, [this] {
             pendingRead_.release();
-            read();
+            isRead_ ? read() : readIfUnread();
         });
     }
 }
 
-void X11WorkAreas::read() {
+void X11WorkAreas::read() const {
+    isRead_ = true;
     XPropertyRequest clients(connection_, connection_.root(), connection_.atoms()._NET_CLIENT_LIST,
                              kMaxClients);
     Followed followed;
@@ -152,7 +161,7 @@ void X11WorkAreas::read() {
 }
 
 std::vector<StrutPartial> X11WorkAreas::strutsOf(const std::vector<xcb_window_t>& windows,
-                                                 Followed& followed, bool areListed) {
+                                                 Followed& followed, bool areListed) const {
     const auto& atoms = connection_.atoms();
     std::deque<XPropertyRequest> requests;
     for (const auto window : windows) {
@@ -185,7 +194,7 @@ std::vector<StrutPartial> X11WorkAreas::strutsOf(const std::vector<xcb_window_t>
     return struts;
 }
 
-void X11WorkAreas::follow(xcb_window_t window, Followed& followed) {
+void X11WorkAreas::follow(xcb_window_t window, Followed& followed) const {
     if (const auto known = followed_.find(window); known != followed_.end()) {
         followed.insert(followed_.extract(known));
         return;
@@ -197,14 +206,14 @@ void X11WorkAreas::follow(xcb_window_t window, Followed& followed) {
     }
 }
 
-bool X11WorkAreas::mayBeManaged(xcb_window_t window) {
+bool X11WorkAreas::mayBeManaged(xcb_window_t window) const {
     const auto attributes = connection_.reply(xcb_get_window_attributes_reply,
                                               xcb_get_window_attributes(connection_, window));
     return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE &&
            attributes->override_redirect == 0;
 }
 
-std::vector<xcb_window_t> X11WorkAreas::outerWindows() {
+std::vector<xcb_window_t> X11WorkAreas::outerWindows() const {
     std::vector<xcb_window_t> parents{connection_.root()};
     std::vector<xcb_window_t> found;
     for (int depth = 0; depth < 2; ++depth) {

@@ -26,8 +26,9 @@ Rect areaWithoutStruts(const Rect& display, Size screen, const std::vector<Strut
 /// The displays less the struts of the windows that the window manager lists, of any that a manager
 /// may keep room for if those have none.
 ///
-/// The struts are remembered, so that asking waits for nobody. They are read again a moment after
-/// the manager has changed its list or the common work area, or a panel something about its own.
+/// The struts are remembered, so that asking waits for nobody but the first time, which comes a
+/// moment after the start if nobody asks. They are read again a moment after the manager has
+/// changed its list or the common work area, or a panel something about its own.
 class X11WorkAreas : public WorkAreas {
 public:
     X11WorkAreas(XConnection& connection, WindowManager& manager, const Displays& displays,
@@ -40,16 +41,17 @@ public:
 private:
     using Followed = std::map<xcb_window_t, Registration>;
 
-    void read();
-    void readSoon();
+    void read() const;
+    void readIfUnread() const;
+    void readSoon() const;
     /// Follows those that have a strut or may get one.
     std::vector<StrutPartial> strutsOf(const std::vector<xcb_window_t>& windows, Followed& followed,
-                                       bool areListed);
-    void follow(xcb_window_t window, Followed& followed);
+                                       bool areListed) const;
+    void follow(xcb_window_t window, Followed& followed) const;
     /// Whether a manager that does not list the window may keep room for it.
-    bool mayBeManaged(xcb_window_t window);
+    bool mayBeManaged(xcb_window_t window) const;
     /// The children of the root, which may be frames, and their children.
-    std::vector<xcb_window_t> outerWindows();
+    std::vector<xcb_window_t> outerWindows() const;
     void noteArrival(const xcb_generic_event_t& event);
     void handle(const xcb_generic_event_t& event);
     bool isOfPanel(const xcb_generic_event_t& event) const;
@@ -57,12 +59,13 @@ private:
     XConnection& connection_;
     const Displays& displays_;
     MainLoop& mainLoop_;
+    mutable bool isRead_ = false;
     /// Of all displays together.
-    Size screen_;
-    std::vector<StrutPartial> struts_;
+    mutable Size screen_;
+    mutable std::vector<StrutPartial> struts_;
     /// Panels, and other windows that have had a strut.
-    Followed followed_;
-    Registration pendingRead_;
+    mutable Followed followed_;
+    mutable Registration pendingRead_;
     Registration rootSelection_;
     Registration arrivals_;
     Registration events_;
