@@ -9,12 +9,16 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Far more than programs ask at once that wait for their answers.
-constexpr std::size_t kMostWaiting = 1000;
+/// More than programs ask at once that wait for their answers, and few enough for the last one to
+/// have its turn within the time that callers wait.
+constexpr std::size_t kMostWaiting = 200;
 constexpr std::size_t kMostWaitingBytes = 32 << 20;
 
-/// The least that the main thread rests between two calls.
+/// The least that the main thread rests between two calls, and between those of a flood: a call
+/// that moves a window keeps the window manager busy for longer than us.
 constexpr auto kShortestRest = 2ms;
+constexpr auto kShortestRestInFlood = 10ms;
+constexpr std::size_t kFlood = 50; // so many wait
 
 } // namespace
 
@@ -38,14 +42,20 @@ void CallQueue::doNext() {
         return;
     }
     // The call may run the loop itself, until a window is closed.
-    rest_ = mainLoop_.after(kShortestRest, [this] { doNext(); });
+    const auto shortest = shortestRest();
+    rest_ = mainLoop_.after(shortest, [this] { doNext(); });
     const auto start = std::chrono::steady_clock::now();
     call();
     const auto taken =
         std::chrono::ceil<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
-    if (taken > kShortestRest) {
+    if (taken > shortest) {
         rest_ = mainLoop_.after(taken, [this] { doNext(); });
     }
+}
+
+std::chrono::milliseconds CallQueue::shortestRest() {
+    const std::scoped_lock lock(mutex_);
+    return waiting_.size() < kFlood ? kShortestRest : kShortestRestInFlood;
 }
 
 std::function<void()> CallQueue::takeNext() {

@@ -3,6 +3,7 @@
 #include "base/lifetime.h"
 #include "platform/main_loop.h"
 
+#include <chrono>
 #include <cstddef>
 #include <deque>
 #include <functional>
@@ -30,6 +31,7 @@ private:
     };
 
     void doNext();
+    std::chrono::milliseconds shortestRest();
     std::function<void()> takeNext();
 
     MainLoop& mainLoop_;

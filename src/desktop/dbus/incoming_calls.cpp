@@ -1,6 +1,7 @@
 #include "desktop/dbus/incoming_calls.h"
 
-#include "desktop/linux/signal_stack.h"
+#include "desktop/dbus/bus_priority.h"
+#include "desktop/linux/own_thread.h"
 
 #include <QDBusError>
 
@@ -22,7 +23,8 @@ std::size_t bytesOf(const QDBusMessage& call) {
 
 IncomingCalls::IncomingCalls(MainLoop& mainLoop, const QDBusConnection& connection)
     : connection_(connection), object_(new QObject), queue_(mainLoop) {
-    QObject::connect(&thread_, &QThread::started, useOwnSignalStack); // on the thread itself
+    // Without a receiver: on the thread itself.
+    QObject::connect(&thread_, &QThread::started, [] { beginOwnThread(kBusNiceValue); });
     QObject::connect(&thread_, &QThread::finished, object_, &QObject::deleteLater);
 }
 

@@ -1,6 +1,7 @@
 #include "desktop/dbus/session_bus.h"
 
-#include "desktop/linux/signal_stack.h"
+#include "desktop/dbus/bus_priority.h"
+#include "desktop/linux/own_thread.h"
 
 #include <dbus/dbus.h>
 
@@ -51,7 +52,7 @@ SessionBus::SessionBus(MainLoop& mainLoop) : mainLoop_(mainLoop), link_(std::mak
     link_->bus = this;
     // Left to itself: a bus that hangs must not keep the program from ending either.
     std::thread([link = link_] {
-        useOwnSignalStack();
+        beginOwnThread(kBusNiceValue); // the toolkit's own thread for the bus inherits it
         const auto connection =
             QDBusConnection::connectToBus(QDBusConnection::SessionBus, "panewright");
         readWithoutLimit(connection);
