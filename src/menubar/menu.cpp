@@ -61,6 +61,12 @@ void removeItemsWithTag(Menu& menu, std::int64_t tag) {
     menu.removeItems([&](const MenuItem& item) { return item.tag == tag; });
 }
 
+std::shared_ptr<MenuItem> itemWithTitle(std::string title) {
+    auto item = std::make_shared<MenuItem>();
+    item->title = std::move(title);
+    return item;
+}
+
 std::shared_ptr<MenuItem> separatorItemWithTag(std::int64_t tag) {
     auto item = std::make_shared<MenuItem>();
     item->isSeparator = true;

@@ -103,6 +103,8 @@ void removeItemsWithTagsInRange(Menu& menu, const Range& range);
 void removeItemsWithTag(Menu& menu, std::int64_t tag);
 
 std::shared_ptr<MenuItem> separatorItemWithTag(std::int64_t tag);
+/// One that only says something.
+std::shared_ptr<MenuItem> itemWithTitle(std::string title);
 
 /// Nothing for an item that is in no menu.
 void removeFromContainingMenu(MenuItem& item);

@@ -4,7 +4,7 @@
 #include "menubar/fixed_menu_items.h"
 #include "menubar/focus_tracking.h"
 #include "menubar/menu.h"
-#include "model/window_state.h"
+#include "menubar/state_menu_items.h"
 #include "platform/displays.h"
 #include "platform/hot_keys.h"
 #include "platform/main_loop.h"
@@ -13,11 +13,9 @@
 #include "services/tracking.h"
 #include "shortcuts/shortcut_text.h"
 #include "ui/store_troubles.h"
-#include "ui/window_state_images.h"
 
 #include <functional>
 #include <memory>
-#include <optional>
 
 namespace panewright {
 
@@ -74,11 +72,6 @@ public:
     /// Puts the states in, in place of those that are there.
     void rebuildMenuFlat(bool flat);
 
-    /// An item for the application of the states, with a submenu of them in their order, which
-    /// begins with the application's bundle identifier if that is included. There must be one.
-    std::shared_ptr<MenuItem> itemWithMenuForKeyEvents(const WindowStateArray& states,
-                                                       bool includeAppBundle);
-
     /// Applies the item's state; with Option edits it, with Option and Shift deletes it and the
     /// item.
     void onMenuItemClicked(MenuItem& item, const MenuChoice& choice);
@@ -89,22 +82,13 @@ public:
 private:
     /// Below the states that end before the index.
     void showStoreTrouble(std::size_t index);
-    MenuItems quickItems();
-    void addApplications(MenuItems& section, bool flat);
-    void addFlat(MenuItems& section, const WindowStates& states);
-    void addGrouped(MenuItems& section, const WindowStates& states);
-    std::shared_ptr<MenuItem> stateItem(const std::shared_ptr<WindowState>& state, ImagePtr image);
-    std::shared_ptr<MenuItem> titleItem(std::string title) const;
     std::shared_ptr<MenuItem> helpItem() const;
-    MenuShortcut shortcutOf(const CarbonKeyEvent& key) const;
-    void markTakenShortcuts();
 
     Services services_;
     Actions actions_;
     FixedMenuItems fixed_;
     const std::unique_ptr<Menu> menu_ = std::make_unique<Menu>();
-    /// Made anew for each opening.
-    WindowStateImages images_;
+    StateMenuItems stateItems_;
     Registration destroyMenuTimer_;
 };
 
