@@ -61,21 +61,18 @@ TEST_F(UsageEventsTest, AreSentEachOnItsPathOnly) {
              save().allApplications = save().preferred = true;
              save().appOnly = false;
              save().controller().save();
-             desktop_.mainLoop.runPending();
          },
          {menu, "SaveWindowState" + mine}},
         {"saving nothing",
          [&] {
              choose("Save Current Window…");
              save().controller().cancel();
-             desktop_.mainLoop.runPending();
          },
          {menu, "CancelSaveWindowState"}},
         {"editing",
          [&] {
              choose("Mine", kOption);
              edit().controller().save();
-             desktop_.mainLoop.runPending();
          },
          {menu, "EditWindowState" + mine, "SaveEditsToWindowState" + mine}},
         {"a popover in the place of another",
@@ -84,7 +81,6 @@ TEST_F(UsageEventsTest, AreSentEachOnItsPathOnly) {
              choose("Save Current Window…");
              choose("Mine", kOption);
              edit().controller().cancel();
-             desktop_.mainLoop.runPending();
          },
          {menu, "EditWindowState" + mine, menu, "CancelEditWindowState" + mine, menu,
           "CancelSaveWindowState", "EditWindowState" + mine, "CancelEditWindowState" + mine}},
@@ -92,7 +88,6 @@ TEST_F(UsageEventsTest, AreSentEachOnItsPathOnly) {
          [&] {
              choose("Mine", kOption);
              edit().controller().keyDown({kEscape, 0});
-             desktop_.mainLoop.runPending();
          },
          {menu, "EditWindowState" + mine}},
         {"deleting in the popover after all",
@@ -102,7 +97,6 @@ TEST_F(UsageEventsTest, AreSentEachOnItsPathOnly) {
              desktop_.alerts.press(1);
              edit().controller().deleteWindowState(0);
              desktop_.alerts.press(0);
-             desktop_.mainLoop.runPending();
          },
          {menu, "EditWindowState" + mine, "RemoveWindowState" + mine, "DeleteWindowState" + mine}},
         {"deleting in the menu",
@@ -149,6 +143,7 @@ TEST_F(UsageEventsTest, AreSentEachOnItsPathOnly) {
     eventsWithAttributes();
     for (const auto& [name, act, events] : tour) {
         act();
+        desktop_.mainLoop.runPending();
         EXPECT_EQ(eventsWithAttributes(), events) << name;
     }
 }

@@ -77,14 +77,6 @@ TEST_F(StatusItemControllerTest, FollowsTheFocusedWindowAndItsDisplay) {
     EXPECT_EQ(controller().tracking().windowElement(), nullptr);
 }
 
-TEST_F(StatusItemControllerTest, BeepsWhenThereIsNoWindowToPlace) {
-    desktop_.windows.closeWindow(window_);
-    EXPECT_TRUE(press(19));
-    EXPECT_EQ(desktop_.beeper.beeps, 1);
-    EXPECT_TRUE(press(kNextKey));
-    EXPECT_EQ(desktop_.beeper.beeps, 2);
-}
-
 TEST_F(StatusItemControllerTest, AsksForPermissionAndComesForwardWithoutIt) {
     desktop_.windows.setPermitted(false);
     EXPECT_EQ(frameAfter(19), kStart);

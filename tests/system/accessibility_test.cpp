@@ -145,7 +145,7 @@ protected:
     const std::filesystem::path opened_ = bin_.path() / "opened";
 };
 
-TEST_P(Accessibility, TellsOfEveryControlAndObeys) {
+TEST_F(Accessibility, TellsOfEveryControlAndObeys) {
     openMenu(window_);
     expectShown(kMenu);
 
@@ -180,7 +180,7 @@ TEST_P(Accessibility, TellsOfEveryControlAndObeys) {
     EXPECT_TRUE(eventually([&] { return store().find("Corner") == std::string::npos; }));
 }
 
-TEST_P(Accessibility, TellsOfTheSettingsAndObeys) {
+TEST_F(Accessibility, TellsOfTheSettingsAndObeys) {
     openMenu(window_);
     use("menu item", "Settings…");
     expectShown(kSettings);
@@ -197,9 +197,6 @@ TEST_P(Accessibility, TellsOfTheSettingsAndObeys) {
     press({"shift+Tab", "Return", "space"});
     EXPECT_TRUE(eventually([&] { return timesOpened() == 3; }));
 }
-
-INSTANTIATE_TEST_SUITE_P(Everywhere, Accessibility, testing::Values(kTint2),
-                         [](const auto& suite) { return std::string(suite.param.windowManager); });
 
 } // namespace
 } // namespace panewright::test

@@ -5,7 +5,7 @@
 namespace panewright::test {
 namespace {
 
-class Saving : public UsedInPanel {};
+class Saving : public UsedInPanels {};
 
 TEST_P(Saving, MakesAStateForItsApplicationAndOneForAll) {
     constexpr Frame kCorner{60, 70, 500, 400}, kWide{200, 300, 900, 300};
@@ -88,12 +88,11 @@ TEST_P(Saving, EndsOnSigtermWhileAShortcutIsRecorded) {
     quit();
 }
 
-INSTANTIATE_TEST_SUITE_P(Everywhere, Saving, testing::Values(kTint2, kXfce4Panel),
-                         [](const auto& suite) { return std::string(suite.param.windowManager); });
+INSTANTIATE_TEST_SUITE_P(Everywhere, Saving, testing::Values(kTint2, kXfce4Panel), nameOfManager);
 
-class SavingInOnePanel : public Saving {};
+class SavingInOnePanel : public UsedInPanel {};
 
-TEST_P(SavingInOnePanel, HasSettingsThatAreUsedWithKeysAndMouse) {
+TEST_F(SavingInOnePanel, HasSettingsThatAreUsedWithKeysAndMouse) {
     const std::filesystem::path config = desktop_.environment()["XDG_CONFIG_HOME"];
     const auto isWritten = [&](const std::string& line, bool wanted = true) {
         return eventually([&] {
@@ -125,7 +124,7 @@ TEST_P(SavingInOnePanel, HasSettingsThatAreUsedWithKeysAndMouse) {
     EXPECT_TRUE(isWritten("MoveToNextWindowKeyEventKeyCode=45", false));
 }
 
-TEST_P(SavingInOnePanel, FitsItsScreenAtAScaleOfTwo) {
+TEST_F(SavingInOnePanel, FitsItsScreenAtAScaleOfTwo) {
     quit();
     environment_["QT_SCALE_FACTOR"] = "2";
     start();
@@ -139,7 +138,7 @@ TEST_P(SavingInOnePanel, FitsItsScreenAtAScaleOfTwo) {
     EXPECT_THAT(store(), testing::HasSubstr("\"Large\""));
 }
 
-TEST_P(SavingInOnePanel, RecordsEveryKeyThatHasACode) {
+TEST_F(SavingInOnePanel, RecordsEveryKeyThatHasACode) {
     desktop_.run({"setxkbmap", "-layout", "us,de", "-option", "grp:rctrl_toggle"});
     EXPECT_TRUE(desktop_.x().grabKey(XCB_MOD_MASK_1, Keyboard::keycode(KEY_7)));
     const auto before = frameOf(window_);
@@ -179,7 +178,7 @@ TEST_P(SavingInOnePanel, RecordsEveryKeyThatHasACode) {
     }
 }
 
-TEST_P(SavingInOnePanel, EditsAndDeletesAStateWithTheKeysAlone) {
+TEST_F(SavingInOnePanel, EditsAndDeletesAStateWithTheKeysAlone) {
     const auto edit = [&](const std::string& name) {
         openMenu(window_);
         type(name);
@@ -215,9 +214,6 @@ TEST_P(SavingInOnePanel, EditsAndDeletesAStateWithTheKeysAlone) {
     EXPECT_TRUE(eventually([&] { return window_.isActive(); }));
     EXPECT_THAT(store(), testing::Not(testing::HasSubstr("\"After\"")));
 }
-
-INSTANTIATE_TEST_SUITE_P(Everywhere, SavingInOnePanel, testing::Values(kTint2),
-                         [](const auto& suite) { return std::string(suite.param.windowManager); });
 
 } // namespace
 } // namespace panewright::test

@@ -20,7 +20,7 @@ std::string call(const Environment& environment, const std::string& service,
     return runToEnd(command, environment);
 }
 
-class StatusMenu : public UsedInPanel {
+class StatusMenu : public UsedInPanels {
 protected:
     void choose(const std::string& title, const char* key) const {
         type(title);
@@ -28,7 +28,7 @@ protected:
     }
     /// By what window manager and panel leave to the program; false where they leave nothing.
     bool openFlatMenu() const {
-        const std::string windowManager = GetParam().windowManager;
+        const std::string windowManager = tray_.windowManager;
         if (windowManager == "kwin_x11") {
             desktop_.keyboard().press(KEY_LEFTALT);
             openMenu(window_);
@@ -84,11 +84,11 @@ std::vector<TrayPanel> installedPanels() {
     return panels;
 }
 INSTANTIATE_TEST_SUITE_P(Everywhere, StatusMenu, testing::ValuesIn(installedPanels()),
-                         [](const auto& suite) { return std::string(suite.param.windowManager); });
+                         nameOfManager);
 
-class StatusMenuInOnePanel : public StatusMenu {};
+class StatusMenuInOnePanel : public UsedInPanel {};
 
-TEST_P(StatusMenuInOnePanel, HasTheColoursOfThePortal) {
+TEST_F(StatusMenuInOnePanel, HasTheColoursOfThePortal) {
     ChildProcess portal({SESSION_HOST, kPortal}, environment_);
     portal.firstLine();
     quit();
@@ -112,9 +112,6 @@ TEST_P(StatusMenuInOnePanel, HasTheColoursOfThePortal) {
         ASSERT_TRUE(eventually([&] { return !isMenuOpen(); }));
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Everywhere, StatusMenuInOnePanel, testing::Values(kTint2),
-                         [](const auto& suite) { return std::string(suite.param.windowManager); });
 
 /// In a menu as dbus-send prints it, where an item's number comes before its label.
 std::string numberOf(const std::string& label, const std::string& layout) {

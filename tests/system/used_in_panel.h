@@ -25,15 +25,15 @@ inline void PrintTo(const TrayPanel& panel, std::ostream* out) {
 }
 
 /// The program in a panel, used with mouse and keyboard. Keys are as xdotool names them.
-class UsedInPanel : public testing::TestWithParam<TrayPanel> {
+class UsedInPanel : public testing::Test {
 protected:
-    UsedInPanel() {
+    explicit UsedInPanel(const TrayPanel& tray = kTint2) : tray_(tray) {
         environment_["DBUS_SESSION_BUS_ADDRESS"] = bus_.firstLine();
         environment_["NO_AT_BRIDGE"] = "1";
         window_.activate();
         start();
         // The icon waits for a panel.
-        panel_.emplace(std::vector<std::string>{GetParam().program}, environment_);
+        panel_.emplace(std::vector<std::string>{tray.program}, environment_);
     }
     void start() { program_.emplace(environment_); }
     void quit() {
@@ -60,7 +60,7 @@ protected:
             if (!window.isActive()) {
                 window.activate();
             }
-            const auto& icon = GetParam().icon;
+            const auto& icon = tray_.icon;
             desktop_.run({"xdotool", "mousemove", std::to_string(int(icon.x)),
                           std::to_string(int(icon.y)), "click", button});
             return eventually([&] { return isMenuOpen(); }, std::chrono::seconds(2));
@@ -110,12 +110,22 @@ protected:
                         environment_);
     }
 
-    const Desktop desktop_{{}, GetParam().windowManager};
+    const TrayPanel tray_;
+    const Desktop desktop_{{}, tray_.windowManager};
     const TestClient window_{desktop_.display()};
     Environment environment_ = desktop_.environment();
     ChildProcess bus_{kSessionBus, environment_};
     std::optional<ChildProcess> panel_;
     std::optional<Program> program_;
 };
+
+/// The same in several panels.
+class UsedInPanels : public UsedInPanel, public testing::WithParamInterface<TrayPanel> {
+protected:
+    UsedInPanels() : UsedInPanel(GetParam()) {}
+};
+inline std::string nameOfManager(const testing::TestParamInfo<TrayPanel>& suite) {
+    return suite.param.windowManager;
+}
 
 } // namespace panewright::test

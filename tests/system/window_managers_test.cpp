@@ -200,15 +200,5 @@ TEST_P(WindowManagers, PlaceTheWindowsOfToolkits) {
 INSTANTIATE_TEST_SUITE_P(, WindowManagers, testing::ValuesIn(installedManagers()),
                          [](const auto& manager) { return manager.param.name; });
 
-TEST(TilingWindowManager, KeepsItsTiles) {
-    const Desktop desktop({}, "i3");
-    const TestClient tile(desktop.display(), {.windowClass = "Tiled"});
-    tile.activate();
-    const Program program(desktop);
-    desktop.keyboard().tap(KEY_LEFTALT, KEY_4);
-    std::this_thread::sleep_for(std::chrono::milliseconds(100));
-    EXPECT_EQ(outerFrame(desktop.x(), tile.window()), kStates[0]);
-}
-
 } // namespace
 } // namespace panewright::test

@@ -9,17 +9,10 @@ namespace {
 
 TEST(BuildVersion, ComparesNumberByNumber) {
     const std::string long9(40, '9');
-    const struct {
-        const char* smaller;
-        const std::string larger;
-    } pairs[] = {{"1", "2"},
-                 {"9", "10"},
-                 {"1.9", "1.10"},
-                 {"1", "1.0.1"},
-                 {"0.1", "0.02"},
-                 {"2.9.9", "3"},
-                 {"4294967296", "99999999999"},
-                 {"1", long9}};
+    const std::pair<const char*, std::string> pairs[] = {
+        {"1", "2"},      {"9", "10"},    {"1.9", "1.10"}, {"1", "1.0.1"},
+        {"0.1", "0.02"}, {"2.9.9", "3"}, {"1", long9},    {"4294967296", "99999999999"},
+    };
     for (const auto& [smaller, larger] : pairs) {
         EXPECT_LT(*BuildVersion::of(smaller), *BuildVersion::of(larger)) << smaller;
     }
