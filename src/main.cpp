@@ -244,36 +244,38 @@ std::optional<int> refuseArgumentsOfSecondStart(int argc, char** argv, const Pro
     return refuseUnknownArguments(argc, left.data());
 }
 
-/// A second start: the program that runs shows itself, unless it runs where nobody here sees it.
-/// Nil when that has ended meanwhile: then this is the one that runs.
+/// A second start: the program that runs shows itself, unless it runs where nobody here sees it, or
+/// this one is for the background. Nil when that has ended meanwhile: then this is the one that
+/// runs.
 std::optional<int> deferToRunningInstance(int argc, char** argv, const Process& process) {
     if (const auto refused = refuseArgumentsOfSecondStart(argc, argv, process)) {
         return refused;
     }
-    if (process.isForBackground) {
-        return 0;
-    }
     const auto place = runningPlaceIn(process.lock.holder());
     const auto describe = [&] {
-        logLine(place ? fmt::format("already running on display {} (process {})", place->display,
-                                    place->processId)
-                      : "already running");
+        if (!process.isForBackground) {
+            logLine(place ? fmt::format("already running on display {} (process {})",
+                                        place->display, place->processId)
+                          : "already running");
+        }
     };
     if (place && place->display != placeOfThisProcess().display) {
         describe();
         return 0;
     }
     const QCoreApplication application(argc, argv);
+    const auto request =
+        process.isForBackground ? InstanceRequest::kNothing : InstanceRequest::kOpenItsWindow;
     const auto hasEnded = [&] { return process.lock.take() == StoreLock::Outcome::kHeld; };
-    switch (activateRunningInstance(process.program.bundleIdentifier(), hasEnded)) {
-    case Activation::kDone:
+    switch (askRunningInstance(process.program.bundleIdentifier(), request, hasEnded)) {
+    case RunningInstance::kAnswered:
         break;
-    case Activation::kUnanswered:
+    case RunningInstance::kUnanswered:
         describe();
         break;
-    case Activation::kEnded:
+    case RunningInstance::kEnded:
         return std::nullopt;
-    case Activation::kBusHangs:
+    case RunningInstance::kBusHangs:
         describe();
         endWhileBusHangs(0);
     }

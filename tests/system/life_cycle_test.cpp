@@ -133,7 +133,9 @@ TEST_F(LifeCycle, OpensNothingForTheCallThatStartsIt) {
     EXPECT_EQ(frameOnceItIs(kSmall, desktop_.x(), window_.window()), kSmall);
     call(activate, "{}");
     EXPECT_TRUE(eventually(hasSettings)) << "another call started it";
-    quit();
+    EXPECT_TRUE(ends({PANEWRIGHT_PROGRAM, "quit"}, 0));
+    ChildProcess next({PANEWRIGHT_PROGRAM, "--background"}, environment);
+    EXPECT_TRUE(next.waitForErrorLine("panewright: ready")) << "also while the other one ends";
 }
 
 TEST_F(LifeCycle, GoesOnAfterTheReaderOfItsLogHasEnded) {

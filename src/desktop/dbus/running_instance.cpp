@@ -36,16 +36,24 @@ bool isMissing(const QDBusMessage& reply) {
     return errors.contains(reply.errorName());
 }
 
-bool activate(const QDBusConnection& bus, const std::string& identifier,
-              const std::atomic<bool>& isStopped) {
-    auto request = QDBusMessage::createMethodCall(QString::fromStdString(identifier),
-                                                  QString::fromStdString(objectPathOf(identifier)),
-                                                  "org.freedesktop.Application", "Activate");
-    request << QVariantMap();
-    request.setAutoStartService(false);
+QDBusMessage callFor(InstanceRequest request, const std::string& identifier) {
+    const auto callOf = [&](const char* interface, const char* method) {
+        auto call = QDBusMessage::createMethodCall(QString::fromStdString(identifier),
+                                                   QString::fromStdString(objectPathOf(identifier)),
+                                                   interface, method);
+        call.setAutoStartService(false);
+        return call;
+    };
+    return request == InstanceRequest::kOpenItsWindow
+               ? callOf("org.freedesktop.Application", "Activate") << QVariantMap()
+               : callOf("org.freedesktop.DBus.Introspectable", "Introspect");
+}
+
+bool isAnswered(const QDBusConnection& bus, const QDBusMessage& call,
+                const std::atomic<bool>& isStopped) {
     const auto end = std::chrono::steady_clock::now() + kSlowestStart;
     for (;;) {
-        const auto reply = bus.call(request, QDBus::Block, kAnswerTimeout);
+        const auto reply = bus.call(call, QDBus::Block, kAnswerTimeout);
         if (!isMissing(reply) || isStopped || std::chrono::steady_clock::now() >= end) {
             return reply.type() == QDBusMessage::ReplyMessage;
         }
@@ -55,38 +63,38 @@ bool activate(const QDBusConnection& bus, const std::string& identifier,
 
 } // namespace
 
-Activation activateRunningInstance(const std::string& identifier,
+RunningInstance askRunningInstance(const std::string& identifier, InstanceRequest request,
                                    const std::function<bool()>& hasEnded) {
     // On a thread of its own, as a bus may hang while one connects to it. It lets go of the
     // connection before it answers.
-    auto isActivated = std::make_shared<std::promise<bool>>();
+    auto promise = std::make_shared<std::promise<bool>>();
     auto isStopped = std::make_shared<std::atomic<bool>>(false);
-    auto answer = isActivated->get_future();
-    std::thread([isActivated, isStopped, identifier] {
+    auto answer = promise->get_future();
+    std::thread([promise, isStopped, call = callFor(request, identifier)] {
         bool isDone = false;
         {
             const auto bus =
                 QDBusConnection::connectToBus(QDBusConnection::SessionBus, kConnection);
-            isDone = bus.isConnected() && activate(bus, identifier, *isStopped);
+            isDone = bus.isConnected() && isAnswered(bus, call, *isStopped);
         }
         QDBusConnection::disconnectFromBus(kConnection);
-        isActivated->set_value(isDone);
+        promise->set_value(isDone);
     }).detach();
     const auto end = std::chrono::steady_clock::now() + kPatience;
     while (std::chrono::steady_clock::now() < end) {
-        const bool isAnswered = answer.wait_for(kPause) == std::future_status::ready;
-        if (isAnswered && answer.get()) {
-            return Activation::kDone;
+        const bool isKnown = answer.wait_for(kPause) == std::future_status::ready;
+        if (isKnown && answer.get()) {
+            return RunningInstance::kAnswered;
         }
         if (hasEnded()) {
             *isStopped = true;
-            return Activation::kEnded;
+            return RunningInstance::kEnded;
         }
-        if (isAnswered) {
-            return Activation::kUnanswered;
+        if (isKnown) {
+            return RunningInstance::kUnanswered;
         }
     }
-    return Activation::kBusHangs;
+    return RunningInstance::kBusHangs;
 }
 
 } // namespace panewright
