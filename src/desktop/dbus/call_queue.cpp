@@ -19,6 +19,8 @@ constexpr std::size_t kMostWaitingBytes = 32 << 20;
 constexpr auto kShortestRest = 2ms;
 constexpr auto kShortestRestInFlood = 10ms;
 constexpr std::size_t kFlood = 50; // so many wait
+/// A call may have waited for a person.
+constexpr auto kLongestRest = 100ms;
 
 } // namespace
 
@@ -49,7 +51,8 @@ void CallQueue::doNext() {
     const auto taken =
         std::chrono::ceil<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
     if (taken > shortest) {
-        rest_ = mainLoop_.after(taken, [this] { doNext(); });
+        rest_ = mainLoop_.after(std::min<std::chrono::milliseconds>(taken, kLongestRest),
+                                [this] { doNext(); });
     }
 }
 
