@@ -103,15 +103,17 @@ private:
         placeWindow(desktop_.x(), window_.window(), kElsewhere);
         std::this_thread::sleep_for(kPause);
         std::vector<char*> arguments;
+        arguments.reserve(command.size() + 1);
         for (const auto& argument : command) {
             arguments.push_back(const_cast<char*>(argument.c_str()));
         }
         arguments.push_back(nullptr);
         std::vector<std::string> values;
         for (const auto& [name, value] : environment_) {
-            values.push_back(name + "=" + value);
+            values.push_back(std::string(name).append("=").append(value));
         }
         std::vector<char*> variables;
+        variables.reserve(values.size() + 1);
         for (auto& value : values) {
             variables.push_back(value.data());
         }

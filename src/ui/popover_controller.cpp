@@ -3,8 +3,6 @@
 #include "model/window_state.h"
 #include "shortcuts/virtual_key_codes.h"
 
-#include <utility>
-
 namespace panewright {
 
 PopoverController::PopoverController(const Services& services)
@@ -45,9 +43,9 @@ void PopoverController::closeRequested() {
     abandon();
 }
 
-void PopoverController::keepShortcut(std::shared_ptr<CarbonKeyEvent> event) {
+void PopoverController::keepShortcut(const std::shared_ptr<CarbonKeyEvent>& event) {
     if (windowState_) {
-        windowState_->setKeyEvent(std::move(event));
+        windowState_->setKeyEvent(event);
     }
 }
 

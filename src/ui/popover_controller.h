@@ -49,7 +49,7 @@ private:
     /// Closes the popover without finishing what it was opened for.
     virtual void abandon() = 0;
 
-    void keepShortcut(std::shared_ptr<CarbonKeyEvent> event) override;
+    void keepShortcut(const std::shared_ptr<CarbonKeyEvent>& event) override;
     ShortcutOwner shortcutOwner() const override { return {windowState_, applicationOfShortcut()}; }
     void showShortcutRemark(const std::string& text) override;
 

@@ -3,8 +3,6 @@
 #include "model/model.h"
 #include "ui/format_text.h"
 
-#include <utility>
-
 namespace panewright {
 
 std::shared_ptr<Settings> Settings::create(const Services& services) {
@@ -51,8 +49,8 @@ void Settings::saveWindowPosition() {
     services_.saving.saveWindowPosition();
 }
 
-void Settings::keepShortcut(std::shared_ptr<CarbonKeyEvent> event) {
-    services_.model.setMoveToNextWindowKeyEvent(std::move(event));
+void Settings::keepShortcut(const std::shared_ptr<CarbonKeyEvent>& event) {
+    services_.model.setMoveToNextWindowKeyEvent(event);
     services_.hotKeyRefresh.settingsChanged();
 }
 

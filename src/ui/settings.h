@@ -63,7 +63,7 @@ private:
     explicit Settings(const Services& services);
 
     void awakeFromNib();
-    void keepShortcut(std::shared_ptr<CarbonKeyEvent> event) override;
+    void keepShortcut(const std::shared_ptr<CarbonKeyEvent>& event) override;
     ShortcutOwner shortcutOwner() const override { return {}; }
     void showShortcutRemark(const std::string& text) override;
     void showSavingUnlessInStatusBar();

@@ -48,7 +48,7 @@ protected:
 
 private:
     /// Null when the shortcut was cleared.
-    virtual void keepShortcut(std::shared_ptr<CarbonKeyEvent> event) = 0;
+    virtual void keepShortcut(const std::shared_ptr<CarbonKeyEvent>& event) = 0;
     virtual ShortcutOwner shortcutOwner() const = 0;
     /// In lines; empty for nothing.
     virtual void showShortcutRemark(const std::string& text) = 0;

@@ -46,7 +46,7 @@ bool isShortcutTaken(const HotKeys& hotKeys, std::uint64_t keyCode, std::uint64_
 
 std::string shortcutRemark(const ShortcutRemarkServices& services, std::uint64_t keyCode,
                            std::uint64_t modifierFlags, const ShortcutOwner& owner) {
-    const auto others =
+    auto others =
         otherUsesRemark(services, CarbonEventManager::keyForKeyCode(keyCode, modifierFlags), owner);
     if (!isShortcutTaken(services.hotKeys, keyCode, modifierFlags)) {
         return others;

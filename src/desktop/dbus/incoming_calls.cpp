@@ -21,8 +21,8 @@ std::size_t bytesOf(const QDBusMessage& call) {
 
 } // namespace
 
-IncomingCalls::IncomingCalls(MainLoop& mainLoop, const QDBusConnection& connection)
-    : connection_(connection), object_(new QObject), queue_(mainLoop) {
+IncomingCalls::IncomingCalls(MainLoop& mainLoop, QDBusConnection connection)
+    : connection_(std::move(connection)), object_(new QObject), queue_(mainLoop) {
     // Without a receiver: on the thread itself.
     QObject::connect(&thread_, &QThread::started, [] { beginOwnThread(kBusNiceValue); });
     QObject::connect(&thread_, &QThread::finished, object_, &QObject::deleteLater);

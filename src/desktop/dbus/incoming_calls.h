@@ -26,7 +26,7 @@ public:
         QString error; // empty: none
     };
 
-    IncomingCalls(MainLoop& mainLoop, const QDBusConnection& connection);
+    IncomingCalls(MainLoop& mainLoop, QDBusConnection connection);
     /// Sends the answers that there are.
     ~IncomingCalls();
     IncomingCalls(const IncomingCalls&) = delete;

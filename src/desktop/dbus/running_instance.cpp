@@ -30,10 +30,10 @@ constexpr const char* kConnection = "second start";
 /// whether it could be started. A program that is starting has no name yet, and one that is ending
 /// no object any more.
 bool isMissing(const QDBusMessage& reply) {
-    static const QStringList errors{"org.freedesktop.DBus.Error.ServiceUnknown",
-                                    "org.freedesktop.DBus.Error.NameHasNoOwner",
-                                    "org.freedesktop.DBus.Error.UnknownObject"};
-    return errors.contains(reply.errorName());
+    static const QStringList kErrors{"org.freedesktop.DBus.Error.ServiceUnknown",
+                                     "org.freedesktop.DBus.Error.NameHasNoOwner",
+                                     "org.freedesktop.DBus.Error.UnknownObject"};
+    return kErrors.contains(reply.errorName());
 }
 
 QDBusMessage callFor(InstanceRequest request, const std::string& identifier) {

@@ -65,6 +65,9 @@ ScriptingAdaptor::ScriptingAdaptor(IncomingCalls& calls, ScriptingCommands& comm
     qDBusRegisterMetaType<QList<QVariantMap>>();
 }
 
+// The names of arguments are those that callers read in the introspection.
+// NOLINTBEGIN(readability-identifier-naming)
+
 bool ScriptingAdaptor::ApplyWindowState(const QString& WindowStateName,
                                         const QDBusMessage& message) {
     return apply({{std::string(kWindowStateNameArgument), WindowStateName.toStdString()}}, message);
@@ -112,5 +115,7 @@ void ScriptingAdaptor::SaveWindow(const QDBusMessage& message) {
 void ScriptingAdaptor::Quit(const QDBusMessage& message) {
     calls_.answerAndDo(message, [this] { commands_.quit(); });
 }
+
+// NOLINTEND(readability-identifier-naming)
 
 } // namespace panewright

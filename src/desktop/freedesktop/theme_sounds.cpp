@@ -35,8 +35,8 @@ struct Canberra {
 };
 
 const Canberra& canberra() {
-    static const Canberra loaded;
-    return loaded;
+    static const Canberra kLoaded;
+    return kLoaded;
 }
 
 std::string themeNameOf(std::string_view name) {

@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace panewright {
 
@@ -19,9 +20,9 @@ namespace panewright {
 class LinuxCrashReporter : public CrashReporter {
 public:
     /// The reports go to "crashes" in the folder, which may be missing; without one there are none.
-    LinuxCrashReporter(const std::optional<std::filesystem::path>& stateFolder,
+    LinuxCrashReporter(std::optional<std::filesystem::path> stateFolder,
                        const ProgramInformation& program, MainLoop& mainLoop)
-        : stateFolder_(stateFolder), program_(program), mainLoop_(mainLoop) {}
+        : stateFolder_(std::move(stateFolder)), program_(program), mainLoop_(mainLoop) {}
     ~LinuxCrashReporter() override;
     LinuxCrashReporter(const LinuxCrashReporter&) = delete;
     LinuxCrashReporter& operator=(const LinuxCrashReporter&) = delete;

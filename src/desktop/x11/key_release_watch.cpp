@@ -26,7 +26,8 @@ bool KeyReleaseWatch::hasRawEvents() {
 }
 
 void KeyReleaseWatch::watch(const std::set<xcb_keycode_t>& keys) {
-    const auto asked = keys; // whose owner forgets what it is told of
+    // Its owner forgets what it is told of.
+    const auto asked = keys; // NOLINT(performance-unnecessary-copy-initialization)
     watched_ = asked;
     select(!asked.empty() && hasRawEvents());
     // What went up before the server knew that we listen is not told of.
