@@ -84,7 +84,6 @@ public:
 
     /// Puts the items before the one at `index`, at the end if there is none there.
     void insertItems(const MenuItems& items, std::size_t index);
-    void addItem(const std::shared_ptr<MenuItem>& item) { insertItems({item}, items_.size()); }
 
     /// Removes each item that `isMeant` is true of.
     void removeItems(const std::function<bool(const MenuItem&)>& isMeant);

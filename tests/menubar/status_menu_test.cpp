@@ -256,7 +256,7 @@ TEST_F(StatusMenuOfAProgramAlone, HasNoSiteForFeedback) {
 TEST(MenuAdditions, MeanTheTagsInTheirRange) {
     Menu menu;
     for (const std::int64_t tag : {-1, 0, 209, 210, 211, 212}) {
-        menu.addItem(separatorItemWithTag(tag));
+        menu.insertItems({separatorItemWithTag(tag)}, menu.items().size());
         menu.items().back()->isSeparator = tag == 0;
     }
     // The tags of all items, in brackets where these are disabled.

@@ -45,8 +45,8 @@ TEST(ExportedMenu, ShowsThePanelTheMenuAsItIsAndDoesWhatIsChosen) {
     const auto opener = std::make_shared<MenuItem>();
     opener->submenu = std::make_shared<Menu>();
     removeFromContainingMenu(*item);
-    opener->submenu->addItem(item);
-    menu.addItem(opener);
+    opener->submenu->insertItems({item}, 0);
+    menu.insertItems({opener}, 0);
     EXPECT_TRUE(exported.AboutToShow(0));
     EXPECT_EQ(layout()[1].value("children-display"), "submenu");
     BusMenuItem submenu;
