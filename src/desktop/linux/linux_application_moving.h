@@ -16,6 +16,7 @@ public:
         std::filesystem::path downloads;
         /// False where it fails.
         std::function<bool(const std::filesystem::path&)> moveToTrash;
+        std::filesystem::path mounts = "/proc/self/mounts"; // a table as fstab(5) describes it
     };
 
     /// Nobody is asked at a start that the user does not see.

@@ -25,7 +25,8 @@ protected:
     }
     LinuxApplicationMoving movingFrom(const fs::path& folder, bool mayAsk = true) const {
         return LinuxApplicationMoving({folder / "libexec/panewright/panewright", home_,
-                                       home_ / "Downloads", [](const fs::path&) { return false; }},
+                                       home_ / "Downloads", [](const fs::path&) { return false; },
+                                       home_ / "mounts"},
                                       mayAsk);
     }
 
@@ -42,12 +43,33 @@ TEST_F(LinuxApplicationMovingTest, MovesOnlyWhatWasUnpackedWhereNothingStays) {
     EXPECT_EQ(movingFrom("/opt/Panewright").source(), std::nullopt);
     // The test's folder is a temporary one.
     EXPECT_NE(movingFrom(unpack("Documents")).source(), std::nullopt);
-    EXPECT_EQ(movingFrom(downloaded).mediumOf("/proc"), std::nullopt);
 
     const auto moving = movingFrom(downloaded);
     EXPECT_EQ(moving.applicationsFolder(), home_ / "Applications");
     EXPECT_TRUE(moving.isWritable(home_ / "Applications")) << "it can be made";
     EXPECT_FALSE(moving.isWritable(home_ / "Elsewhere"));
+}
+
+TEST_F(LinuxApplicationMovingTest, KnowsTheMediumOfAFolder) {
+    const auto moving = movingFrom(unpack("Downloads"));
+    EXPECT_EQ(moving.mediumOf("/media/me/STICK"), std::nullopt) << "there is no table";
+    setContent(home_ / "mounts", "/dev/a / ext4 rw 0 0\n"
+                                 "/dev/b /media/me/MY\\040STICK vfat rw 0 0\n"
+                                 "/dev/c /media/me/MY\\040STICK/deep ext4 rw 0 0\n"
+                                 "/dev/d /mediatheque ext4 rw 0 0\n");
+    const struct {
+        const char* folder;
+        std::optional<std::string> medium;
+    } cases[] = {
+        {"/media/me/MY STICK", "/dev/b"},
+        {"/media/me/MY STICK/programs", "/dev/b"},
+        {"/media/me/MY STICK/deep/programs", "/dev/c"},
+        {"/media/me", std::nullopt},
+        {"/mediatheque/programs", std::nullopt},
+    };
+    for (const auto& [folder, medium] : cases) {
+        EXPECT_EQ(moving.mediumOf(folder), medium) << folder;
+    }
 }
 
 TEST_F(LinuxApplicationMovingTest, CopiesAllOrNothing) {
