@@ -111,8 +111,9 @@ std::optional<MovingError> LinuxApplicationMoving::recycle(const fs::path& path)
 }
 
 void LinuxApplicationMoving::openAfterEnd(const fs::path& program) {
+    // A process that works on a medium keeps it from being unmounted.
     spawnProgram({program / "bin" / "panewright", std::string(kRelaunchedOption)},
-                 {.inSessionOfItsOwn = true});
+                 {.inSessionOfItsOwn = true, .workingFolder = places_.home});
 }
 
 } // namespace panewright

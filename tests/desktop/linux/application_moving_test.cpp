@@ -3,6 +3,7 @@
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
+#include <sys/wait.h>
 
 #include <filesystem>
 #include <functional>
@@ -86,6 +87,17 @@ TEST_F(LinuxApplicationMovingTest, CopiesAllOrNothing) {
     EXPECT_NE(copyFolder(home_ / "none", home_ / "Applications/Other"), std::nullopt);
     EXPECT_EQ(std::distance(fs::directory_iterator(home_ / "Applications"), {}), 1)
         << "no halves are left";
+}
+
+TEST_F(LinuxApplicationMovingTest, OpensTheProgramInTheHomeFolder) {
+    const auto folder = unpack("Applications");
+    fs::create_directory(folder / "bin");
+    setContent(folder / "bin/panewright", "#!/bin/sh\npwd > " + (home_ / "place").string());
+    fs::permissions(folder / "bin/panewright", fs::perms(0755));
+    movingFrom(folder).openAfterEnd(folder);
+    EXPECT_GT(wait(nullptr), 0);
+    EXPECT_EQ(contentOf(home_ / "place"), home_.string() + "\n")
+        << "no medium, which it would hold";
 }
 
 TEST_F(LinuxApplicationMovingTest, DeletesAFolderOnlyIfItHoldsNothingElse) {
