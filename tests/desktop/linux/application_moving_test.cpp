@@ -77,11 +77,14 @@ TEST_F(LinuxApplicationMovingTest, CopiesAllOrNothing) {
     const auto from = unpack("Downloads");
     fs::permissions(from / "libexec/panewright/panewright", fs::perms(0755));
     fs::create_symlink("libexec/panewright/panewright", from / "link");
+    fs::permissions(from / "libexec", fs::perms(0555)); // as on a CD
     const auto to = home_ / "Applications" / "Panewright";
     EXPECT_EQ(copyFolder(from, to), std::nullopt);
     EXPECT_EQ(contentOf(to / "libexec/panewright/panewright"), "program");
     EXPECT_EQ(modeOf(to / "libexec/panewright/panewright"), 0755);
     EXPECT_TRUE(fs::is_symlink(to / "link"));
+    EXPECT_EQ(modeOf(to / "libexec"), 0755);
+    fs::permissions(from / "libexec", fs::perms(0755));
 
     EXPECT_NE(copyFolder(from, to), std::nullopt) << "something is there";
     EXPECT_NE(copyFolder(home_ / "none", home_ / "Applications/Other"), std::nullopt);
