@@ -4,12 +4,13 @@
 #include "desktop/linux/spawned_program.h"
 #include "desktop/linux/unpacked_program.h"
 
+#include <mntent.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
-#include <fstream>
-#include <sstream>
+#include <cstdio>
+#include <memory>
 #include <system_error>
 
 namespace panewright {
@@ -67,25 +68,20 @@ std::vector<fs::path> LinuxApplicationMoving::downloadsFolders() const {
     return {resolved(places_.downloads)};
 }
 
-/// The deepest place of the table of mounts that the folder is in or below (proc(5), "mountinfo":
-/// the fifth field; the device follows on a dash and the type).
+/// The deepest place of the table of mounts that the folder is in or below. getmntent(3) decodes
+/// the spaces in a place.
 std::optional<std::string> LinuxApplicationMoving::mediumOf(const fs::path& folder) const {
-    std::ifstream table("/proc/self/mountinfo");
+    const std::unique_ptr<FILE, int (*)(FILE*)> table(setmntent(places_.mounts.c_str(), "re"),
+                                                      endmntent);
     fs::path mountedAt;
     std::string device;
-    for (std::string line; std::getline(table, line);) {
-        std::istringstream fields(line);
-        std::string place;
-        for (int i = 0; i < 5; ++i) {
-            fields >> place;
-        }
+    while (const auto* const mount = table ? getmntent(table.get()) : nullptr) {
+        const fs::path place = mount->mnt_dir;
+        // Of two at one place, the later one covers the other.
         if ((folder == place || isBelow(folder, place)) &&
-            place.size() >= mountedAt.native().size()) {
+            place.native().size() >= mountedAt.native().size()) {
             mountedAt = place;
-            const auto dash = line.find(" - ");
-            std::istringstream rest(dash == std::string::npos ? "" : line.substr(dash + 3));
-            std::string type;
-            rest >> type >> device;
+            device = mount->mnt_fsname;
         }
     }
     return isBelowAny(mountedAt, kMediaFolders) ? std::optional(device) : std::nullopt;
@@ -115,8 +111,9 @@ std::optional<MovingError> LinuxApplicationMoving::recycle(const fs::path& path)
 }
 
 void LinuxApplicationMoving::openAfterEnd(const fs::path& program) {
+    // A process that works on a medium keeps it from being unmounted.
     spawnProgram({program / "bin" / "panewright", std::string(kRelaunchedOption)},
-                 {.inSessionOfItsOwn = true});
+                 {.inSessionOfItsOwn = true, .workingFolder = places_.home});
 }
 
 } // namespace panewright

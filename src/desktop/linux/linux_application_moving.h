@@ -16,6 +16,7 @@ public:
         std::filesystem::path downloads;
         /// False where it fails.
         std::function<bool(const std::filesystem::path&)> moveToTrash;
+        std::filesystem::path mounts = "/proc/self/mounts"; // a table as fstab(5) describes it
     };
 
     /// Nobody is asked at a start that the user does not see.
@@ -48,7 +49,7 @@ public:
     std::optional<MovingError> remove(const std::filesystem::path& path) override;
     std::optional<MovingError> recycle(const std::filesystem::path& path) override;
 
-    /// In a session of its own. It waits for the end of this process itself.
+    /// In a session of its own and in the home folder. It waits for the end of this process itself.
     void openAfterEnd(const std::filesystem::path& program) override;
     /// The user does that.
     void ejectLater(const std::string& /*medium*/) override {}

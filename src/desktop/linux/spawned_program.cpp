@@ -31,6 +31,9 @@ std::optional<pid_t> spawnProgram(std::vector<std::string> arguments, const Spaw
     if (options.standardOutput >= 0) {
         posix_spawn_file_actions_adddup2(&actions, options.standardOutput, STDOUT_FILENO);
     }
+    if (!options.workingFolder.empty()) {
+        posix_spawn_file_actions_addchdir_np(&actions, options.workingFolder.c_str());
+    }
     pid_t child = 0;
     char* nothing = nullptr;
     const int error = posix_spawnp(&child, pointers[0], &actions, &attributes, pointers.data(),

@@ -14,6 +14,8 @@ struct SpawnOptions {
     bool withoutEnvironment = false;
     /// What its standard output becomes; -1 leaves it ours.
     int standardOutput = -1;
+    /// Where it works; empty for where we do.
+    std::string workingFolder = {};
 };
 
 /// Starts a program as a shell would: what this process blocks or ignores is not its business. The

@@ -41,6 +41,28 @@ std::optional<fs::path> foreignIn(const fs::path& folder, std::error_code& error
     return std::nullopt;
 }
 
+/// The user can write to the copies of folders. On a CD the folders themselves allow nobody to.
+void copyInto(const fs::path& to, const fs::path& from, std::error_code& error) {
+    fs::create_directory(to, error);
+    if (error) {
+        return;
+    }
+    const fs::recursive_directory_iterator end;
+    for (fs::recursive_directory_iterator entries(from, error); !error && entries != end;
+         entries.increment(error)) {
+        const auto copy = to / entries->path().lexically_relative(from);
+        const auto status = entries->symlink_status();
+        if (status.type() != fs::file_type::directory) {
+            fs::copy(entries->path(), copy, fs::copy_options::copy_symlinks, error);
+        } else if (fs::create_directory(copy, error)) {
+            fs::permissions(copy, status.permissions() | fs::perms::owner_all, error);
+        }
+        if (error) {
+            return; // before the increment clears it
+        }
+    }
+}
+
 /// Else a crash of the machine could leave files of no content under the new name.
 void writeOut(const fs::path& folder) {
     const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -68,8 +90,7 @@ std::optional<std::string> copyFolder(const fs::path& from, const fs::path& to) 
     std::error_code error;
     fs::create_directories(to.parent_path(), error);
     if (!error) {
-        fs::copy(from, unfinished, fs::copy_options::recursive | fs::copy_options::copy_symlinks,
-                 error);
+        copyInto(unfinished, from, error);
     }
     if (!error) {
         writeOut(unfinished);
