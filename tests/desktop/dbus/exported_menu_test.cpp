@@ -46,7 +46,7 @@ TEST(ExportedMenu, ShowsThePanelTheMenuAsItIsAndDoesWhatIsChosen) {
     opener->submenu = std::make_shared<Menu>();
     removeFromContainingMenu(*item);
     opener->submenu->insertItems({item}, 0);
-    menu.insertItems({opener}, 0);
+    menu.insertItems({opener}, menu.items().size());
     EXPECT_TRUE(exported.AboutToShow(0));
     EXPECT_EQ(layout()[1].value("children-display"), "submenu");
     BusMenuItem submenu;
