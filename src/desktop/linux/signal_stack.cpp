@@ -53,8 +53,8 @@ private:
 } // namespace
 
 void useOwnSignalStack() {
-    thread_local const SignalStack stack;
-    static_cast<void>(&stack); // made where it is named first
+    thread_local const SignalStack kStack;
+    static_cast<void>(&kStack); // made where it is named first
 }
 
 } // namespace panewright

@@ -8,6 +8,7 @@ namespace panewright {
 
 std::optional<pid_t> spawnProgram(std::vector<std::string> arguments, const SpawnOptions& options) {
     std::vector<char*> pointers;
+    pointers.reserve(arguments.size() + 1);
     for (auto& argument : arguments) {
         pointers.push_back(argument.data());
     }

@@ -9,6 +9,7 @@
 #include <QJsonObject>
 
 #include <system_error>
+#include <utility>
 #include <variant>
 
 namespace panewright {
@@ -53,9 +54,8 @@ void append(const std::filesystem::path& path, const QByteArray& line) {
 
 } // namespace
 
-EventJournal::EventJournal(const std::optional<std::filesystem::path>& folder,
-                           UserDefaults& defaults)
-    : folder_(folder), defaults_(defaults) {
+EventJournal::EventJournal(std::optional<std::filesystem::path> folder, UserDefaults& defaults)
+    : folder_(std::move(folder)), defaults_(defaults) {
     if (folder_ && !keepsEvents()) {
         std::error_code ignored;
         std::filesystem::remove(*folder_ / kFileName, ignored);

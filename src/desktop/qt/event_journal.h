@@ -15,7 +15,7 @@ class EventJournal : public Analytics {
 public:
     /// Deletes the files unless events are to be kept. The folder may be missing; without
     /// one nothing is kept. The defaults must outlive this object.
-    EventJournal(const std::optional<std::filesystem::path>& folder, UserDefaults& defaults);
+    EventJournal(std::optional<std::filesystem::path> folder, UserDefaults& defaults);
 
     void logCustomEvent(std::string_view name, const EventAttributes& attributes) override;
 
