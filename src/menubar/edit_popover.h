@@ -29,9 +29,7 @@ public:
     /// Beeps for a state that is not in the store.
     void editWindowState(const std::shared_ptr<WindowState>& state);
     void finishEditingWindowState() override { services_.session.finish(controller_->popover()); }
-    void abandonEditingWindowState() override {
-        services_.session.abandon(controller_->popover());
-    }
+    void abandonEditingWindowState() override { services_.session.abandon(controller_->popover()); }
     void removeWindowState(const std::shared_ptr<WindowState>& state) override {
         services_.removeWindowState(state);
     }

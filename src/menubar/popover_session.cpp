@@ -31,8 +31,7 @@ void PopoverSession::close(Popover* popover) const {
     }
 }
 
-void PopoverSession::cancelForAnother(const Popover* popover,
-                                        const std::function<void()>& cancel) {
+void PopoverSession::cancelForAnother(const Popover* popover, const std::function<void()>& cancel) {
     if (isShown(popover)) {
         isForAnother_ = true;
         cancel();

@@ -13,7 +13,8 @@ namespace panewright {
 class Model;
 
 /// How a popover of the status item comes and goes, and what is done then: the same for each, of
-/// which there is one open at a time. Null stands for a popover that was never opened. Main thread only.
+/// which there is one open at a time. Null stands for a popover that was never opened. Main thread
+/// only.
 class PopoverSession {
 public:
     /// All of it must outlive the session.

@@ -33,9 +33,7 @@ public:
     void saveWindowPosition() override;
     void addWindowState(const std::shared_ptr<WindowState>& state) override;
     void finishSavingWindowState() override { services_.session.finish(controller_->popover()); }
-    void abandonSavingWindowState() override {
-        services_.session.abandon(controller_->popover());
-    }
+    void abandonSavingWindowState() override { services_.session.abandon(controller_->popover()); }
 
     /// Takes the tracked window as it is now for a fresh pending state; nothing while it is closed.
     void updateIfOpen();

@@ -168,7 +168,7 @@ void StatusItemController::setupEditPopover() {
 
 PopoverSession StatusItemController::popoverSession() {
     return PopoverSession({ports_.workspace, ports_.program, *model_, [this] { return anchor(); },
-                             [this](HotKeyOccasion occasion) { updateHotKeys(occasion); }});
+                           [this](HotKeyOccasion occasion) { updateHotKeys(occasion); }});
 }
 
 PopoverController::Services StatusItemController::popoverServices() {

@@ -19,18 +19,19 @@ std::string scopeOf(std::string_view key) {
     return key == kGlobalsKey ? "global" : "application";
 }
 
-WindowStateForScripts listed(std::string_view key, const WindowState& state, const ShortcutText& text) {
+WindowStateForScripts listed(std::string_view key, const WindowState& state,
+                             const ShortcutText& text) {
     WindowStateForScripts result{.name = state.windowStateName(),
-                             .scope = scopeOf(key),
-                             .applicationId = state.appBundleId(),
-                             .applicationName = state.appName(),
-                             .frame = ifUsed(state.originalWindowRect()),
-                             .display = ifUsed(state.originalQuartzDisplayBounds()),
-                             .scale = ifUsed(state.windowScale()),
-                             .isDefault = state.isDefault(),
-                             .isGlobal = state.isGlobal(),
-                             .centerWindow = state.centerWindow(),
-                             .prefersDisplay = state.prefersDisplay()};
+                                 .scope = scopeOf(key),
+                                 .applicationId = state.appBundleId(),
+                                 .applicationName = state.appName(),
+                                 .frame = ifUsed(state.originalWindowRect()),
+                                 .display = ifUsed(state.originalQuartzDisplayBounds()),
+                                 .scale = ifUsed(state.windowScale()),
+                                 .isDefault = state.isDefault(),
+                                 .isGlobal = state.isGlobal(),
+                                 .centerWindow = state.centerWindow(),
+                                 .prefersDisplay = state.prefersDisplay()};
     if (const auto& event = state.keyEvent()) {
         result.shortcut = {.text = event->presentableKeyboardShortcut(text),
                            .keyCode = event->keyCode(),
@@ -42,7 +43,7 @@ WindowStateForScripts listed(std::string_view key, const WindowState& state, con
 } // namespace
 
 std::optional<std::vector<WindowStateForScripts>> windowStatesForScripts(const Model& model,
-                                                                 const ShortcutText& text) {
+                                                                         const ShortcutText& text) {
     if (!model.windowStates()) {
         return std::nullopt;
     }

@@ -40,9 +40,9 @@ struct WindowStateForScripts {
     bool prefersDisplay = false;
 };
 
-/// All states in the store's order, in which one is also looked for by its name. Nil when the store could not be
-/// read.
+/// All states in the store's order, in which one is also looked for by its name. Nil when the store
+/// could not be read.
 std::optional<std::vector<WindowStateForScripts>> windowStatesForScripts(const Model& model,
-                                                                 const ShortcutText& text);
+                                                                         const ShortcutText& text);
 
 } // namespace panewright
