@@ -18,8 +18,8 @@ public:
     explicit X11Rig(const test::Screen& screen = {}, std::string_view windowManager = "openbox")
         : desktop(screen, windowManager) {
         setenv("DISPLAY", desktop.display().c_str(), 1);
-        ports = std::make_unique<X11Desktop>(*ReachedServer::reach(), loop,
-                                             "com.quillfen.Panewright");
+        ports =
+            std::make_unique<X11Desktop>(*ReachedServer::reach(), loop, "com.quillfen.Panewright");
     }
 
     /// Lets the main loop run until the condition holds; false if it never does. What asking found

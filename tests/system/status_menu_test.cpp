@@ -86,7 +86,39 @@ std::vector<TrayPanel> installedPanels() {
 INSTANTIATE_TEST_SUITE_P(Everywhere, StatusMenu, testing::ValuesIn(installedPanels()),
                          nameOfManager);
 
-class StatusMenuInOnePanel : public UsedInPanel {};
+class StatusMenuInOnePanel : public UsedInPanel {
+protected:
+    /// Four bytes a pixel: blue, green, red and nothing. Empty while the server does not answer.
+    std::vector<std::uint8_t> pixels(std::int16_t left, std::int16_t top, std::uint16_t width,
+                                     std::uint16_t height) const {
+        const auto& x = desktop_.x();
+        const ReplyPointer<xcb_get_image_reply_t> image(
+            xcb_get_image_reply(x.connection(),
+                                xcb_get_image(x.connection(), XCB_IMAGE_FORMAT_Z_PIXMAP, x.root(),
+                                              left, top, width, height, 0xffffff),
+                                nullptr));
+        const auto* data = image ? xcb_get_image_data(image.get()) : nullptr;
+        return data ? std::vector(data, data + xcb_get_image_data_length(image.get()))
+                    : std::vector<std::uint8_t>();
+    }
+    std::vector<std::uint8_t> shownMenu() const {
+        openMenu(window_);
+        pause();
+        auto shown = pixels(1200, 300, 400, 560);
+        press({"Escape"});
+        EXPECT_TRUE(eventually([&] { return !isMenuOpen(); }));
+        return shown;
+    }
+};
+
+TEST_F(StatusMenuInOnePanel, ShowsWhatIsOn) {
+    const auto off = shownMenu();
+    ASSERT_EQ(shownMenu(), off) << "nothing else changes";
+    openMenu(window_);
+    type("start at");
+    press({"Return"});
+    EXPECT_NE(shownMenu(), off);
+}
 
 TEST_F(StatusMenuInOnePanel, HasTheColoursOfThePortal) {
     ChildProcess portal({SESSION_HOST, kPortal}, environment_);
@@ -100,13 +132,8 @@ TEST_F(StatusMenuInOnePanel, HasTheColoursOfThePortal) {
         }
         openMenu(window_);
         EXPECT_TRUE(eventually([&] {
-            const auto& x = desktop_.x();
-            const ReplyPointer<xcb_get_image_reply_t> image(
-                xcb_get_image_reply(x.connection(),
-                                    xcb_get_image(x.connection(), XCB_IMAGE_FORMAT_Z_PIXMAP,
-                                                  x.root(), 1590, 860, 1, 1, 0xffffff),
-                                    nullptr));
-            return image && (xcb_get_image_data(image.get())[0] < 0x60) == isDark;
+            const auto pixel = pixels(1590, 860, 1, 1);
+            return !pixel.empty() && (pixel[0] < 0x60) == isDark;
         })) << isDark;
         press({"Escape"});
         ASSERT_TRUE(eventually([&] { return !isMenuOpen(); }));

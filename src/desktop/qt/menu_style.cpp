@@ -20,7 +20,8 @@ constexpr int kShortcutGap = 28; // between title and shortcut
 constexpr int kTextPadding = 4;  // above and below
 constexpr int kPicturePadding = 3;
 constexpr int kArrowSize = 10;
-constexpr int kMarkSize = 14;
+constexpr double kMarkWidth = 9;
+constexpr double kMarkStroke = 1.8;
 constexpr double kSeparatorShade = 0.2;
 constexpr double kDisabledShade = 0.55;
 
@@ -48,6 +49,18 @@ void drawSeparator(const QStyleOptionMenuItem& option, QPainter& painter) {
     painter.fillRect(
         QRect(option.rect.left() + kMargin / 2, middle, option.rect.width() - kMargin, 1),
         between(palette.color(QPalette::Base), palette.color(QPalette::Text), kSeparatorShade));
+}
+
+/// The style's own has the colour of a selected row's text, in each row: white on white.
+void drawMark(const QStyleOptionMenuItem& option, const QRect& column, QPainter& painter) {
+    const QPointF middle(column.right() + 1 - kMarkWidth / 2, QRectF(column).center().y());
+    const QPolygonF mark{middle + QPointF(-kMarkWidth / 2, 0), middle + QPointF(-1, 3.5),
+                         middle + QPointF(kMarkWidth / 2, -4)};
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(
+        QPen(textColour(option), kMarkStroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(mark);
+    painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
 /// The image's own size, at the right end of the column.
@@ -112,7 +125,7 @@ void MenuStyle::drawControl(ControlElement element, const QStyleOption* option, 
     if (const auto* image = qtImageOf(row->item()->image)) {
         image->paint()(*painter, pictureRect(image->size(), column));
     } else if (row->isChecked()) {
-        drawMark(*item, column, *painter, widget);
+        drawMark(*item, column, *painter);
     }
     rest.setLeft(column.right() + 1 + kGap);
     painter->setPen(textColour(*item));
@@ -128,16 +141,6 @@ void MenuStyle::drawControl(ControlElement element, const QStyleOption* option, 
     painter->drawText(rest, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                       item->fontMetrics.elidedText(row->title(), Qt::ElideRight, rest.width()));
     painter->restore();
-}
-
-void MenuStyle::drawMark(const QStyleOptionMenuItem& option, const QRect& column, QPainter& painter,
-                         const QWidget* widget) const {
-    auto mark = option;
-    mark.state |= State_On;
-    mark.palette.setColor(QPalette::Text, textColour(option));
-    mark.rect = {column.right() + 1 - kMarkSize, column.center().y() - kMarkSize / 2 + 1, kMarkSize,
-                 kMarkSize};
-    drawPrimitive(PE_IndicatorMenuCheckMark, &mark, &painter, widget);
 }
 
 void MenuStyle::drawArrow(const QStyleOptionMenuItem& option, QPainter& painter,

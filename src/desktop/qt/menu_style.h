@@ -24,8 +24,6 @@ public:
                      const QWidget* widget) const override;
 
 private:
-    void drawMark(const QStyleOptionMenuItem& option, const QRect& column, QPainter& painter,
-                  const QWidget* widget) const;
     void drawArrow(const QStyleOptionMenuItem& option, QPainter& painter,
                    const QWidget* widget) const;
 };
