@@ -8,6 +8,7 @@
 #include <QFormLayout>
 #include <QGuiApplication>
 #include <QPushButton>
+#include <QShortcut>
 
 namespace panewright {
 
@@ -32,6 +33,13 @@ void EditShortcutWidget::addDeletion(EditShortcutViewController& controller) {
     button.setToolTip(localized("Asks first, unless Shift is held."));
     QObject::connect(&button, &QPushButton::pressed,
                      [this] { heldAtPress_ = QGuiApplication::keyboardModifiers(); });
+    // The button's own shortcut is without Shift.
+    if (const auto own = QKeySequence::mnemonic(button.text()); !own.isEmpty()) {
+        const QKeyCombination withShift(own[0].keyboardModifiers() | Qt::ShiftModifier,
+                                        own[0].key());
+        QObject::connect(new QShortcut(QKeySequence(withShift), &button), &QShortcut::activated,
+                         &button, &QPushButton::click);
+    }
 }
 
 void EditShortcutWidget::setContext(const std::string& text) {
