@@ -9,7 +9,8 @@
 namespace panewright {
 namespace {
 
-/// The frame of a user state on the display with the bounds `target`.
+/// The frame of a user state on the display with the bounds `target`. That of a state saved without
+/// a display is not finite: the desktop refuses it.
 Rect userFrame(const WindowState& state, const Rect& target) {
     const Rect& saved = state.originalWindowRect();
     const Rect& source = state.originalQuartzDisplayBounds();

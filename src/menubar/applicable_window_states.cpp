@@ -5,23 +5,23 @@
 namespace panewright {
 namespace {
 
-WindowStateArray statesIn(const std::shared_ptr<WindowStateArray>& array) {
-    return array ? *array : WindowStateArray{};
-}
-
-WindowStateArray statesOf(const std::optional<RunningApplication>& application,
-                          const Model& model) {
-    return application && application->bundleIdentifier
-               ? statesIn(model.windowStatesForAppBundleId(*application->bundleIdentifier))
-               : WindowStateArray{};
+void append(WindowStateArray& states, const std::shared_ptr<WindowStateArray>& more) {
+    if (more) {
+        states.insert(states.end(), more->begin(), more->end());
+    }
 }
 
 } // namespace
 
-std::vector<WindowStateArray>
-applicableWindowStates(const Model& model, const std::optional<RunningApplication>& frontmost) {
-    return {statesIn(model.defaultWindowStates()), statesIn(model.globalWindowStates()),
-            statesOf(frontmost, model)};
+WindowStateArray applicableWindowStates(const Model& model,
+                                        const std::optional<RunningApplication>& frontmost) {
+    WindowStateArray states;
+    append(states, model.defaultWindowStates());
+    append(states, model.globalWindowStates());
+    if (frontmost && frontmost->bundleIdentifier) {
+        append(states, model.windowStatesForAppBundleId(*frontmost->bundleIdentifier));
+    }
+    return states;
 }
 
 } // namespace panewright

@@ -27,7 +27,7 @@ void addGroup(MenuItems& items, const MenuItems& group) {
 } // namespace
 
 FixedMenuItems::FixedMenuItems(const TextServices& text, const ProgramInformation& program,
-                               const Actions& actions)
+                               const ProductPages& pages, const Actions& actions)
     : saveItem(makeItem(text.localized("Save Current Window…"), actions.saveWindowPosition)),
       moveToNextDisplayItem(
           makeItem(text.localized("Move to Next Display"), actions.moveToNextDisplay)),
@@ -41,7 +41,7 @@ FixedMenuItems::FixedMenuItems(const TextServices& text, const ProgramInformatio
                                            actions.restoreWindowStates)});
     const auto updateItem = makeItem(text.localized("Check for Updates…"), actions.checkForUpdates);
     MenuItems service{crashItem, updateItem};
-    if (!program.website().empty()) {
+    if (pages.hasWebsite()) {
         service.push_back(makeItem(text.localized("Send Feedback…"), actions.sendFeedback));
     }
     service.push_back(makeItem(text.localized("FAQ"), actions.openFAQ));

@@ -3,6 +3,7 @@
 #include "menubar/menu.h"
 #include "platform/program_information.h"
 #include "platform/text_services.h"
+#include "services/product_pages.h"
 
 #include <functional>
 #include <memory>
@@ -26,7 +27,7 @@ struct FixedMenuItems {
 
     /// Where the program has no site the item for feedback is left out.
     FixedMenuItems(const TextServices& text, const ProgramInformation& program,
-                   const Actions& actions);
+                   const ProductPages& pages, const Actions& actions);
 
     std::shared_ptr<MenuItem> saveItem;
     std::shared_ptr<MenuItem> moveToNextDisplayItem;

@@ -2,8 +2,6 @@
 
 #include "shortcuts/carbon_event_manager.h"
 
-#include <map>
-
 namespace panewright {
 
 std::uint64_t combinationNumber(const WindowState& state) {
@@ -11,19 +9,12 @@ std::uint64_t combinationNumber(const WindowState& state) {
     return event ? CarbonEventManager::keyForKeyCode(event->keyCode(), event->modifierFlags()) : 0;
 }
 
-WindowStateArray statesWithoutCollisions(const std::vector<WindowStateArray>& lists) {
-    std::map<std::uint64_t, std::shared_ptr<WindowState>> holders;
-    for (const auto& list : lists) {
-        for (const auto& state : list) {
-            holders[combinationNumber(*state)] = state;
-        }
+std::map<std::uint64_t, std::size_t> placesWithoutCollisions(const WindowStateArray& states) {
+    std::map<std::uint64_t, std::size_t> places;
+    for (std::size_t place = 0; place < states.size(); ++place) {
+        places[combinationNumber(*states[place])] = place;
     }
-    WindowStateArray states;
-    states.reserve(holders.size());
-    for (const auto& [number, state] : holders) {
-        states.push_back(state);
-    }
-    return states;
+    return places;
 }
 
 } // namespace panewright

@@ -2,8 +2,9 @@
 
 #include "model/window_state.h"
 
+#include <cstddef>
 #include <cstdint>
-#include <vector>
+#include <map>
 
 namespace panewright {
 
@@ -11,8 +12,8 @@ namespace panewright {
 /// without a hot key.
 std::uint64_t combinationNumber(const WindowState& state);
 
-/// The states whose hot keys hold: of those with the same combination number the last one, so the
-/// lists go from the weakest claim to the strongest.
-WindowStateArray statesWithoutCollisions(const std::vector<WindowStateArray>& lists);
+/// Where the states stand whose hot keys hold, by combination number: of those with the same one
+/// the last, so they go from the weakest claim to the strongest.
+std::map<std::uint64_t, std::size_t> placesWithoutCollisions(const WindowStateArray& states);
 
 } // namespace panewright

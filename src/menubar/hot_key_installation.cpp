@@ -30,8 +30,9 @@ void installHotKeys(const Model& model, const std::optional<RunningApplication>&
                     const std::shared_ptr<CarbonKeyEvent>& moveToNextDisplay) {
     auto& registry = CarbonEventManager::sharedManager();
     registry.removeAllEvents();
-    for (const auto& state : statesWithoutCollisions(applicableWindowStates(model, frontmost))) {
-        state->installKeyEvent();
+    const auto states = applicableWindowStates(model, frontmost);
+    for (const auto& [number, place] : placesWithoutCollisions(states)) {
+        states[place]->installKeyEvent();
     }
     if (moveToNextDisplay) {
         registry.addCarbonKeyEvent(moveToNextDisplay);

@@ -4,10 +4,9 @@
 #include "menubar/hot_key_collisions.h"
 #include "menubar/menu_shortcut.h"
 #include "model/model.h"
-#include "ui/pnr_utils.h"
+#include "ui/composite_image.h"
 
 #include <algorithm>
-#include <unordered_map>
 #include <utility>
 
 namespace panewright {
@@ -31,20 +30,15 @@ MenuItems StateMenuItems::quickItems(const std::optional<RunningApplication>& fr
     if (const auto defaults = services_.model.defaultWindowStates()) {
         sortByName(*defaults); // the store's own array: the order is kept
     }
+    const auto states = applicableWindowStates(services_.model, frontmost);
     MenuItems items;
-    std::unordered_map<std::uint64_t, std::shared_ptr<MenuItem>> holders;
-    for (const auto& states : applicableWindowStates(services_.model, frontmost)) {
-        for (const auto& state : states) {
-            auto item = stateItem(state, images_.windowStateImage(state));
-            if (const auto& key = state->keyEvent()) {
-                item->shortcut = menuShortcutOf(*key, services_.shortcutText);
-            }
-            auto& holder = holders[combinationNumber(*state)];
-            if (holder) {
-                holder->shortcut = {};
-            }
-            holder = item;
-            items.push_back(std::move(item));
+    items.reserve(states.size());
+    for (const auto& state : states) {
+        items.push_back(stateItem(state, images_.windowStateImage(state)));
+    }
+    for (const auto& [number, place] : placesWithoutCollisions(states)) {
+        if (const auto& key = states[place]->keyEvent()) {
+            items[place]->shortcut = menuShortcutOf(*key, services_.shortcutText);
         }
     }
     std::ranges::stable_sort(

@@ -16,7 +16,7 @@ namespace panewright {
 class Model;
 
 /// Makes the menu's items for saved states: which states there are, in which order, with which
-/// picture and shortcut.
+/// picture and shortcut. They have no tag: StatusMenu gives one to all that it puts in.
 class StateMenuItems {
 public:
     /// All of it must outlive this.

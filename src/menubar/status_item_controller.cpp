@@ -129,7 +129,7 @@ void StatusItemController::setupMenu() {
                             [this](const auto& state) { applyWindowStateToActiveWindow(state); },
                             [this](const auto& state) { editWindowState(state); },
                             [this](const auto& state) { removeWindowState(state); }},
-        FixedMenuItems(ports_.text, ports_.program, fixedActions));
+        FixedMenuItems(ports_.text, ports_.program, pages_, fixedActions));
 }
 
 void StatusItemController::setupUI() {

@@ -7,11 +7,6 @@
 namespace panewright {
 namespace {
 
-std::filesystem::path besideAgents(const LoginItemFormat& format,
-                                   const std::filesystem::path& file) {
-    return format.folder() / file.filename();
-}
-
 bool fileExists(const std::filesystem::path& path) {
     std::error_code ignored;
     return std::filesystem::exists(path, ignored);
@@ -20,12 +15,6 @@ bool fileExists(const std::filesystem::path& path) {
 void removeFile(const std::filesystem::path& path) {
     std::error_code ignored;
     std::filesystem::remove(path, ignored);
-}
-
-void createAgentsFolder(const LoginItemFormat& format) {
-    if (!format.folder().empty()) {
-        (void)createFolders(format.folder());
-    }
 }
 
 } // namespace
@@ -46,7 +35,9 @@ std::optional<std::filesystem::path> LaunchAgentStartupItem::installedAgentPath(
 }
 
 void LaunchAgentStartupItem::createAgentPath() const {
-    createAgentsFolder(format_);
+    if (const auto folder = launchAgentsPath(); !folder.empty()) {
+        static_cast<void>(createFolders(folder)); // for the user alone
+    }
 }
 
 void LaunchAgentStartupItem::install() const {
@@ -86,20 +77,6 @@ std::optional<std::string> LaunchAgentStartupItem::installedContent() const {
     const auto bytes = path ? readFile(*path) : FileError{};
     return bytes ? std::optional(std::string(bytes.value().begin(), bytes.value().end()))
                  : std::nullopt;
-}
-
-void installStartupLaunchdItem(const LoginItemFormat& format, const std::filesystem::path& file) {
-    createAgentsFolder(format);
-    std::error_code ignored;
-    std::filesystem::copy_file(file, besideAgents(format, file), ignored);
-}
-
-void uninstallStartupLaunchdItem(const LoginItemFormat& format, const std::filesystem::path& file) {
-    removeFile(besideAgents(format, file));
-}
-
-bool isStartupItemInstalled(const LoginItemFormat& format, const std::filesystem::path& file) {
-    return fileExists(besideAgents(format, file));
 }
 
 } // namespace panewright

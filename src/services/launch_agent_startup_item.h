@@ -55,9 +55,4 @@ private:
     std::optional<std::vector<std::string>> programArguments_;
 };
 
-/// The older form, which copies a file as it is into the folder, under its own name.
-void installStartupLaunchdItem(const LoginItemFormat& format, const std::filesystem::path& file);
-void uninstallStartupLaunchdItem(const LoginItemFormat& format, const std::filesystem::path& file);
-bool isStartupItemInstalled(const LoginItemFormat& format, const std::filesystem::path& file);
-
 } // namespace panewright

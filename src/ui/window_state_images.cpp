@@ -1,6 +1,6 @@
 #include "ui/window_state_images.h"
 
-#include "ui/pnr_utils.h"
+#include "ui/composite_image.h"
 #include "ui/window_state_picture.h"
 
 namespace panewright {

@@ -2,7 +2,7 @@
 #include "desktop/memory/memory_images.h"
 #include "desktop/memory/memory_standard_folders.h"
 #include "support/temporary_folder.h"
-#include "ui/pnr_utils.h"
+#include "ui/kept_app_images.h"
 #include "ui/window_state_images.h"
 #include "ui/window_state_picture.h"
 

@@ -2,20 +2,13 @@
 
 #include "platform/images.h"
 #include "platform/standard_folders.h"
+#include "ui/composite_image.h"
 
 #include <filesystem>
 #include <optional>
 #include <string_view>
 
 namespace panewright {
-
-/// The size, in points, of an application's icon beside or in a menu's row.
-inline constexpr Size kAppIconSize{16, 16};
-
-/// The icon at the bottom left and the picture right of it, as high as the picture; the picture
-/// itself where one of the two is null or has no width.
-ImagePtr compositeImageWithAppIconImage(Images& images, const ImagePtr& image,
-                                        const ImagePtr& icon);
 
 /// Images of applications, kept on disk under their bundle identifiers. An identifier that is no
 /// plain file name, such as one with "/", has no file. Main thread only.

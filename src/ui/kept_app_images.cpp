@@ -1,4 +1,4 @@
-#include "ui/pnr_utils.h"
+#include "ui/kept_app_images.h"
 
 #include "base/file.h"
 #include "model/application_folders.h"
@@ -12,8 +12,6 @@ namespace panewright {
 namespace {
 
 constexpr std::string_view kAppImagesFolderName = "AppImages";
-/// Between icon and picture.
-constexpr double kIconMargin = 4;
 /// Of a file's name, in bytes, on every file system in use.
 constexpr std::size_t kMaxFileName = 255;
 
@@ -22,24 +20,7 @@ bool isPlainFileName(std::string_view name) {
            name.find_first_of(std::string_view("/\0", 2)) == std::string_view::npos;
 }
 
-double widthOf(const ImagePtr& image) {
-    return image ? image->size().width : 0;
-}
-
 } // namespace
-
-ImagePtr compositeImageWithAppIconImage(Images& images, const ImagePtr& image,
-                                        const ImagePtr& icon) {
-    if (widthOf(image) == 0 || widthOf(icon) == 0) {
-        return image;
-    }
-    const Size size = image->size();
-    const double left = kAppIconSize.width + kIconMargin;
-    return images.composed(
-        {left + size.width, size.height},
-        {{image, makeRect({left, 0}, size)},
-         {icon, makeRect({0, size.height - kAppIconSize.height}, kAppIconSize)}});
-}
 
 ImagePtr PNRUtils::compositeImage(const ImagePtr& image, std::string_view withAppImage) const {
     const auto icon = appImageForBundleId(withAppImage);
