@@ -105,11 +105,14 @@ private:
     std::shared_ptr<FocusTracking> focus_ = FocusTracking::create(
         {desktop_.accessibility, desktop_.displays, desktop_.workspace, desktop_.program});
     StoreTroubles storeTroubles_{{desktop_.alerts, store_.model(), text_, {}}};
-    StatusMenu menu_{{desktop_.icons, desktop_.displays, desktop_.hotKeys, images_,
-                      desktop_.mainLoop, text_, ShortcutText(desktop_.keyboardLayout, text_),
-                      Tracking(desktop_.analytics), store_.model(), storeTroubles_, *focus_},
-                     {[] {}, [](const auto&) {}, [](const auto&) {}, [](const auto&) {}},
-                     FixedMenuItems(text_, desktop_.program, {})};
+    StatusMenu menu_{
+        {desktop_.icons, desktop_.displays, desktop_.hotKeys, images_, desktop_.mainLoop, text_,
+         ShortcutText(desktop_.keyboardLayout, text_), Tracking(desktop_.analytics), store_.model(),
+         storeTroubles_, *focus_},
+        {[] {}, [](const auto&) {}, [](const auto&) {}, [](const auto&) {}},
+        FixedMenuItems(text_, desktop_.program,
+                       ProductPages(desktop_.workspace, desktop_.program, text_, desktop_.beeper),
+                       {})};
 };
 
 bool waitUntilPainted(QMenu& menu) {

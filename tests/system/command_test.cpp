@@ -149,7 +149,7 @@ TEST_F(Command, OpensAMenuThatLooksForANewerVersion) {
     std::filesystem::create_directories(settings);
     setContent(settings / "Panewright.conf", "[General]\nUpdateFeed=http://127.0.0.1:" +
                                                  port.substr(0, port.find(' ')) + "/feed.xml\n");
-    Program program(environment_);
+    const ProgramOnBus program(environment_);
     expect({{"menu"}, 0, "", ""});
     expectWindow("^Panewright menu");
     desktop_.run({"xdotool", "type", "Check"});
