@@ -16,6 +16,7 @@ set(system_model "^(fmt/.*|zlib\\.h|unistd\\.h|fcntl\\.h|sys/(file|stat|types)\\
 set(system_geometry "^fmt/")
 set(system_app "^fmt/")
 set(system_updates "^(curl/curl|expat|sys/resource)\\.h$")
+set(system_desktop/shared "^fmt/")
 set(system_desktop/memory "^poll\\.h$")
 set(system_desktop/freedesktop "^(canberra\\.h|dlfcn\\.h|fmt/.*|sys/(stat|wait)\\.h|unistd\\.h)$")
 set(system_desktop/linux "^(cxxabi\\.h|fcntl\\.h|fmt/.*|linux/.*|mntent\\.h|s(ignal|pawn)\\.h|sys/(file|inotify|mman|prctl|resource|signalfd|stat|syscall|types|wait)\\.h|sysexits\\.h|ucontext\\.h|unistd\\.h)$")

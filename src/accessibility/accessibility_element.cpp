@@ -38,8 +38,17 @@ bool AccessibilityElement::actsAsRole(std::string_view role) const {
 
 std::shared_ptr<AccessibilityElement>
 AccessibilityElement::accessibilityElementForAttribute(std::string_view attribute) const {
+    const auto copied = copyElementForAttribute(attribute);
+    return copied ? copied.value() : nullptr;
+}
+
+Result<std::shared_ptr<AccessibilityElement>, AXError>
+AccessibilityElement::copyElementForAttribute(std::string_view attribute) const {
     const auto copied = port_.copyAttributeValue(element_, attribute);
-    const auto* element = copied ? std::get_if<AXUIElementRef>(&copied.value()) : nullptr;
+    if (!copied) {
+        return copied.error();
+    }
+    const auto* element = std::get_if<AXUIElementRef>(&copied.value());
     return element && *element ? elementWithAXUIElementRef(port_, *element) : nullptr;
 }
 

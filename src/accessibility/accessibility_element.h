@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/result.h"
 #include "base/value.h"
 #include "platform/accessibility.h"
 
@@ -41,6 +42,9 @@ public:
     /// A new wrapper of the element that the attribute holds; null if there is none.
     std::shared_ptr<AccessibilityElement>
     accessibilityElementForAttribute(std::string_view attribute) const;
+    /// The same with the error that kept it from being read.
+    Result<std::shared_ptr<AccessibilityElement>, AXError>
+    copyElementForAttribute(std::string_view attribute) const;
 
     /// The point, size, rectangle or range that the attribute holds; nil for any other kind.
     std::optional<Value> NSValueForAttribute(std::string_view attribute) const;

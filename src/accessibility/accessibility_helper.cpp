@@ -76,15 +76,13 @@ AccessibilityHelper::focusedWindowForApplicationElementFromPid(ProcessId pid) co
 
 std::shared_ptr<AccessibilityElement>
 AccessibilityHelper::elementOrLog(const AccessibilityElement& owner, std::string_view attribute,
-                                  std::string_view message) const {
-    const auto copied = port_.copyAttributeValue(owner.element(), attribute);
+                                  std::string_view message) {
+    const auto copied = owner.copyElementForAttribute(attribute);
     if (!copied) {
         logResultCode(copied.error(), message);
         return nullptr;
     }
-    const auto* element = std::get_if<AXUIElementRef>(&copied.value());
-    return element && *element ? AccessibilityElement::elementWithAXUIElementRef(port_, *element)
-                               : nullptr;
+    return copied.value();
 }
 
 } // namespace panewright

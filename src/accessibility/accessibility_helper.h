@@ -38,9 +38,9 @@ public:
     focusedWindowForApplicationElementFromPid(ProcessId pid) const;
 
 private:
-    std::shared_ptr<AccessibilityElement> elementOrLog(const AccessibilityElement& owner,
-                                                       std::string_view attribute,
-                                                       std::string_view message) const;
+    static std::shared_ptr<AccessibilityElement> elementOrLog(const AccessibilityElement& owner,
+                                                              std::string_view attribute,
+                                                              std::string_view message);
 
     Accessibility& port_;
 };

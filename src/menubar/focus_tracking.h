@@ -48,6 +48,8 @@ public:
     const std::shared_ptr<AccessibilityElement>& windowElement() const { return windowElement_; }
     const Rect& windowRect() const { return windowRect_; }
     const std::optional<QuartzDisplay>& currentDisplay() const { return currentDisplay_; }
+    /// Its bounds as they are now; zeros without a display.
+    Rect currentDisplayBounds() const { return boundsOf(currentDisplay_); }
 
     /// Takes the frontmost application and its focused window. While this program is frontmost, or
     /// none is, everything stays.

@@ -68,7 +68,7 @@ std::shared_ptr<WindowState> SavePopover::newPendingState() const {
         state->setAppName(application->localizedName);
     }
     state->setOriginalWindowRect(tracking.windowRect());
-    state->setOriginalQuartzDisplayBounds(boundsOf(tracking.currentDisplay()));
+    state->setOriginalQuartzDisplayBounds(tracking.currentDisplayBounds());
     return state;
 }
 

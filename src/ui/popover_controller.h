@@ -46,7 +46,8 @@ private:
     virtual PopoverView* loadedView() const = 0;
     /// The application that the state's shortcut works in; nil for all.
     virtual std::optional<std::string> applicationOfShortcut() const = 0;
-    /// Closes the popover without finishing what it was opened for.
+    /// Closes the popover without finishing what it was opened for: nothing is saved, and the
+    /// keyboard goes back.
     virtual void abandon() = 0;
 
     void keepShortcut(const std::shared_ptr<CarbonKeyEvent>& event) override;

@@ -1,4 +1,4 @@
-#include "app/shell_commands.h"
+#include "desktop/shared/bundle_moving_commands.h"
 #include "support/captured_log.h"
 #include "support/program_fixture.h"
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "app/app_delegate.h"
-#include "app/bundle_moving.h"
 #include "app/shared_instances.h"
 #include "desktop/memory/memory_desktop.h"
 #include "desktop/memory/memory_standard_folders.h"
+#include "desktop/shared/bundle_application_moving.h"
 #include "model/store_lock.h"
 #include "model/window_state.h"
 #include "services/launch_agent_format.h"
@@ -93,7 +93,7 @@ protected:
     StoreLock lock_{folders_, ""};
     LaunchAgentFormat loginItems_{folder_.path()};
     MemoryDesktop desktop_;
-    BundleMoving moving_{desktop_.bundles, desktop_.bundles, desktop_.bundles};
+    BundleApplicationMoving moving_{desktop_.bundles, desktop_.bundles, desktop_.bundles};
     Ports ports_ = desktop_.ports(folders_, loginItems_, moving_);
     SharedInstances shared_{ports_, lock_};
     AppDelegate delegate_{

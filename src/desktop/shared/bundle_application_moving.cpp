@@ -1,7 +1,7 @@
-#include "app/bundle_moving.h"
+#include "desktop/shared/bundle_application_moving.h"
 
-#include "app/shell_commands.h"
 #include "archive/xml_property_list.h"
+#include "desktop/shared/bundle_moving_commands.h"
 
 #include <algorithm>
 #include <cmath>
@@ -78,16 +78,16 @@ std::string trimmed(const fs::path& path) {
 
 } // namespace
 
-bool BundleMoving::isToolkitNewer() const {
+bool BundleApplicationMoving::isToolkitNewer() const {
     return std::floor(bundles_.toolkitVersion()) > kLastOldToolkit;
 }
 
-fs::path BundleMoving::applicationsFolder() const {
+fs::path BundleApplicationMoving::applicationsFolder() const {
     const auto folders = bundles_.applicationsFolders(Bundles::Domain::kLocal);
     return folders.empty() ? fs::path() : bundles_.resolved(folders.back());
 }
 
-std::optional<std::string> BundleMoving::mediumOf(const fs::path& folder) const {
+std::optional<std::string> BundleApplicationMoving::mediumOf(const fs::path& folder) const {
     const auto system = bundles_.fileSystemOf(folder);
     if (!system || system->isRoot) {
         return std::nullopt;
@@ -99,8 +99,8 @@ std::optional<std::string> BundleMoving::mediumOf(const fs::path& folder) const 
                                                          : std::nullopt;
 }
 
-AuthorizedInstallation BundleMoving::authorizedInstall(const fs::path& source,
-                                                       const fs::path& destination) {
+AuthorizedInstallation BundleApplicationMoving::authorizedInstall(const fs::path& source,
+                                                                  const fs::path& destination) {
     if (trimmed(source).empty() || trimmed(destination).empty() ||
         !destination.native().ends_with(".app") || authorization_.create() != 0) {
         return AuthorizedInstallation::kFailed;
@@ -114,7 +114,7 @@ AuthorizedInstallation BundleMoving::authorizedInstall(const fs::path& source,
     return isDone ? AuthorizedInstallation::kDone : AuthorizedInstallation::kFailed;
 }
 
-bool BundleMoving::replace(const fs::path& source, const fs::path& destination) {
+bool BundleApplicationMoving::replace(const fs::path& source, const fs::path& destination) {
     const auto removed = authorization_.execute({"/bin/rm", "-rf", destination});
     if (!removed || !removed->exitStatus) {
         return false;
@@ -123,7 +123,7 @@ bool BundleMoving::replace(const fs::path& source, const fs::path& destination) 
     return copied && copied->exitStatus == 0;
 }
 
-bool BundleMoving::isRunning(const fs::path& program) const {
+bool BundleApplicationMoving::isRunning(const fs::path& program) const {
     if (!isToolkitNewer()) {
         const auto found = processes_.run({kShell, "-c", isRunningCommand(program.native())});
         return found && found->exitStatus == 0;
@@ -133,17 +133,17 @@ bool BundleMoving::isRunning(const fs::path& program) const {
     });
 }
 
-void BundleMoving::open(const fs::path& program) {
+void BundleApplicationMoving::open(const fs::path& program) {
     processes_.run({"/usr/bin/open", program});
 }
 
-void BundleMoving::openAfterEnd(const fs::path& program) {
+void BundleApplicationMoving::openAfterEnd(const fs::path& program) {
     processes_.start(
         {kShell, "-c",
          openAfterEndCommand(bundles_.processIdentifier(), program.native(), isToolkitNewer())});
 }
 
-void BundleMoving::ejectLater(const std::string& medium) {
+void BundleApplicationMoving::ejectLater(const std::string& medium) {
     processes_.start({kShell, "-c", ejectCommand(medium)});
 }
 

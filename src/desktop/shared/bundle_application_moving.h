@@ -8,10 +8,11 @@
 namespace panewright {
 
 /// Moves a bundle, with the command-line tools of a system whose programs are bundles.
-class BundleMoving : public ApplicationMoving {
+class BundleApplicationMoving : public ApplicationMoving {
 public:
     /// All of it must outlive this object.
-    BundleMoving(Bundles& bundles, ChildProcesses& processes, Authorization& authorization)
+    BundleApplicationMoving(Bundles& bundles, ChildProcesses& processes,
+                            Authorization& authorization)
         : bundles_(bundles), processes_(processes), authorization_(authorization) {}
 
     std::optional<std::filesystem::path> source() const override { return bundles_.mainBundle(); }
