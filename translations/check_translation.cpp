@@ -44,21 +44,21 @@ QString contentOf(const QString& path, Faults& faults) {
 
 /// Without those that only pass on a text that another one has translated.
 QStringList sourcesIn(const QString& folder) {
-    static const QRegularExpression passesOn(
+    static const QRegularExpression kPassesOn(
         R"re(/(localized|(memory_|qt_)?text_services|memory_services)\.(h|cpp)$)re");
     QStringList sources;
     QDirIterator files(folder, {"*.h", "*.cpp"}, QDir::Files, QDirIterator::Subdirectories);
     while (files.hasNext()) {
         sources += files.next();
     }
-    return sources.filter(QRegularExpression("^(?!.*" + passesOn.pattern() + ")"));
+    return sources.filter(QRegularExpression("^(?!.*" + kPassesOn.pattern() + ")"));
 }
 
 /// One or more string literals in a row, as one text.
 QString textOfLiterals(const QString& literals) {
-    static const QRegularExpression literal(R"re("((?:[^"\\]|\\.)*)")re");
+    static const QRegularExpression kLiteral(R"re("((?:[^"\\]|\\.)*)")re");
     QString text;
-    for (const auto& match : literal.globalMatch(literals)) {
+    for (const auto& match : kLiteral.globalMatch(literals)) {
         text += match.captured(1);
     }
     return text.replace("\\\"", "\"").replace("\\n", "\n");
@@ -66,21 +66,21 @@ QString textOfLiterals(const QString& literals) {
 
 /// The texts that the sources have translated: each a literal, or a constant that is one.
 QStringList keysIn(const QStringList& sources, Faults& faults) {
-    static const QString literals = R"re(((?:"(?:[^"\\]|\\.)*"\s*)+))re";
-    static const QRegularExpression constant(R"re(\b(k\w+)\s*=\s*)re" + literals + ";");
-    static const QRegularExpression call(R"re(\blocalized\(\s*(?:(k\w+)\s*|)re" + literals +
-                                         R"re(|([^)]*))\))re");
+    static const QString kLiterals = R"re(((?:"(?:[^"\\]|\\.)*"\s*)+))re";
+    static const QRegularExpression kConstant(R"re(\b(k\w+)\s*=\s*)re" + kLiterals + ";");
+    static const QRegularExpression kCall(R"re(\blocalized\(\s*(?:(k\w+)\s*|)re" + kLiterals +
+                                          R"re(|([^)]*))\))re");
     std::map<QString, QString> constants;
     QList<QPair<QString, QString>> contents;
     for (const auto& source : sources) {
         const auto content = contents.emplaceBack(source, contentOf(source, faults)).second;
-        for (const auto& match : constant.globalMatch(content)) {
+        for (const auto& match : kConstant.globalMatch(content)) {
             constants.insert({match.captured(1), textOfLiterals(match.captured(2))});
         }
     }
     QStringList keys;
     for (const auto& [source, content] : contents) {
-        for (const auto& match : call.globalMatch(content)) {
+        for (const auto& match : kCall.globalMatch(content)) {
             const auto named = constants.find(match.captured(1));
             if (!match.captured(2).isEmpty()) {
                 keys += textOfLiterals(match.captured(2));

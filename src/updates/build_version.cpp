@@ -30,7 +30,7 @@ std::strong_ordering BuildVersion::operator<=>(const BuildVersion& other) const 
         const auto& a = part(*this, i);
         const auto& b = part(other, i);
         const auto order = a.size() != b.size() ? a.size() <=> b.size() : a.compare(b) <=> 0;
-        if (order != 0) {
+        if (order != 0) { // NOLINT(modernize-use-nullptr): an order is no pointer
             return order;
         }
     }

@@ -16,7 +16,9 @@ public:
     static std::optional<BuildVersion> of(std::string_view text);
 
     std::strong_ordering operator<=>(const BuildVersion& other) const;
-    bool operator==(const BuildVersion& other) const { return (*this <=> other) == 0; }
+    bool operator==(const BuildVersion& other) const {
+        return (*this <=> other) == 0;
+    } // NOLINT(modernize-use-nullptr)
 
 private:
     /// Without zeros in front.

@@ -35,8 +35,8 @@ constexpr qsizetype kMaxFolders = 1000;
 
 bool isHarmlessSvg(const QByteArray& text) {
     // Dashes may be far shorter than a pixel. Editors write that there are none.
-    static const QRegularExpression dashes(R"(dasharray(?!\s*(:|=\s*["'])\s*none\b))");
-    if (text.size() > kMaxSvgBytes || dashes.match(QString::fromLatin1(text)).hasMatch()) {
+    static const QRegularExpression kDashes(R"(dasharray(?!\s*(:|=\s*["'])\s*none\b))");
+    if (text.size() > kMaxSvgBytes || kDashes.match(QString::fromLatin1(text)).hasMatch()) {
         return false;
     }
     QXmlStreamReader xml(text);

@@ -12,7 +12,7 @@ namespace {
 
 /// What a keyboard layout does not have: these are the same on all keyboards of a language.
 QString keyName(const QString& name) {
-    static const QHash<QString, QString> names{
+    static const QHash<QString, QString> kNames{
         {"Ctrl", localized("Ctrl")},       {"Alt", localized("Alt")},
         {"Shift", localized("Shift")},     {"Super", localized("Super")},
         {"Return", localized("Return")},   {"Enter", localized("Enter")},
@@ -23,7 +23,7 @@ QString keyName(const QString& name) {
         {"Left", localized("Left")},       {"Right", localized("Right")},
         {"Up", localized("Up")},           {"Down", localized("Down")},
     };
-    return names.value(name, name);
+    return kNames.value(name, name);
 }
 
 } // namespace
