@@ -17,8 +17,8 @@ public:
 
     std::strong_ordering operator<=>(const BuildVersion& other) const;
     bool operator==(const BuildVersion& other) const {
-        return (*this <=> other) == 0;
-    } // NOLINT(modernize-use-nullptr)
+        return (*this <=> other) == 0; // NOLINT(modernize-use-nullptr): an order is no pointer
+    }
 
 private:
     /// Without zeros in front.
