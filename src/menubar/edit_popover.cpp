@@ -29,8 +29,7 @@ void EditPopover::open(const std::shared_ptr<WindowState>& state) {
     controller_->setWindowState(state);
     controller_->setNewOriginalWindowRect(services_.tracking.windowRect());
     controller_->setNewQuartzDisplayBounds(services_.tracking.currentDisplayBounds());
-    services_.session.bringForward(*controller_->popover());
-    controller_->view().focusWindowStateName();
+    services_.session.bringForward(*controller_);
 }
 
 void EditPopover::cancelForAnother() {

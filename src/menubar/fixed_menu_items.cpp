@@ -1,6 +1,6 @@
 #include "menubar/fixed_menu_items.h"
 
-#include "ui/format_text.h"
+#include "ui/version_text.h"
 
 #include <string>
 #include <utility>

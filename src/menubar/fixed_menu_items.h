@@ -33,7 +33,8 @@ struct FixedMenuItems {
     std::shared_ptr<MenuItem> moveToNextDisplayItem;
     /// Checked while the program starts at login.
     std::shared_ptr<MenuItem> startupItem;
-    /// For trying out the reporting of crashes; not for users.
+    /// For trying out the reporting of crashes; not for users, whose menu the controller takes it
+    /// out of.
     std::shared_ptr<MenuItem> crashItem;
     std::shared_ptr<MenuItem> versionItem;
 

@@ -5,10 +5,12 @@
 
 namespace panewright {
 
-void PopoverSession::bringForward(Popover& popover) const {
+void PopoverSession::bringForward(const PopoverController& controller) const {
+    auto& popover = *controller.popover();
     popover.show(services_.anchor());
     bringApplicationToFrontIfInBackground(services_.workspace, services_.program);
     popover.makeKeyAndOrderFront();
+    controller.focusWindowStateName();
 }
 
 void PopoverSession::finish(Popover* popover) const {

@@ -3,7 +3,7 @@
 #include "menubar/hot_key_installation.h"
 #include "platform/program_information.h"
 #include "platform/workspace.h"
-#include "ui/popover.h"
+#include "ui/popover_controller.h"
 
 #include <functional>
 #include <utility>
@@ -35,8 +35,9 @@ public:
     /// filled.
     void prepare() const { services_.updateHotKeys(HotKeyOccasion::kPopoverOpened); }
 
-    /// Shows it at the anchor with the keyboard in it, also one that is open already.
-    void bringForward(Popover& popover) const;
+    /// Shows the controller's popover at the anchor with the keyboard in its name field, also one
+    /// that is open already.
+    void bringForward(const PopoverController& controller) const;
 
     /// Saves the store, installs the hot keys again, closes the popover and gives the keyboard back
     /// to the program that the user was in.

@@ -27,8 +27,7 @@ void SavePopover::open() {
     controller_->loadViewSafely();
     controller_->reset();
     update();
-    services_.session.bringForward(*controller_->popover());
-    controller_->view().focusWindowStateName();
+    services_.session.bringForward(*controller_);
 }
 
 void SavePopover::addWindowState(const std::shared_ptr<WindowState>& state) {

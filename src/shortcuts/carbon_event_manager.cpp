@@ -45,7 +45,7 @@ void CarbonEventManager::setSharedManagerFactory(
 
 CarbonEventManager::CarbonEventManager(Services services)
     : services_(services), presses_(services.hotKeys.onPressed([this](const HotKeyPress& press) {
-          handlers_.deliver({kEventClassKeyboard, kEventHotKeyPressed}, press);
+          handlers_.deliver(kHotKeyPressed, press);
       })) {
     restoreFromDefaults(); // for a registry that writes from the start; this one does not
 }
@@ -83,7 +83,7 @@ void CarbonEventManager::addCarbonKeyEvent(const KeyEventPtr& event) {
     }
     auto& registration = event->registration_;
     registration.hotKeyId.id = hotKeyIds().take();
-    registration.eventSpec = {kEventClassKeyboard, kEventHotKeyPressed};
+    registration.eventSpec = kHotKeyPressed;
     const auto modifiers = cocoaToCarbonModifierFlags(event->modifierFlags());
     registration.hotKeyRef =
         services_.hotKeys

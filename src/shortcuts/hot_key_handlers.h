@@ -17,6 +17,7 @@ struct EventTypeSpec {
 
 constexpr std::uint32_t kEventClassKeyboard = 0x6B657962; // 'keyb'
 constexpr std::uint32_t kEventHotKeyPressed = 5;
+constexpr EventTypeSpec kHotKeyPressed{kEventClassKeyboard, kEventHotKeyPressed};
 
 /// A handle of an installed handler; 0 is none. Releasing one twice, or one never given out, is
 /// harmless.

@@ -24,6 +24,8 @@ public:
 
     /// The window of the view; null before that is loaded.
     Popover* popover() const;
+    /// Gives the name field the keyboard. The view must be loaded.
+    void focusWindowStateName() const { loadedView()->focusWindowStateName(); }
     /// The state that the popover works on; null while there is none.
     const std::shared_ptr<WindowState>& windowState() const { return windowState_; }
 

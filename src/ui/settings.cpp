@@ -1,7 +1,7 @@
 #include "ui/settings.h"
 
 #include "model/model.h"
-#include "ui/format_text.h"
+#include "ui/version_text.h"
 
 namespace panewright {
 

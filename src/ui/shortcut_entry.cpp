@@ -1,12 +1,11 @@
 #include "ui/shortcut_entry.h"
 
-#include "ui/format_text.h"
-
 namespace panewright {
 
 ShortcutEntry::ShortcutEntry(const Services& services)
     : services_(services), recorder_(services.shortcutText, services.beeper) {
-    localizeLabels(recorder_, services_.text);
+    recorder_.setDefaultLabel(services_.text.localized(kDefaultLabel));
+    recorder_.setWaitingForKeysLabel(services_.text.localized(kWaitingForKeysLabel));
 }
 
 void ShortcutEntry::showShortcut(const CarbonKeyEvent* event) {

@@ -1,4 +1,4 @@
-#include "ui/format_text.h"
+#include "ui/version_text.h"
 
 #include "base/text_with.h"
 
@@ -7,11 +7,6 @@ namespace panewright {
 std::string versionText(const ProgramInformation& program, const TextServices& text) {
     return textWith(textWith(text.localized("Version: %@.%@"), program.shortVersion()),
                     program.buildVersion());
-}
-
-void localizeLabels(QFShortcutRecorder& recorder, const TextServices& text) {
-    recorder.setDefaultLabel(text.localized(kDefaultLabel));
-    recorder.setWaitingForKeysLabel(text.localized(kWaitingForKeysLabel));
 }
 
 } // namespace panewright

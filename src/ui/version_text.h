@@ -2,7 +2,6 @@
 
 #include "platform/program_information.h"
 #include "platform/text_services.h"
-#include "shortcuts/qf_shortcut_recorder.h"
 
 #include <string>
 
@@ -10,8 +9,5 @@ namespace panewright {
 
 /// The program's version and the number of its build, as people are told them.
 std::string versionText(const ProgramInformation& program, const TextServices& text);
-
-/// Puts the recorder's own labels into the user's language.
-void localizeLabels(QFShortcutRecorder& recorder, const TextServices& text);
 
 } // namespace panewright
