@@ -4,7 +4,6 @@
 #include "platform/workspace.h"
 
 #include <optional>
-#include <vector>
 
 namespace panewright {
 

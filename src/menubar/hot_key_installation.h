@@ -6,7 +6,6 @@
 
 #include <memory>
 #include <optional>
-#include <vector>
 
 namespace panewright {
 

@@ -24,15 +24,6 @@ XConnection::~XConnection() {
     xcb_disconnect(connection_);
 }
 
-std::vector<xcb_window_t> XConnection::roots() const {
-    std::vector<xcb_window_t> roots;
-    for (auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection_)); screens.rem;
-         xcb_screen_next(&screens)) {
-        roots.push_back(screens.data->root);
-    }
-    return roots;
-}
-
 std::optional<std::uint8_t> XConnection::firstEventOf(xcb_extension_t& extension) const {
     const auto* data = xcb_get_extension_data(connection_, &extension);
     return data && data->present ? std::optional(data->first_event) : std::nullopt;

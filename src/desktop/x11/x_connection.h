@@ -18,7 +18,6 @@
 #include <memory>
 #include <optional>
 #include <utility>
-#include <vector>
 
 namespace panewright {
 
@@ -45,9 +44,8 @@ public:
 
     xcb_connection_t* get() const { return connection_; }
     operator xcb_connection_t*() const { return connection_; } // for calls of xcb_*
-    /// The root window of the screen that $DISPLAY names, and those of all screens.
+    /// The root window of the screen that $DISPLAY names.
     xcb_window_t root() const { return root_; }
-    std::vector<xcb_window_t> roots() const;
     const XAtoms& atoms() const { return atoms_; }
 
     /// The base event code of an extension; nil if the server lacks it.
