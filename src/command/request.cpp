@@ -76,13 +76,21 @@ public:
         } catch (const CLI::CallForHelp&) {
             return ShowText{help()};
         } catch (const CLI::ParseError& error) {
-            return Refuse{std::string(error.what()) + "; see \"panewright " + command +
-                          " --help\""};
+            return Refuse{whatIsWrong(error) + "; see \"panewright " + command + " --help\""};
         }
         return request_;
     }
 
 private:
+    /// A name that looks like an option is what people forget, not the name.
+    std::string whatIsWrong(const CLI::ParseError& error) const {
+        const auto unknown = app_.remaining(true);
+        if (dynamic_cast<const CLI::RequiredError*>(&error) && !unknown.empty()) {
+            return "unknown option '" + unknown.front() + "'; a name that begins with - follows --";
+        }
+        return error.what();
+    }
+
     /// The request is made when the options are known.
     template <class MakeRequest>
     CLI::App* add(const std::string& name, const std::string& does, MakeRequest makeRequest) {

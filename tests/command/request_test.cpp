@@ -93,6 +93,7 @@ TEST(Request, IsRefusedWithAHint) {
     for (const auto& arguments : cases) {
         EXPECT_THAT(describe(arguments), MatchesRegex("refuse [^\n]*--help[^\n]*"));
     }
+    EXPECT_THAT(describe({"apply", "-x"}), HasSubstr("begins with - follows --"));
 }
 
 TEST(Request, ShowsTheHelpOfWhatIsAskedFor) {
