@@ -3,23 +3,8 @@
 #include "shortcuts/hot_key_id_counter.h"
 #include "shortcuts/modifier_flags.h"
 
-#include <array>
-
 namespace panewright {
 namespace {
-
-struct FlagPair {
-    std::uint64_t application;
-    std::uint64_t hotKey;
-};
-
-constexpr std::array<FlagPair, 5> kFlagPairs{{
-    {kCommandFlag, kHotKeyCommand},
-    {kShiftFlag, kHotKeyShift},
-    {kOptionFlag, kHotKeyOption},
-    {kControlFlag, kHotKeyControl},
-    {kFunctionFlag, kFunctionFlag},
-}};
 
 /// One for the process: ids are never shared, whichever registry takes them.
 HotKeyIdCounter& hotKeyIds() {
@@ -53,22 +38,6 @@ CarbonEventManager::CarbonEventManager(Services services)
 CarbonEventManager::~CarbonEventManager() {
     writesToDefaults_ = false;
     removeAllEvents();
-}
-
-std::uint64_t CarbonEventManager::cocoaToCarbonModifierFlags(std::uint64_t flags) {
-    std::uint64_t converted = 0;
-    for (const auto& pair : kFlagPairs) {
-        converted |= (flags & pair.application) ? pair.hotKey : 0;
-    }
-    return converted;
-}
-
-std::uint64_t CarbonEventManager::carbonToCocoaModifierFlags(std::uint64_t flags) {
-    std::uint64_t converted = 0;
-    for (const auto& pair : kFlagPairs) {
-        converted |= (flags & pair.hotKey) ? pair.application : 0;
-    }
-    return converted;
 }
 
 CarbonEventManager::KeyEventPtr CarbonEventManager::keyEventFromHotKeyId(std::uint32_t id) const {

@@ -48,11 +48,6 @@ public:
     CarbonEventManager(const CarbonEventManager&) = delete;
     CarbonEventManager& operator=(const CarbonEventManager&) = delete;
 
-    /// Between the application's form of modifier flags and the hot-key interface's. The Function
-    /// bit (0x800000) passes unchanged, any other bit is dropped.
-    static std::uint64_t cocoaToCarbonModifierFlags(std::uint64_t flags);
-    static std::uint64_t carbonToCocoaModifierFlags(std::uint64_t flags);
-
     /// The number that the shortcut stands under in the table, and that two equal shortcuts share.
     static std::uint64_t keyForKeyCode(std::uint64_t keyCode, std::uint64_t modifierFlags) {
         return keyCode + modifierFlags;

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <string_view>
 
 namespace panewright {
 
@@ -16,16 +14,9 @@ constexpr std::uint64_t kFunctionFlag = 0x800000;
 /// The modifiers that a shortcut can have.
 constexpr std::uint64_t kShortcutModifiers = kShiftFlag | kControlFlag | kOptionFlag | kCommandFlag;
 
-/// Their symbols, in the order in which they are shown.
-struct ModifierSymbol {
-    std::uint64_t flag;
-    std::string_view symbol;
-};
-constexpr std::array<ModifierSymbol, 4> kModifierSymbols{{
-    {kControlFlag, "\u2303"},
-    {kOptionFlag, "\u2325"},
-    {kShiftFlag, "\u21E7"},
-    {kCommandFlag, "\u2318"},
-}};
+/// Between the application's form and the hot-key form (platform/hot_keys.h). The Function bit
+/// passes unchanged, any other bit is dropped.
+std::uint64_t cocoaToCarbonModifierFlags(std::uint64_t flags);
+std::uint64_t carbonToCocoaModifierFlags(std::uint64_t flags);
 
 } // namespace panewright

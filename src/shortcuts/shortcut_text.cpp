@@ -1,6 +1,5 @@
 #include "shortcuts/shortcut_text.h"
 
-#include "shortcuts/carbon_event_manager.h"
 #include "shortcuts/modifier_flags.h"
 
 #include <algorithm>
@@ -9,6 +8,19 @@
 
 namespace panewright {
 namespace {
+
+struct ModifierSymbol {
+    std::uint64_t flag;
+    std::string_view symbol;
+};
+
+/// In the order in which they are shown.
+constexpr ModifierSymbol kModifierSymbols[] = {
+    {kControlFlag, "\u2303"},
+    {kOptionFlag, "\u2325"},
+    {kShiftFlag, "\u21E7"},
+    {kCommandFlag, "\u2318"},
+};
 
 struct KeyName {
     std::uint64_t keyCode;
@@ -66,8 +78,7 @@ std::string_view fixedName(std::uint64_t keyCode) {
 }
 
 std::uint32_t hotKeyForm(std::uint64_t modifierFlags) {
-    return static_cast<std::uint32_t>(
-        CarbonEventManager::cocoaToCarbonModifierFlags(modifierFlags));
+    return static_cast<std::uint32_t>(cocoaToCarbonModifierFlags(modifierFlags));
 }
 
 } // namespace

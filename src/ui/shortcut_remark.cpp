@@ -3,6 +3,7 @@
 #include "base/text_with.h"
 #include "model/model.h"
 #include "shortcuts/carbon_event_manager.h"
+#include "shortcuts/modifier_flags.h"
 
 namespace panewright {
 namespace {
@@ -41,7 +42,7 @@ std::string otherUsesRemark(const ShortcutRemarkServices& services, std::uint64_
 bool isShortcutTaken(const HotKeys& hotKeys, std::uint64_t keyCode, std::uint64_t modifierFlags) {
     return hotKeys.isTakenByAnotherProgram(
         static_cast<std::uint32_t>(keyCode),
-        static_cast<std::uint32_t>(CarbonEventManager::cocoaToCarbonModifierFlags(modifierFlags)));
+        static_cast<std::uint32_t>(cocoaToCarbonModifierFlags(modifierFlags)));
 }
 
 std::string shortcutRemark(const ShortcutRemarkServices& services, std::uint64_t keyCode,

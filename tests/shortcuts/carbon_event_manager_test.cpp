@@ -4,6 +4,7 @@
 #include "desktop/memory/memory_main_loop.h"
 #include "desktop/memory/memory_user_defaults.h"
 #include "shortcuts/hot_key_id_counter.h"
+#include "shortcuts/modifier_flags.h"
 #include "support/captured_log.h"
 
 #include <gmock/gmock.h>
@@ -67,8 +68,8 @@ TEST_F(CarbonEventManagerTest, ConvertsModifierFlagsBothWays) {
     const std::pair<std::uint64_t, std::uint64_t> pairs[] = {
         {0x100000, 0x100}, {0x1E0000, 0x1B00}, {0x800000, 0x800000}, {0, 0}};
     for (const auto& [application, hotKey] : pairs) {
-        EXPECT_EQ(CarbonEventManager::cocoaToCarbonModifierFlags(application | 0x1000F), hotKey);
-        EXPECT_EQ(CarbonEventManager::carbonToCocoaModifierFlags(hotKey | 0x400), application);
+        EXPECT_EQ(cocoaToCarbonModifierFlags(application | 0x1000F), hotKey);
+        EXPECT_EQ(carbonToCocoaModifierFlags(hotKey | 0x400), application);
     }
 }
 
