@@ -11,24 +11,6 @@
 namespace panewright {
 namespace {
 
-/// The modifiers of an X event's state; nil when the keyboard lacks one of them.
-std::optional<std::uint32_t> stateOf(std::uint32_t modifiers, const ModifierMasks& masks) {
-    const std::pair<std::uint32_t, std::uint32_t> pairs[] = {{kHotKeyShift, XCB_MOD_MASK_SHIFT},
-                                                             {kHotKeyControl, XCB_MOD_MASK_CONTROL},
-                                                             {kHotKeyOption, masks.alt},
-                                                             {kHotKeyCommand, masks.super}};
-    std::uint32_t state = 0;
-    for (const auto& [modifier, mask] : pairs) {
-        if (modifiers & modifier) {
-            if (mask == 0) {
-                return std::nullopt;
-            }
-            state |= mask;
-        }
-    }
-    return state;
-}
-
 /// Without the bits that make no difference.
 std::pair<std::uint32_t, std::uint32_t> shortcutOf(std::uint32_t virtualKeyCode,
                                                    std::uint32_t modifiers) {
@@ -95,7 +77,7 @@ bool X11HotKeys::isTakenByAnotherProgram(std::uint32_t virtualKeyCode,
 std::vector<X11HotKeys::Grab> X11HotKeys::grabsOf(std::uint32_t virtualKeyCode,
                                                   std::uint32_t modifiers) const {
     std::vector<Grab> grabs;
-    const auto state = stateOf(modifiers, grabbedWith_);
+    const auto state = grabbedWith_.stateOf(modifiers);
     if (!state) {
         return grabs;
     }

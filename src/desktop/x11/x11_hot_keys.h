@@ -16,8 +16,7 @@
 namespace panewright {
 
 /// Hot keys as passive grabs of physical keys (X protocol, GrabKey) on the root window of the
-/// screen whose windows are placed, under every state of the lock keys. Option is the keyboard's
-/// Alt, Command its Super.
+/// screen whose windows are placed, under every state of the lock keys.
 class X11HotKeys : public HotKeys {
 public:
     /// `beforePress` is called before each press is looked at.

@@ -1,12 +1,14 @@
 #include "desktop/x11/xkb_keymap.h"
 
 #include "desktop/x11/xcb_xkb.h"
+#include "platform/hot_keys.h"
 
 #include <xkbcommon/xkbcommon-keysyms.h>
 #include <xkbcommon/xkbcommon-x11.h>
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 namespace panewright {
 namespace {
@@ -61,6 +63,23 @@ void classify(ModifierMasks& masks, std::uint32_t mask, const std::set<xkb_keysy
 }
 
 } // namespace
+
+std::optional<std::uint32_t> ModifierMasks::stateOf(std::uint32_t hotKeyModifiers) const {
+    const std::pair<std::uint32_t, std::uint32_t> pairs[] = {{kHotKeyShift, XCB_MOD_MASK_SHIFT},
+                                                             {kHotKeyControl, XCB_MOD_MASK_CONTROL},
+                                                             {kHotKeyOption, alt},
+                                                             {kHotKeyCommand, super}};
+    std::uint32_t state = 0;
+    for (const auto& [modifier, mask] : pairs) {
+        if (hotKeyModifiers & modifier) {
+            if (mask == 0) {
+                return std::nullopt;
+            }
+            state |= mask;
+        }
+    }
+    return state;
+}
 
 XkbKeymap::XkbKeymap(XConnection& connection, MainLoop& mainLoop)
     : connection_(connection), mainLoop_(mainLoop),

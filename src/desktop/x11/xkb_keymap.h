@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace panewright {
@@ -17,6 +18,11 @@ struct ModifierMasks {
     std::uint32_t super = 0;
     /// Lock keys whose state must make no difference, each by itself.
     std::vector<std::uint32_t> locks;
+
+    /// The state that hot-key modifiers (platform/hot_keys.h) make, locks left out: Option is the
+    /// keyboard's Alt and Command its Super, as in desktop/qt/key_events.h, where shortcuts are
+    /// recorded. Nil when the keyboard lacks one of them.
+    std::optional<std::uint32_t> stateOf(std::uint32_t hotKeyModifiers) const;
 
     friend bool operator==(const ModifierMasks&, const ModifierMasks&) = default;
 };
