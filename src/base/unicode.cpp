@@ -1,5 +1,6 @@
 #include "base/unicode.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -42,6 +43,11 @@ std::size_t sequenceLength(std::string_view text) {
     return 0;
 }
 
+/// Zs of the Unicode Character Database, and the tab.
+constexpr std::array<std::string_view, 18> kWhitespace{
+    "\t",     " ",      "\u00A0", "\u1680", "\u2000", "\u2001", "\u2002", "\u2003", "\u2004",
+    "\u2005", "\u2006", "\u2007", "\u2008", "\u2009", "\u200A", "\u202F", "\u205F", "\u3000"};
+
 /// How much of the start of the text is well-formed.
 std::size_t wellFormedLength(std::string_view text) {
     const char* const end = text.data() + text.size();
@@ -77,6 +83,18 @@ std::string wellFormedUtf8(std::string_view text) {
     mended.reserve(wellFormedUtf8Size(text));
     mend(text, [&](std::string_view part) { mended += part; });
     return mended;
+}
+
+bool isBlank(std::string_view text) {
+    while (!text.empty()) {
+        const auto* const space = std::ranges::find_if(
+            kWhitespace, [&](std::string_view each) { return text.starts_with(each); });
+        if (space == kWhitespace.end()) {
+            return false;
+        }
+        text.remove_prefix(space->size());
+    }
+    return true;
 }
 
 std::size_t wellFormedUtf8Size(std::string_view text) {

@@ -28,9 +28,6 @@ public:
     /// Below 0 if `a` comes before `b` in a list of names in the user's language, 0 if the two
     /// differ in upper and lower case at most, above 0 if it comes after.
     virtual int localizedCaseInsensitiveCompare(std::string_view a, std::string_view b) const = 0;
-
-    /// Without the white space (Unicode's space separators and the tab; no line ends) around it.
-    virtual std::string trimmedOfWhitespace(std::string_view text) const = 0;
 };
 
 } // namespace panewright

@@ -1,6 +1,5 @@
 #include "ui/edit_shortcut_view_controller.h"
 
-#include "base/text_with.h"
 #include "model/model.h"
 #include "shortcuts/modifier_flags.h"
 #include "ui/window_state_editing.h"
@@ -54,8 +53,7 @@ std::string EditShortcutViewController::contextOf(const std::shared_ptr<WindowSt
     if (key == kGlobalsKey) {
         return text.localized("Active for all applications");
     }
-    return textWith(text.localized("Only active for %@"),
-                    state->appName().value_or(key.value_or("")));
+    return onlyActiveFor(state->appName().value_or(key.value_or("")));
 }
 
 std::optional<std::string> EditShortcutViewController::applicationOfShortcut() const {

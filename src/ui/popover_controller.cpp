@@ -1,5 +1,7 @@
 #include "ui/popover_controller.h"
 
+#include "base/text_with.h"
+#include "base/unicode.h"
 #include "model/window_state.h"
 #include "shortcuts/virtual_key_codes.h"
 
@@ -20,11 +22,15 @@ void PopoverController::viewDidLoad() {
 
 std::optional<std::string> PopoverController::enteredName() const {
     auto name = loadedView()->windowStateName();
-    if (services_.text.trimmedOfWhitespace(name).empty() || !windowState_) {
+    if (isBlank(name) || !windowState_) {
         services_.beeper.beep();
         return std::nullopt;
     }
     return name;
+}
+
+std::string PopoverController::onlyActiveFor(const std::string& applicationName) const {
+    return textWith(services_.text.localized("Only active for %@"), applicationName);
 }
 
 bool PopoverController::keyDown(const KeyEvent& event) {

@@ -42,6 +42,7 @@ protected:
     void viewDidLoad();
     /// The name as it was typed; nil, with a beep, when it is blank or there is no state to name.
     std::optional<std::string> enteredName() const;
+    std::string onlyActiveFor(const std::string& applicationName) const;
 
 private:
     /// Null before it is loaded.

@@ -53,7 +53,7 @@ void SaveShortcutViewController::abandon() {
 
 void SaveShortcutViewController::setApplicationName(const std::string& name) {
     appName_ = name;
-    view_->setForAppOnlyTitle(textWith(services().text.localized("Only active for %@"), name));
+    view_->setForAppOnlyTitle(onlyActiveFor(name));
     updateTooltips();
 }
 

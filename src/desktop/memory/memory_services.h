@@ -120,7 +120,7 @@ public:
     std::map<std::string, std::filesystem::path, std::less<>> helpPages;
 };
 
-/// Knows the letters and white space of ASCII, and says everything in English.
+/// Knows the letters of ASCII, and says everything in English.
 class MemoryTextServices : public TextServices {
 public:
     std::string upperCased(std::string_view text) const override {
@@ -134,13 +134,6 @@ public:
     std::string language() const override { return userLanguage; }
     int localizedCaseInsensitiveCompare(std::string_view a, std::string_view b) const override {
         return upperCased(a).compare(upperCased(b));
-    }
-    std::string trimmedOfWhitespace(std::string_view text) const override {
-        const auto first = text.find_first_not_of(" \t");
-        if (first == std::string_view::npos) {
-            return {};
-        }
-        return std::string(text.substr(first, text.find_last_not_of(" \t") + 1 - first));
     }
 
     std::string userLanguage{kSourceLanguage};

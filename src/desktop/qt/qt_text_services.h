@@ -20,7 +20,6 @@ public:
     std::string localized(const char* text) const override;
     std::string language() const override { return language_; }
     int localizedCaseInsensitiveCompare(std::string_view a, std::string_view b) const override;
-    std::string trimmedOfWhitespace(std::string_view text) const override;
 
 private:
     QTranslator translation_;
