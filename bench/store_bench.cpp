@@ -3,6 +3,7 @@
 // in a process of its own. Times are medians of several runs, in milliseconds.
 
 #include "archive/plist_node.h"
+#include "archive/reading_costs.h"
 #include "desktop/memory/memory_services.h"
 #include "desktop/memory/memory_standard_folders.h"
 #include "desktop/memory/memory_user_defaults.h"
@@ -86,7 +87,7 @@ void measure(int count) {
     const WindowStates states = makeStates(count);
     const ArchiveValue snapshot = snapshotOf(states);
     const Bytes file = *archivedSnapshot(snapshot);
-    const Bytes archive = *gunzippedData(file);
+    const Bytes archive = *gunzippedData(file, kMaxArchiveSize);
     const auto parse = [](const Bytes& bytes) {
         plist_t node = nullptr;
         plist_from_bin(reinterpret_cast<const char*>(bytes.data()),
@@ -95,7 +96,7 @@ void measure(int count) {
     };
     const PlistNode parsed = parse(archive);
 
-    const double plainLoad = medianOf(runs, [&] { parse(*gunzippedData(file)); });
+    const double plainLoad = medianOf(runs, [&] { parse(*gunzippedData(file, kMaxArchiveSize)); });
     const double plainSave = medianOf(runs, [&] {
         const PlistBytes bytes = binaryOf(parsed.get());
         const Bytes data(bytes.bytes.get(), bytes.bytes.get() + bytes.length);

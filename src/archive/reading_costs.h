@@ -13,6 +13,9 @@ namespace panewright {
 /// The most that one reading may hold in all. 10,000 states take about 90 MB of it.
 inline constexpr std::uint64_t kMaxReadingMemory = std::uint64_t{256} << 20;
 
+/// The most bytes that an archive may have, inflated.
+inline constexpr std::size_t kMaxArchiveSize = std::size_t{64} << 20;
+
 /// A text of so many bytes of UTF-8, each time that something refers to it.
 constexpr std::uint64_t costOfText(std::size_t length) {
     return length + 64;

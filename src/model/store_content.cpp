@@ -33,7 +33,7 @@ std::optional<ArchiveValue> unarchivedContent(const Bytes& fileContent) {
     }
     const std::optional<Bytes> gunzipped = gunzippedData(
         fileContent,
-        static_cast<std::size_t>(std::min<std::uint64_t>(kMaxGunzippedSize, budget.left() / 2)));
+        static_cast<std::size_t>(std::min<std::uint64_t>(kMaxArchiveSize, budget.left() / 2)));
     if (gunzipped && !budget.take(costOfFile(0, gunzipped->size()))) {
         return std::nullopt;
     }
@@ -76,9 +76,8 @@ ArchiveValue snapshotOf(const WindowStates& states) {
 std::optional<Bytes> archivedSnapshot(const ArchiveValue& snapshot) try {
     MemoryBudget readersBudget(kMaxReadingMemory);
     const auto archive = KeyedArchiver::archivedDataWithRootObject(snapshot, readersBudget);
-    auto content = archive && archive->size() <= kMaxGunzippedSize
-                       ? gzippedData(*archive, kSmallest)
-                       : std::nullopt;
+    auto content = archive && archive->size() <= kMaxArchiveSize ? gzippedData(*archive, kSmallest)
+                                                                 : std::nullopt;
     return content && readersBudget.take(costOfFile(content->size(), archive->size()))
                ? std::move(content)
                : std::nullopt;

@@ -1,6 +1,7 @@
 #include "model/model.h"
 
 #include "archive/keyed_archiver.h"
+#include "archive/reading_costs.h"
 #include "desktop/memory/memory_keyboard_layout.h"
 #include "desktop/memory/memory_services.h"
 #include "model/gzip.h"
@@ -132,7 +133,7 @@ TEST_F(ModelTest, ReadsAPlainArchiveAndCompressesItAtOnce) {
     const Bytes plain = KeyedArchiver::archivedDataWithRootObject(snapshotOf(makeStates(3, "x")));
     setContent(file_, std::string(plain.begin(), plain.end()));
     makeModel()->finishSaving();
-    EXPECT_TRUE(gunzippedData(readFile(file_).value()));
+    EXPECT_TRUE(gunzippedData(readFile(file_).value(), kMaxArchiveSize));
     EXPECT_EQ(statesOnDisk()->size(), 4U) << "3 applications and the built-in states";
 }
 
