@@ -5,6 +5,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -19,6 +20,10 @@ inline constexpr std::array kSizeThenPosition{NSAccessibilitySizeAttribute,
 /// Whether the window (null: no) can be both moved and resized.
 bool isFrameSettable(const std::shared_ptr<AccessibilityElement>& window,
                      std::span<const std::string_view> order);
+
+/// The outer frame, size read before position; nil when the window tells one of them not, or as
+/// something else.
+std::optional<Rect> readFrame(const AccessibilityElement& window);
 
 /// Writes the outer frame as position, size, position. The second position is for windows that were
 /// constrained at their old place while they were resized.

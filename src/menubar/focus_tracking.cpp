@@ -1,6 +1,7 @@
 #include "menubar/focus_tracking.h"
 
 #include "accessibility/accessibility_observer.h"
+#include "geometry/frame_attributes.h"
 #include "services/workspace_additions.h"
 
 #include <utility>
@@ -62,15 +63,9 @@ std::shared_ptr<AccessibilityElement> FocusTracking::updateWindowElement() {
 }
 
 void FocusTracking::updateWindowRect() {
-    if (!windowElement_) {
-        return;
-    }
-    const auto size = windowElement_->NSValueForAttribute(NSAccessibilitySizeAttribute);
-    const auto position = windowElement_->NSValueForAttribute(NSAccessibilityPositionAttribute);
-    const auto* sizeValue = size ? std::get_if<Size>(&*size) : nullptr;
-    const auto* positionValue = position ? std::get_if<Point>(&*position) : nullptr;
-    if (positionValue && sizeValue) {
-        windowRect_ = makeRect(*positionValue, *sizeValue);
+    const auto frame = windowElement_ ? readFrame(*windowElement_) : std::nullopt;
+    if (frame) {
+        windowRect_ = *frame;
     }
 }
 
