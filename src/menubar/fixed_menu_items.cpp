@@ -1,5 +1,6 @@
 #include "menubar/fixed_menu_items.h"
 
+#include "menubar/menu_shortcut.h"
 #include "ui/version_text.h"
 
 #include <string>
@@ -48,6 +49,11 @@ FixedMenuItems::FixedMenuItems(const TextServices& text, const ProgramInformatio
     service.push_back(versionItem);
     addGroup(after, service);
     addGroup(after, {makeItem(text.localized("Quit Panewright"), actions.quit)});
+}
+
+void FixedMenuItems::showMoveToNextDisplayKey(const CarbonKeyEvent* key,
+                                              const ShortcutText& text) const {
+    moveToNextDisplayItem->shortcut = key ? menuShortcutOf(*key, text) : MenuShortcut{};
 }
 
 } // namespace panewright

@@ -5,10 +5,14 @@
 #include "platform/text_services.h"
 #include "services/product_pages.h"
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 
 namespace panewright {
+
+class CarbonKeyEvent;
+class ShortcutText;
 
 /// The items that the status menu always has, in the user's language.
 struct FixedMenuItems {
@@ -29,6 +33,14 @@ struct FixedMenuItems {
     FixedMenuItems(const TextServices& text, const ProgramInformation& program,
                    const ProductPages& pages, const Actions& actions);
 
+    void setStartsAtLogin(bool on) const { startupItem->isChecked = on; }
+    /// The key that moves the window to the next display, beside that item; null for none.
+    void showMoveToNextDisplayKey(const CarbonKeyEvent* key, const ShortcutText& text) const;
+    /// Whether that item can be chosen: not with one display.
+    void showDisplayCount(std::size_t count) const {
+        moveToNextDisplayItem->isEnabled = count != 1;
+    }
+
     std::shared_ptr<MenuItem> saveItem;
     std::shared_ptr<MenuItem> moveToNextDisplayItem;
     /// Checked while the program starts at login.
@@ -38,7 +50,7 @@ struct FixedMenuItems {
     std::shared_ptr<MenuItem> crashItem;
     std::shared_ptr<MenuItem> versionItem;
 
-    /// What stands before the saved states, kInsertedItemIndex items, and after them.
+    /// What stands before the saved states, and after them.
     MenuItems before;
     MenuItems after;
 };

@@ -97,7 +97,7 @@ std::shared_ptr<MenuItem> StateMenuItems::itemWithMenuForKeyEvents(const WindowS
                                                                    bool includeAppBundle) {
     auto& first = *states.front();
     auto item = itemWithTitle(first.appName().value_or(""));
-    item->image = services_.images.resized(images_.appIconImage(first), kAppIconSize);
+    item->image = images_.appIconImage(first);
     item->submenu = std::make_shared<Menu>();
     MenuItems items;
     items.reserve(states.size() + 1);

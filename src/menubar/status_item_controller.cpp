@@ -241,7 +241,7 @@ void StatusItemController::addEventHandlers() {
                                          &StatusItemController::moveToNextDisplay);
     }
     installHotKeys(*model_, tracking_->currentApplication(), moveToNextDisplayKey_);
-    menu_->showMoveToNextDisplayKey(moveToNextDisplayKey_.get());
+    menu_->fixedItems().showMoveToNextDisplayKey(moveToNextDisplayKey_.get(), shortcutText_);
 }
 
 void StatusItemController::moveToNextDisplay(const std::shared_ptr<CarbonKeyEvent>& /*sender*/) {

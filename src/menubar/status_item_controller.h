@@ -45,7 +45,7 @@ public:
     FocusTracking& tracking() { return *tracking_; }
     const LaunchAgentStartupItem& launchAgentStartupItem() const { return *startupItem_; }
     /// Whether the start-at-login item is checked.
-    void setStartupItemState(bool on) { menu_->fixedItems().startupItem->isChecked = on; }
+    void setStartupItemState(bool on) { menu_->fixedItems().setStartsAtLogin(on); }
     StatusMenu& menu() { return *menu_; }
     StoreTroubles& storeTroubles() { return *storeTroubles_; }
 

@@ -59,10 +59,9 @@ void StatusMenu::rebuildMenuFlat(bool flat) {
     for (const auto& item : section) {
         item->tag = kInsertedItemTag;
     }
-    menu_->insertItems(section, kInsertedItemIndex);
-    showStoreTrouble(kInsertedItemIndex + section.size());
-    fixed_.moveToNextDisplayItem->isEnabled =
-        QuartzDisplay::screens(services_.displays).size() != 1;
+    menu_->insertItems(section, fixed_.before.size());
+    showStoreTrouble(fixed_.before.size() + section.size());
+    fixed_.showDisplayCount(QuartzDisplay::screens(services_.displays).size());
 }
 
 void StatusMenu::showStoreTrouble(std::size_t index) {
@@ -97,11 +96,6 @@ void StatusMenu::onMenuItemClicked(MenuItem& item, const MenuChoice& choice) {
     } else {
         actions_.editWindowState(item.representedObject);
     }
-}
-
-void StatusMenu::showMoveToNextDisplayKey(const CarbonKeyEvent* key) {
-    fixed_.moveToNextDisplayItem->shortcut =
-        key ? menuShortcutOf(*key, services_.shortcutText) : MenuShortcut{};
 }
 
 } // namespace panewright

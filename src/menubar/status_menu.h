@@ -25,8 +25,6 @@ class Model;
 inline constexpr std::int64_t kInsertedItemTag = 210;
 /// The tag of the line about the store, which stands below that, and of its separator.
 inline constexpr std::int64_t kStoreTroubleTag = 211;
-/// Where what is inserted begins.
-inline constexpr std::size_t kInsertedItemIndex = 3; // so many fixed items come before
 
 /// The status item's menu: its fixed items, and between these the saved states, which are put in
 /// when the menu opens and go half a second after it has closed. Main thread only.
@@ -75,9 +73,6 @@ public:
     /// Applies the item's state; with Option edits it, with Option and Shift deletes it and the
     /// item.
     void onMenuItemClicked(MenuItem& item, const MenuChoice& choice);
-
-    /// Shows the key beside its item; null for none.
-    void showMoveToNextDisplayKey(const CarbonKeyEvent* key);
 
 private:
     /// Below the states that end before the index.
