@@ -15,9 +15,6 @@ namespace fs = std::filesystem;
 /// Newer toolkits know the programs that run, and their systems the images that are mounted.
 constexpr double kLastOldToolkit = 949.0;
 
-constexpr const char* kShell = "/bin/sh";
-constexpr const char* kImageTool = "/usr/bin/hdiutil";
-
 constexpr const char* kAdministratorRight = "system.privilege.admin";
 /// Interaction allowed, extend rights, pre-authorize.
 constexpr std::uint32_t kAuthorizationFlags = 19;
@@ -92,7 +89,7 @@ std::optional<std::string> BundleApplicationMoving::mediumOf(const fs::path& fol
     if (!system || system->isRoot) {
         return std::nullopt;
     }
-    const auto tool = processes_.run({kImageTool, "info", "-plist"});
+    const auto tool = processes_.run(listImagesCommand());
     const auto list =
         tool && isToolkitNewer() ? valueOfXmlPropertyList(tool->standardOutput) : std::nullopt;
     return list && hasDevice(*list, system->mountedFrom) ? std::optional(system->mountedFrom)
@@ -115,17 +112,17 @@ AuthorizedInstallation BundleApplicationMoving::authorizedInstall(const fs::path
 }
 
 bool BundleApplicationMoving::replace(const fs::path& source, const fs::path& destination) {
-    const auto removed = authorization_.execute({"/bin/rm", "-rf", destination});
+    const auto removed = authorization_.execute(removeCommand(destination));
     if (!removed || !removed->exitStatus) {
         return false;
     }
-    const auto copied = authorization_.execute({"/bin/cp", "-pR", source, destination});
+    const auto copied = authorization_.execute(copyCommand(source, destination));
     return copied && copied->exitStatus == 0;
 }
 
 bool BundleApplicationMoving::isRunning(const fs::path& program) const {
     if (!isToolkitNewer()) {
-        const auto found = processes_.run({kShell, "-c", isRunningCommand(program.native())});
+        const auto found = processes_.run(isRunningCommand(program));
         return found && found->exitStatus == 0;
     }
     return std::ranges::any_of(bundles_.runningExecutables(), [&](const fs::path& executable) {
@@ -134,17 +131,15 @@ bool BundleApplicationMoving::isRunning(const fs::path& program) const {
 }
 
 void BundleApplicationMoving::open(const fs::path& program) {
-    processes_.run({"/usr/bin/open", program});
+    processes_.run(openCommand(program));
 }
 
 void BundleApplicationMoving::openAfterEnd(const fs::path& program) {
-    processes_.start(
-        {kShell, "-c",
-         openAfterEndCommand(bundles_.processIdentifier(), program.native(), isToolkitNewer())});
+    processes_.start(openAfterEndCommand(bundles_.processIdentifier(), program, isToolkitNewer()));
 }
 
 void BundleApplicationMoving::ejectLater(const std::string& medium) {
-    processes_.start({kShell, "-c", ejectCommand(medium)});
+    processes_.start(ejectCommand(medium));
 }
 
 } // namespace panewright

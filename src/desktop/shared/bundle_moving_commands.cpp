@@ -3,6 +3,16 @@
 #include <fmt/format.h>
 
 namespace panewright {
+namespace {
+
+constexpr const char* kImageTool = "/usr/bin/hdiutil";
+constexpr const char* kOpeningTool = "/usr/bin/open";
+
+CommandLine shellCommand(std::string line) {
+    return {"/bin/sh", "-c", std::move(line)};
+}
+
+} // namespace
 
 std::string shellQuoted(std::string_view text) {
     std::string quoted = "'";
@@ -12,22 +22,41 @@ std::string shellQuoted(std::string_view text) {
     return quoted + "'";
 }
 
-std::string openAfterEndCommand(int processId, std::string_view bundle, bool isToolkitNewer) {
-    const auto quoted = shellQuoted(bundle);
+CommandLine listImagesCommand() {
+    return {kImageTool, "info", "-plist"};
+}
+
+CommandLine removeCommand(const std::filesystem::path& bundle) {
+    return {"/bin/rm", "-rf", bundle};
+}
+
+CommandLine copyCommand(const std::filesystem::path& from, const std::filesystem::path& to) {
+    return {"/bin/cp", "-pR", from, to};
+}
+
+CommandLine isRunningCommand(const std::filesystem::path& bundle) {
+    return shellCommand(
+        fmt::format("/bin/ps ax -o comm | /usr/bin/grep {}/ | /usr/bin/grep -v grep >/dev/null",
+                    shellQuoted(bundle.native())));
+}
+
+CommandLine openCommand(const std::filesystem::path& bundle) {
+    return {kOpeningTool, bundle};
+}
+
+CommandLine openAfterEndCommand(int processId, const std::filesystem::path& bundle,
+                                bool isToolkitNewer) {
+    const auto quoted = shellQuoted(bundle.native());
     const auto unmark = fmt::format("/usr/bin/xattr -d {}com.apple.quarantine {}",
                                     isToolkitNewer ? "-r " : "", quoted);
-    return fmt::format("(while /bin/kill -0 {} >&/dev/null; do /bin/sleep 0.1; done; {}; "
-                       "/usr/bin/open {}) &",
-                       processId, unmark, quoted);
+    return shellCommand(
+        fmt::format("(while /bin/kill -0 {} >&/dev/null; do /bin/sleep 0.1; done; {}; {} {}) &",
+                    processId, unmark, kOpeningTool, quoted));
 }
 
-std::string ejectCommand(std::string_view device) {
-    return fmt::format("(/bin/sleep 5 && /usr/bin/hdiutil detach {}) &", shellQuoted(device));
-}
-
-std::string isRunningCommand(std::string_view bundle) {
-    return fmt::format("/bin/ps ax -o comm | /usr/bin/grep {}/ | /usr/bin/grep -v grep >/dev/null",
-                       shellQuoted(bundle));
+CommandLine ejectCommand(std::string_view device) {
+    return shellCommand(
+        fmt::format("(/bin/sleep 5 && {} detach {}) &", kImageTool, shellQuoted(device)));
 }
 
 } // namespace panewright

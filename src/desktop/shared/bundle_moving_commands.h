@@ -1,24 +1,41 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace panewright {
 
-/// The text as one word of a command line, whatever is in it.
+/// A program and its arguments.
+using CommandLine = std::vector<std::string>;
+
+// The tools that move a bundle. Paths are as they are, not
+// quoted. A newer toolkit is one whose version is above 949.0.
+
+/// The text as one word of a shell's command line, whatever is in it.
 std::string shellQuoted(std::string_view text);
 
-// The command lines that outlive the program that starts them, and one that looks for a program.
-// Paths are as they are, not quoted. A newer toolkit is one whose version is above 949.0.
+/// Prints the disk images that are mounted, as a property list.
+CommandLine listImagesCommand();
+
+// Done with an administrator's rights.
+CommandLine removeCommand(const std::filesystem::path& bundle);
+CommandLine copyCommand(const std::filesystem::path& from, const std::filesystem::path& to);
+
+/// Ends with 0 when a program of the bundle runs.
+CommandLine isRunningCommand(const std::filesystem::path& bundle);
+
+CommandLine openCommand(const std::filesystem::path& bundle);
+
+// These two outlive the program that starts them.
 
 /// Waits for the end of the process, takes the mark of a downloaded file from the bundle and opens
 /// it.
-std::string openAfterEndCommand(int processId, std::string_view bundle, bool isToolkitNewer);
+CommandLine openAfterEndCommand(int processId, const std::filesystem::path& bundle,
+                                bool isToolkitNewer);
 
 /// Ejects the disk image in five seconds.
-std::string ejectCommand(std::string_view device);
-
-/// Ends with 0 when a program of the bundle runs.
-std::string isRunningCommand(std::string_view bundle);
+CommandLine ejectCommand(std::string_view device);
 
 } // namespace panewright
