@@ -8,7 +8,7 @@
 #include "desktop/dbus/portal_colour_scheme.h"
 #include "desktop/dbus/running_instance.h"
 #include "desktop/dbus/session_bus.h"
-#include "desktop/freedesktop/autostart_entry.h"
+#include "desktop/freedesktop/autostart_entry_format.h"
 #include "desktop/freedesktop/ini_user_defaults.h"
 #include "desktop/freedesktop/theme_sounds.h"
 #include "desktop/freedesktop/xdg_folders.h"

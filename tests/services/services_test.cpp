@@ -1,4 +1,4 @@
-#include "desktop/freedesktop/autostart_entry.h"
+#include "desktop/freedesktop/autostart_entry_format.h"
 #include "desktop/memory/memory_user_defaults.h"
 #include "services/defaults.h"
 #include "services/launch_agent_format.h"

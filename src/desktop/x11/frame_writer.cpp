@@ -1,7 +1,7 @@
 #include "desktop/x11/frame_writer.h"
 
 #include "desktop/x11/client_message.h"
-#include "desktop/x11/frame_requests.h"
+#include "desktop/x11/position_request.h"
 
 #include <algorithm>
 #include <utility>

@@ -4,7 +4,7 @@
 #include "desktop/linux/evdev_key_codes.h"
 #include "desktop/x11/desktop_entry_icons.h"
 #include "desktop/x11/evdev_native_key_codes.h"
-#include "desktop/x11/frame_requests.h"
+#include "desktop/x11/position_request.h"
 #include "desktop/x11/x11_work_areas.h"
 #include "support/print_geometry.h"
 

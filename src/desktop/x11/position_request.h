@@ -7,8 +7,6 @@
 
 namespace panewright {
 
-/// How an outer frame is asked of a window manager: the arithmetic alone.
-
 /// Whether X can express it: finite, and within the 16 bits of a window's coordinates.
 bool isExpressible(Point position);
 bool isExpressible(Size size);

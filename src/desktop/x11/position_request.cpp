@@ -1,4 +1,4 @@
-#include "desktop/x11/frame_requests.h"
+#include "desktop/x11/position_request.h"
 
 #include <xcb/xcb.h>
 
