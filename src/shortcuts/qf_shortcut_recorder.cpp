@@ -6,14 +6,14 @@
 namespace panewright {
 namespace {
 
-constexpr double kButtonSize = 12;
 constexpr double kButtonMargin = 4;
 constexpr double kButtonDistance = 16;
 
 /// The buttons stand at the right edge, in the middle of the height.
 Rect buttonRect(Size viewSize, double fromRight) {
-    return {viewSize.width - (QFShortcutRecorder::kButtonImageWidth + kButtonMargin) - fromRight,
-            (viewSize.height - kButtonSize) / 2, kButtonSize, kButtonSize};
+    constexpr double kSize = QFShortcutRecorder::kButtonSize;
+    return {viewSize.width - (kSize + kButtonMargin) - fromRight, (viewSize.height - kSize) / 2,
+            kSize, kSize};
 }
 
 bool holds(const std::optional<Rect>& button, Point location) {

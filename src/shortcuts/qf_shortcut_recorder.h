@@ -66,7 +66,8 @@ struct TextAttributes {
 class QFShortcutRecorder {
 public:
     static constexpr std::int64_t kNoKeyCode = -1;
-    static constexpr double kButtonImageWidth = 12;
+    /// Both sides of a button, whose image fills it.
+    static constexpr double kButtonSize = 12;
 
     QFShortcutRecorder(ShortcutText text, Beeper& beeper) : text_(text), beeper_(beeper) {}
 
@@ -145,10 +146,11 @@ public:
     /// The shortcut for whoever hears it, such as "Alt+2"; empty while there is none.
     std::string shortcutInWords() const;
     const TextAttributes& shownAttributes() const;
-    /// Where the buttons are that can be pressed now; nil while there is none. While idle they are
-    /// not drawn.
+    /// Where the buttons are that can be pressed now; nil while there is none.
     std::optional<Rect> clearButton(Size viewSize) const;
     std::optional<Rect> snapBackButton(Size viewSize) const;
+    /// Whether those are drawn: while idle a click works where the clear button was.
+    bool showsButtons() const { return isRecording_; }
 
 private:
     struct Shortcut {

@@ -15,20 +15,20 @@ constexpr int kHeight = 24;
 constexpr Colour kText = grey(0.1);
 constexpr Colour kFocusRing{0.23, 0.51, 0.96};
 
-/// A disc with a cross cut out of it, 12 by 12.
+/// A disc with a cross cut out of it, as large as the button.
 QPainterPath clearImage() {
     QPainterPath disc;
-    disc.addEllipse(0, 0, 12, 12);
+    disc.addEllipse(0, 0, QFShortcutRecorder::kButtonSize, QFShortcutRecorder::kButtonSize);
     QPainterPath cross;
     cross.addRoundedRect(-4, -0.8, 8, 1.6, 0.8, 0.8);
     cross = cross.united(QTransform().rotate(90).map(cross));
     return disc.subtracted(QTransform().translate(6, 6).rotate(45).map(cross));
 }
 
-/// A disc with an arrow that turns back cut out of it, 12 by 12.
+/// A disc with an arrow that turns back cut out of it, as large as the button.
 QPainterPath snapBackImage() {
     QPainterPath disc;
-    disc.addEllipse(0, 0, 12, 12);
+    disc.addEllipse(0, 0, QFShortcutRecorder::kButtonSize, QFShortcutRecorder::kButtonSize);
     QPainterPath line;
     line.moveTo(4, 4.6);
     line.lineTo(6.8, 4.6);
@@ -254,7 +254,7 @@ void ShortcutRecorderWidget::drawLabel(QPainter& painter) const {
 }
 
 void ShortcutRecorderWidget::drawButtons(QPainter& painter) const {
-    if (!recorder_.isRecording()) {
+    if (!recorder_.showsButtons()) {
         return;
     }
     const auto adjustmentIf = [this](bool pressed) {
