@@ -23,9 +23,6 @@ constexpr mode_t kNewFolderMode = 0700;
 /// Names that are tried for a temporary file: each is one of four thousand million.
 constexpr int kMaxNames = 100;
 
-/// Numbers that are tried for a file that is to be kept.
-constexpr int kMaxNumber = 10'000;
-
 /// As many links as the kernel follows.
 constexpr int kMaxLinks = 40;
 
@@ -253,7 +250,7 @@ writeFileAtomically(const std::filesystem::path& path, const Bytes& bytes,
 
 Result<std::filesystem::path, FileError> writeNumberedFile(const std::filesystem::path& prefix,
                                                            const Bytes& bytes) {
-    for (int number = 1; number <= kMaxNumber; ++number) {
+    for (int number = 1; number <= kMaxFileNumber; ++number) {
         std::filesystem::path path = fmt::format("{}{}", prefix.string(), number);
         NewFile file{openNew(path), path};
         if (file.descriptor.isOpen()) {

@@ -61,6 +61,9 @@ Result<FileStamp, FileError>
 writeFileAtomically(const std::filesystem::path& path, const Bytes& bytes,
                     const std::function<std::optional<FileError>()>& beforeMove = {});
 
+/// So many numbers are tried for a file that is kept under a name of its own.
+inline constexpr int kMaxFileNumber = 10'000;
+
 /// Writes the content to the first of the files "PREFIX1", "PREFIX2" and so on that does not exist,
 /// of two that do so at once each to its own. Gives its name.
 Result<std::filesystem::path, FileError> writeNumberedFile(const std::filesystem::path& prefix,

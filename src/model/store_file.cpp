@@ -13,8 +13,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kMaxSetAside = 10'000;
-
 std::uint32_t checksumOf(const Bytes& bytes) {
     return static_cast<std::uint32_t>(crc32_z(0, bytes.data(), bytes.size()));
 }
@@ -29,7 +27,7 @@ bool hasNoHardLinks(const std::error_code& error) {
 /// as well. It disappears from its own name only where it can have no second one.
 std::optional<FileError> setAside(const fs::path& file, std::string_view kind) {
     std::error_code error = std::make_error_code(std::errc::file_exists);
-    for (int number = 1; number <= kMaxSetAside && error == std::errc::file_exists; ++number) {
+    for (int number = 1; number <= kMaxFileNumber && error == std::errc::file_exists; ++number) {
         const fs::path aside = fmt::format("{}.{}-{}", file.string(), kind, number);
         std::error_code ignored;
         if (fs::symlink_status(aside, ignored).type() != fs::file_type::not_found) {

@@ -4,7 +4,7 @@
 
 namespace panewright {
 
-/// The size, in points, of an application's icon beside or in a menu's row.
+/// The size, in points, of an application's icon wherever the program shows one.
 inline constexpr Size kAppIconSize{16, 16};
 
 /// The icon at the bottom left and the picture right of it, as high as the picture; the picture

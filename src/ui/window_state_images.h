@@ -28,7 +28,8 @@ public:
     /// Never null.
     ImagePtr windowStateImage(const std::shared_ptr<WindowState>& state);
 
-    /// The icon of the state's application at 16 by 16 points; null if there is none.
+    /// The icon of the state's application, of kAppIconSize (ui/composite_image.h); null if there
+    /// is none.
     ImagePtr appIconImage(WindowState& state);
 
     /// Both side by side, or the picture alone while there is no icon, which is not kept, so that

@@ -24,7 +24,7 @@ std::int64_t nanoseconds(const timespec& time) {
 
 std::filesystem::path IniUserDefaults::defaultFile() {
     const auto folder = xdgConfigHome();
-    return folder ? *folder / "Panewright" / "Panewright.conf" : std::filesystem::path();
+    return folder ? *folder / kOwnFolderName / "Panewright.conf" : std::filesystem::path();
 }
 
 std::optional<DefaultsValue> IniUserDefaults::objectForKey(std::string_view key) const {

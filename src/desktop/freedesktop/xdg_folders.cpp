@@ -32,7 +32,7 @@ std::optional<std::filesystem::path> xdgConfigHome() {
 
 std::optional<std::filesystem::path> stateFolder() {
     const auto home = baseFolder("XDG_STATE_HOME", ".local/state");
-    return home ? std::optional(*home / "Panewright") : std::nullopt;
+    return home ? std::optional(*home / kOwnFolderName) : std::nullopt;
 }
 
 Result<std::filesystem::path, FolderError> XdgFolders::applicationSupportDirectory() const {

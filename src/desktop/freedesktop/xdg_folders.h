@@ -9,7 +9,10 @@ namespace panewright {
 std::optional<std::filesystem::path> xdgDataHome();
 std::optional<std::filesystem::path> xdgConfigHome();
 
-/// Where the program keeps what tells of its own runs: "Panewright" in `$XDG_STATE_HOME`, or
+/// The program's own folder in each of them.
+inline constexpr const char* kOwnFolderName = "Panewright";
+
+/// Where the program keeps what tells of its own runs: its folder in `$XDG_STATE_HOME`, or
 /// `~/.local/state`. Nothing without a home. It may be missing.
 std::optional<std::filesystem::path> stateFolder();
 

@@ -49,7 +49,8 @@ public:
     std::optional<MovingError> remove(const std::filesystem::path& path) override;
     std::optional<MovingError> recycle(const std::filesystem::path& path) override;
 
-    /// In a session of its own and in the home folder. It waits for the end of this process itself.
+    /// In a session of its own and in the home folder. It waits for the end of this process
+    /// itself (main.cpp).
     void openAfterEnd(const std::filesystem::path& program) override;
     /// The user does that.
     void ejectLater(const std::string& /*medium*/) override {}

@@ -4,6 +4,7 @@
 #include "desktop/qt/localized.h"
 #include "desktop/qt/qt_image.h"
 #include "desktop/qt/shortcut_remark_label.h"
+#include "ui/composite_image.h"
 #include "ui/save_shortcut_view_controller.h"
 
 #include <QCheckBox>
@@ -17,8 +18,9 @@
 namespace panewright {
 namespace {
 
-// In Qt's units.
-constexpr int kImageSize = 16;
+/// In Qt's units, as the program's are.
+constexpr QSize kImageSize(static_cast<int>(kAppIconSize.width),
+                           static_cast<int>(kAppIconSize.height));
 
 /// A radio button's title: a long name is cut in its middle, and its first letter chooses it.
 QString titleThatFits(const QString& title, const QRadioButton& button) {
@@ -41,7 +43,7 @@ QWidget* grouped(const QList<QWidget*>& members, int spacing, const QString& nam
 }
 
 void setImage(QLabel& label, const ImagePtr& image) {
-    label.setPixmap(iconOf(image).pixmap(QSize(kImageSize, kImageSize), label.devicePixelRatioF()));
+    label.setPixmap(iconOf(image).pixmap(kImageSize, label.devicePixelRatioF()));
     label.setVisible(image != nullptr);
 }
 

@@ -35,7 +35,7 @@ Point roundedPosition(Point position) {
 }
 
 Size roundedSize(Size size) {
-    return {std::max(1.0, std::round(size.width)), std::max(1.0, std::round(size.height))};
+    return {std::round(size.width), std::round(size.height)};
 }
 
 Rect frameToAsk(const Rect& written, const std::vector<DisplayArea>& displays) {
