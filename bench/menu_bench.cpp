@@ -135,8 +135,8 @@ QMenu* openMenu() {
 }
 
 Milliseconds timeOurs(Opening& opening, bool isFlat) {
-    static const NoKeyCodes keyCodes;
-    QtMenuView view(keyCodes);
+    static const NoKeyCodes kKeyCodes;
+    QtMenuView view(kKeyCodes);
     const auto start = std::chrono::steady_clock::now();
     view.popUp(opening.fill(isFlat), kAnchor, {});
     const bool isPainted = openMenu() && waitUntilPainted(*openMenu());

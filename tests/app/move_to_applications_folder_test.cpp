@@ -172,7 +172,7 @@ TEST_F(MoveToApplicationsFolderTest, CopiesAndSaysWhatFailed) {
             change(it);
         };
     };
-    const auto fails = [](std::map<std::string, std::string> failures) {
+    const auto fails = [](const std::map<std::string, std::string>& failures) {
         return [failures](MemoryBundles& it) { it.failures = failures; };
     };
     const Case cases[] = {
@@ -193,11 +193,15 @@ TEST_F(MoveToApplicationsFolderTest, CopiesAndSaysWhatFailed) {
          AfterMoving::kGoOn,
          {ask, erase, giveBack},
          {failed}},
-        {needsRights([](auto& it) { it.ends["/bin/rm"] = ChildEnd(1, ""); }),
+        {needsRights([](auto& it) {
+             it.ends["/bin/rm"] = ChildEnd{1, ""};
+         }),
          AfterMoving::kEnd,
          moved,
          {}},
-        {needsRights([](auto& it) { it.ends["/bin/cp"] = ChildEnd(1, ""); }),
+        {needsRights([](auto& it) {
+             it.ends["/bin/cp"] = ChildEnd{1, ""};
+         }),
          AfterMoving::kGoOn,
          {ask, erase, copy, giveBack},
          {failed}},
@@ -247,7 +251,7 @@ TEST_F(MoveToApplicationsFolderTest, GoesOnWithTheCopyWhereTheOldOneStays) {
 TEST(ShellQuoted, IsOneWordForARealShellWhateverIsInIt) {
     EXPECT_EQ(shellQuoted("a'b"), "'a'\\''b'");
     for (const std::string text :
-         {"a'b", "''", "", "$(id) `id` \\ \"x\" *", "a\nb;c&d|e>f", "-n", "~ # %s !", "\xff\x01"}) {
+         {"a'b", "''", "", R"($(id) `id` \ "x" *)", "a\nb;c&d|e>f", "-n", "~ # %s !", "\xff\x01"}) {
         const auto command = "printf %s " + shellQuoted(text);
         const std::unique_ptr<FILE, int (*)(FILE*)> shell(popen(command.c_str(), "r"), pclose);
         std::string printed(64, 0);

@@ -15,6 +15,7 @@ ChildProcess::ChildProcess(std::vector<std::string> arguments, const Environment
     // Files in memory: a program that says much never waits for a reader.
     : output_(memfd_create("output", MFD_CLOEXEC)), error_(memfd_create("error", MFD_CLOEXEC)) {
     std::vector<char*> argv;
+    argv.reserve(arguments.size() + 1);
     for (std::string& argument : arguments) {
         argv.push_back(argument.data());
     }

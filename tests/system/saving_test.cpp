@@ -199,7 +199,7 @@ TEST_F(SavingInOnePanel, EditsAndDeletesAStateWithTheKeysAlone) {
     type("After");
     press({"Return"});
     expectStored("\"After\"", "the new name");
-    expectStored("\"keyCode\": 28, \"modifierFlags\": 524288", "the shortcut of before Escape");
+    expectStored(R"("keyCode": 28, "modifierFlags": 524288)", "the shortcut of before Escape");
     edit("After");
     const auto popover = desktop_.x().activeWindow();
     for (const char* answer : {"Escape", "Return"}) {

@@ -68,7 +68,7 @@ public:
         log.push_back("as administrator" + joined(arguments));
         return endOf(arguments);
     }
-    void free() override { log.push_back("give rights back"); }
+    void free() override { log.emplace_back("give rights back"); }
 
     std::filesystem::path program = "/Applications/Panewright.app";
     double toolkit = 1038.36;

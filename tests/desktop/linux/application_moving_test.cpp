@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 class LinuxApplicationMovingTest : public testing::Test {
 protected:
     fs::path unpack(const std::string& place) {
-        const auto folder = home_ / place / "Panewright";
+        auto folder = home_ / place / "Panewright";
         fs::create_directories(folder / "libexec/panewright");
         setContent(folder / "libexec/panewright/panewright", "program");
         setContent(folder / "panewright-files.txt",

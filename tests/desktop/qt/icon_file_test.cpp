@@ -19,7 +19,7 @@ protected:
     static void SetUpTestSuite() {
         qputenv("QT_QPA_PLATFORM", "offscreen");
         static int count = 0;
-        static const QGuiApplication application(count, nullptr);
+        static const QGuiApplication kApplication(count, nullptr);
     }
 
     QString path(const std::string& name) const {
