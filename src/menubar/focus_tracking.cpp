@@ -25,10 +25,14 @@ FocusTracking::FocusTracking(const Ports& ports)
     : ports_(ports), helper_(ports.accessibility),
       displayChanges_(ports.displays.onChange([this] { updateWindowRectAndDisplay(); })) {}
 
-void FocusTracking::updateApplicationTracking() {
-    if (!isFrontmostAppThisApp(ports_.workspace, ports_.program) && updateCurrentApplication()) {
+bool FocusTracking::updateApplicationTracking() {
+    if (isFrontmostAppThisApp(ports_.workspace, ports_.program)) {
+        return false;
+    }
+    if (updateCurrentApplication()) {
         updateApplicationTrackingElements();
     }
+    return true;
 }
 
 void FocusTracking::updateApplicationTrackingElements() {

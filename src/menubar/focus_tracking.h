@@ -52,8 +52,8 @@ public:
     Rect currentDisplayBounds() const { return boundsOf(currentDisplay_); }
 
     /// Takes the frontmost application and its focused window. While this program is frontmost, or
-    /// none is, everything stays.
-    void updateApplicationTracking();
+    /// none is, everything stays; false for this program.
+    bool updateApplicationTracking();
 
     /// The same for currentApplication() as it is.
     void updateApplicationTrackingElements();

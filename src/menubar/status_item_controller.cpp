@@ -11,7 +11,6 @@
 #include "platform/displays.h"
 #include "platform/main_loop.h"
 #include "platform/work_areas.h"
-#include "services/workspace_additions.h"
 #include "shortcuts/carbon_event_manager.h"
 #include "ui/shortcut_remark.h"
 
@@ -202,10 +201,9 @@ bool StatusItemController::hotKeyPressed(const KeyEvent& key) {
 }
 
 void StatusItemController::workspaceDidActiveApplication() {
-    if (isFrontmostAppThisApp(ports_.workspace, ports_.program)) {
+    if (!tracking_->updateApplicationTracking()) {
         return;
     }
-    tracking_->updateApplicationTracking();
     savePopover_->updateIfOpen();
     updateHotKeys(HotKeyOccasion::kActivation);
 }
