@@ -31,10 +31,9 @@ std::optional<QuartzDisplay>
 ActiveWindowPlacer::displayFor(const std::shared_ptr<WindowState>& state, Model& model) const {
     const Rect& window = tracking_.windowRect();
     const auto display = QuartzDisplay::withRect(services_.displays, window);
-    const auto next = model.allowWindowStateShortcutsToMoveWindowNextDisplay()
-                          ? getNextDisplayForWindowRect(services_.displays, window)
-                          : std::nullopt;
-    if (!next) {
+    const auto next = getNextDisplayForWindowRect(services_.displays, window);
+    // The setting is asked last: its file is looked at each time.
+    if (!next || !model.allowWindowStateShortcutsToMoveWindowNextDisplay()) {
         return display;
     }
     const Rect target =
