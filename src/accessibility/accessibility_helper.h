@@ -33,7 +33,7 @@ public:
     /// The frontmost application's focused window; null when there is none, which is logged.
     std::shared_ptr<AccessibilityElement> focusedWindowForApplicationFromSystemElement() const;
 
-    /// Null when there is none.
+    /// Null when there is none. Who has the application's element asks that (FocusTracking).
     std::shared_ptr<AccessibilityElement>
     focusedWindowForApplicationElementFromPid(ProcessId pid) const;
 

@@ -1,6 +1,6 @@
 #include "command/request.h"
 
-#include "installation/program_version.h"
+#include "installation/program_facts.h"
 
 #include <CLI/CLI.hpp>
 

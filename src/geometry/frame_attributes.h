@@ -26,7 +26,8 @@ bool isFrameSettable(const std::shared_ptr<AccessibilityElement>& window,
 std::optional<Rect> readFrame(const AccessibilityElement& window);
 
 /// Writes the outer frame as position, size, position. The second position is for windows that were
-/// constrained at their old place while they were resized.
+/// constrained at their old place while they were resized. Elements do not tell what became of a
+/// write.
 void writeFrame(AccessibilityElement& window, const Rect& frame);
 
 } // namespace panewright

@@ -28,6 +28,11 @@ inline bool appliesEverywhere(std::string_view key) {
     return key == kDefaultsKey || key == kGlobalsKey;
 }
 
+/// Whether they apply while that application is frontmost.
+inline bool appliesTo(std::string_view key, std::string_view bundleIdentifier) {
+    return appliesEverywhere(key) || key == bundleIdentifier;
+}
+
 /// The single store of all window states. Main thread only.
 class Model {
 public:

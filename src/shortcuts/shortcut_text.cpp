@@ -22,6 +22,14 @@ constexpr ModifierSymbol kModifierSymbols[] = {
     {kCommandFlag, "\u2318"},
 };
 
+static_assert([] {
+    std::uint64_t shown = 0;
+    for (const auto& [flag, symbol] : kModifierSymbols) {
+        shown |= flag;
+    }
+    return shown == kShortcutModifiers;
+}());
+
 struct KeyName {
     std::uint64_t keyCode;
     std::string_view name;

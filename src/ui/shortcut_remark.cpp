@@ -25,7 +25,7 @@ std::string otherUsesRemark(const ShortcutRemarkServices& services, std::uint64_
         add(text.localized("Move to Next Display"));
     }
     for (const auto& [place, states] : model.windowStates().value_or(WindowStates())) {
-        if (owner.application && place != *owner.application && !appliesEverywhere(place)) {
+        if (owner.application && !appliesTo(place, *owner.application)) {
             continue;
         }
         for (const auto& state : *states) {

@@ -2,7 +2,7 @@
 
 #include "installation/installed_file.h"
 #include "installation/program_places.h"
-#include "installation/program_version.h"
+#include "installation/program_facts.h"
 #include "platform/program_information.h"
 
 #include <filesystem>

@@ -2,6 +2,8 @@
 
 namespace panewright {
 
+// What this build was told of itself (CMakeLists.txt).
+
 /// The version that people see, and the number of the build.
 extern const char* const kProgramShortVersion;
 extern const char* const kProgramBuildVersion;
