@@ -1,8 +1,8 @@
 #pragma once
 
 #include "installation/installed_file.h"
-#include "installation/program_places.h"
 #include "installation/program_facts.h"
+#include "installation/program_places.h"
 #include "platform/program_information.h"
 
 #include <filesystem>

@@ -38,8 +38,8 @@ struct QtMainLoop::State {
         }
     }
 
-    /// Runs what a descriptor or a timer is watched for, and then at once what that has posted: a
-    /// turn of the toolkit's loop in between would take a tenth of a millisecond from a key press.
+    /// Runs what a descriptor or a timer is watched for, and then at once what that has posted, so
+    /// that a key press need not wait for another turn of the toolkit's loop.
     void handle(const std::function<void()>& callback) {
         const auto running = callback; // which may release its own registration, and so itself
         running();

@@ -10,8 +10,8 @@ namespace panewright {
 /// A program and its arguments.
 using CommandLine = std::vector<std::string>;
 
-// The tools that move a bundle. Paths are as they are, not
-// quoted. A newer toolkit is one whose version is above 949.0.
+// The tools that move a bundle. Paths are as they are, not quoted. A newer toolkit is one whose
+// version is above 949.0.
 
 /// The text as one word of a shell's command line, whatever is in it.
 std::string shellQuoted(std::string_view text);

@@ -13,8 +13,8 @@ namespace panewright {
 /// desktop whose windows stand on whole pixels. All frames are outer ones, in global points.
 
 /// A position is rounded up, so that it equals the centred one that a state computes; a fraction
-/// below 1/512 is noise of 32-bit steps and dropped before. A size is rounded to the nearest;
-/// it is at least 1 (windows.h).
+/// below 1/512 is noise of 32-bit steps and dropped before. A size is rounded to the nearest; it
+/// is at least 1 (windows.h).
 Point roundedPosition(Point position);
 Size roundedSize(Size size);
 
