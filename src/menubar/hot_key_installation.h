@@ -13,7 +13,7 @@ class Model;
 
 /// What may change which hot keys are installed.
 enum class HotKeyOccasion {
-    kStart,
+    kStart,      // where a program is known then (StatusItemController)
     kActivation, // of another program
     kPermission, // that was missing
     kMenuOpened,

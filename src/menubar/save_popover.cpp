@@ -1,7 +1,6 @@
 #include "menubar/save_popover.h"
 
 #include "geometry/frame_attributes.h"
-#include "model/model.h"
 #include "model/window_state.h"
 
 #include <utility>
@@ -28,10 +27,6 @@ void SavePopover::open() {
     controller_->reset();
     update();
     services_.session.bringForward(*controller_);
-}
-
-void SavePopover::addWindowState(const std::shared_ptr<WindowState>& state) {
-    services_.model.addWindowState(state);
 }
 
 void SavePopover::cancelForAnother() {

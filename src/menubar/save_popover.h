@@ -18,10 +18,10 @@ public:
     /// All of it must outlive the popover.
     struct Services {
         ApplicationIcons& icons;
-        Model& model;
         FocusTracking& tracking;
         PopoverSession session;
         PopoverController::Services shared;
+        std::function<void(const std::shared_ptr<WindowState>&)> addWindowState;
         /// Called before it opens: there is one popover at a time.
         std::function<void()> cancelOther;
     };
@@ -31,7 +31,9 @@ public:
     bool isShown() const { return PopoverSession::isShown(controller_->popover()); }
 
     void saveWindowPosition() override;
-    void addWindowState(const std::shared_ptr<WindowState>& state) override;
+    void addWindowState(const std::shared_ptr<WindowState>& state) override {
+        services_.addWindowState(state);
+    }
     void finishSavingWindowState() override { services_.session.finish(controller_->popover()); }
     void abandonSavingWindowState() override { services_.session.abandon(controller_->popover()); }
 

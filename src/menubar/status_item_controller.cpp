@@ -151,8 +151,9 @@ void StatusItemController::setupNotifications() {
 }
 
 void StatusItemController::setupSavePopover() {
-    savePopover_.emplace(SavePopover::Services{ports_.applicationIcons, *model_, *tracking_,
+    savePopover_.emplace(SavePopover::Services{ports_.applicationIcons, *tracking_,
                                                popoverSession(), popoverServices(),
+                                               [this](const auto& state) { addWindowState(state); },
                                                [this] { editPopover_->cancelForAnother(); }},
                          ports_.mainLoop, views_.factory);
 }
