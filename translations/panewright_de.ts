@@ -192,6 +192,10 @@
         <translation>&amp;Aktuelles Fenster sichern …</translation>
     </message>
     <message>
+        <source>Open Men&amp;u</source>
+        <translation>&amp;Menü öffnen</translation>
+    </message>
+    <message>
         <source>&amp;Move window to next display:</source>
         <translation>Fenster auf nächsten &amp;Bildschirm bewegen:</translation>
     </message>

@@ -113,7 +113,8 @@ std::shared_ptr<Settings> AppDelegate::makeSettings() {
         {ports_.beeper, ports_.hotKeys, ports_.program, pages_, ports_.text,
          ShortcutText(ports_.keyboardLayout, ports_.text), tracking_, ports_.statusItem,
          statusItemController_->launchAgentStartupItem(), Model::instance(), *statusItemController_,
-         statusItemController_->saving(), statusItemController_->storeTroubles(), views_.factory});
+         statusItemController_->saving(), statusItemController_->storeTroubles(),
+         [this] { statusItemController_->openMenu(false); }, views_.factory});
 }
 
 void AppDelegate::runAtStartup() {

@@ -24,9 +24,9 @@ void Settings::awakeFromNib() {
     view_->setVersion(versionText(services_.program, services_.text));
     view_->setWebsiteShown(services_.pages.hasWebsite());
     view_->setAllowMoveWindow(services_.model.allowWindowStateShortcutsToMoveWindowNextDisplay());
-    showSavingUnlessInStatusBar();
+    offerMenuUnlessInStatusBar();
     statusItemChanges_ =
-        services_.statusItem.onShownChange([this] { showSavingUnlessInStatusBar(); });
+        services_.statusItem.onShownChange([this] { offerMenuUnlessInStatusBar(); });
     stateChanges_ = services_.model.onStatesRemoved([this] { showStoreTrouble(); });
 }
 
@@ -40,9 +40,9 @@ void Settings::showStoreTrouble() {
     view_->setStoreTrouble(services_.storeTroubles.line());
 }
 
-/// Without an icon there is no menu to save from.
-void Settings::showSavingUnlessInStatusBar() {
-    view_->setSavingShown(!services_.statusItem.isShown());
+/// Without an icon nothing else leads there.
+void Settings::offerMenuUnlessInStatusBar() {
+    view_->setMenuOffered(!services_.statusItem.isShown());
 }
 
 void Settings::saveWindowPosition() {

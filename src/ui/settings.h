@@ -14,6 +14,7 @@
 #include "ui/view_factory.h"
 #include "ui/window_state_saving.h"
 
+#include <functional>
 #include <memory>
 
 namespace panewright {
@@ -40,6 +41,7 @@ public:
         HotKeyRefresh& hotKeyRefresh;
         WindowStateSaving& saving;
         StoreTroubles& storeTroubles;
+        std::function<void()> openMenu;
         ViewFactory& views;
     };
 
@@ -51,6 +53,7 @@ public:
 
     // What the user does in the window.
     void saveWindowPosition();
+    void openMenu() { services_.openMenu(); }
     void explainStoreTrouble() { services_.storeTroubles.explain(); }
     void startupItem();
     void allowStateShortuctMoveWindow();
@@ -66,7 +69,7 @@ private:
     void keepShortcut(const std::shared_ptr<CarbonKeyEvent>& event) override;
     ShortcutOwner shortcutOwner() const override { return {}; }
     void showShortcutRemark(const std::string& text) override;
-    void showSavingUnlessInStatusBar();
+    void offerMenuUnlessInStatusBar();
     void showStoreTrouble();
 
     Services services_;

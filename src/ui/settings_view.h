@@ -24,8 +24,9 @@ public:
     virtual void setStoreTrouble(const std::string& line) = 0;
     /// What is to be said of the shortcut that the recorder shows, in lines; empty for nothing.
     virtual void setShortcutRemark(const std::string& text) = 0;
-    /// Whether the window offers to save the current window, which otherwise the menu does.
-    virtual void setSavingShown(bool isShown) = 0;
+    /// Whether the window leads to the menu, and to saving the current window, which otherwise the
+    /// icon does.
+    virtual void setMenuOffered(bool isOffered) = 0;
 };
 
 } // namespace panewright

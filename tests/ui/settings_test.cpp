@@ -45,19 +45,21 @@ TEST_F(SettingsTest, RecordsTheKeyThatMovesToTheNextDisplay) {
     EXPECT_EQ(view().remark, "");
 }
 
-TEST_F(SettingsTest, OpensWhenTheProgramIsStartedAgainAndOffersToSaveWhileNoIconIsShown) {
+TEST_F(SettingsTest, OpensWhenTheProgramIsStartedAgainAndOffersTheMenuWhileNoIconIsShown) {
     CapturedLog log;
-    EXPECT_FALSE(view().offersSaving);
+    EXPECT_FALSE(view().offersMenu);
     desktop_.statusItem.setHasBar(false);
-    EXPECT_TRUE(view().offersSaving);
+    EXPECT_TRUE(view().offersMenu);
     desktop_.mainLoop.advance(10s);
     EXPECT_THAT(log.take(), testing::SizeIs(1));
     desktop_.reopenRequests.reopen();
     EXPECT_EQ(view().timesShown, 2);
+    view().controller().openMenu();
+    EXPECT_TRUE(desktop_.menuView.isOpen());
     view().controller().saveWindowPosition();
     EXPECT_TRUE(desktop_.views.save->popover().isShown());
     desktop_.statusItem.setHasBar(true);
-    EXPECT_FALSE(view().offersSaving);
+    EXPECT_FALSE(view().offersMenu);
 }
 
 TEST_F(SettingsTest, KeepsItsOneWindowAndTellsWhatIsDoneInIt) {

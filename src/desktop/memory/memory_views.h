@@ -32,7 +32,7 @@ public:
     void setWebsiteShown(bool isShown) override { leadsToWebsite = isShown; }
     void setStoreTrouble(const std::string& line) override { storeTrouble = line; }
     void setShortcutRemark(const std::string& text) override { remark = text; }
-    void setSavingShown(bool isShown) override { offersSaving = isShown; }
+    void setMenuOffered(bool isOffered) override { offersMenu = isOffered; }
 
     bool isFirstResponder() const override { return true; }
     void makeFirstResponder() override {}
@@ -41,7 +41,7 @@ public:
     int timesShown = 0;
     bool startsAtLogin = false;
     bool allowsMove = false;
-    bool offersSaving = false;
+    bool offersMenu = false;
     bool leadsToWebsite = false;
     std::string version;
     std::string storeTrouble;

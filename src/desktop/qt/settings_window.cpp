@@ -43,7 +43,7 @@ SettingsWindow::SettingsWindow(Settings& settings, const NativeKeyCodes& keyCode
     layout->setSpacing(kSpacing);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     addStoreTrouble(*layout);
-    addSaving(*layout);
+    addMenu(*layout);
     addShortcut(*layout, keyCodes);
     addOptions(*layout);
     addFooter(*layout);
@@ -70,11 +70,19 @@ void SettingsWindow::addStoreTrouble(QVBoxLayout& layout) {
     layout.addWidget(storeTrouble_, 0, Qt::AlignLeft);
 }
 
-void SettingsWindow::addSaving(QVBoxLayout& layout) {
-    save_ = new QPushButton(localized("&Save Current Window…"));
-    save_->setAutoDefault(false);
-    connect(save_, &QPushButton::clicked, this, [this] { settings_.saveWindowPosition(); });
-    layout.addWidget(save_, 0, Qt::AlignLeft);
+void SettingsWindow::addMenu(QVBoxLayout& layout) {
+    menu_ = new QWidget;
+    auto* row = new QHBoxLayout(menu_);
+    row->setContentsMargins(0, 0, 0, 0);
+    const auto addButton = [&](const QString& text, void (Settings::*action)()) {
+        auto* button = new QPushButton(text);
+        button->setAutoDefault(false);
+        connect(button, &QPushButton::clicked, this, [this, action] { (settings_.*action)(); });
+        row->addWidget(button);
+    };
+    addButton(localized("&Save Current Window…"), &Settings::saveWindowPosition);
+    addButton(localized("Open Men&u"), &Settings::openMenu);
+    layout.addWidget(menu_, 0, Qt::AlignLeft);
 }
 
 void SettingsWindow::addShortcut(QVBoxLayout& layout, const NativeKeyCodes& keyCodes) {
@@ -166,8 +174,8 @@ void SettingsWindow::setStoreTrouble(const std::string& line) {
     storeTrouble_->setVisible(!line.empty());
 }
 
-void SettingsWindow::setSavingShown(bool isShown) {
-    save_->setVisible(isShown);
+void SettingsWindow::setMenuOffered(bool isOffered) {
+    menu_->setVisible(isOffered);
 }
 
 void SettingsWindow::setShortcutRemark(const std::string& text) {

@@ -34,7 +34,7 @@ public:
     void setShortcutRemark(const std::string& text) override;
     void setStoreTrouble(const std::string& line) override;
     void setWebsiteShown(bool isShown) override;
-    void setSavingShown(bool isShown) override;
+    void setMenuOffered(bool isOffered) override;
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -43,7 +43,7 @@ private:
     /// Colours that the theme does not give.
     void suitTheme();
     void addStoreTrouble(QVBoxLayout& layout);
-    void addSaving(QVBoxLayout& layout);
+    void addMenu(QVBoxLayout& layout);
     void addShortcut(QVBoxLayout& layout, const NativeKeyCodes& keyCodes);
     void addOptions(QVBoxLayout& layout);
     void addFooter(QVBoxLayout& layout);
@@ -56,7 +56,7 @@ private:
     ShortcutRecorderWidget* recorder_ = nullptr;
     QLabel* remark_ = nullptr;
     QPushButton* storeTrouble_ = nullptr;
-    QPushButton* save_ = nullptr;
+    QWidget* menu_ = nullptr;
     QLabel* version_ = nullptr;
     /// To the pages that only a website has.
     QList<LinkButton*> websiteLinks_;
