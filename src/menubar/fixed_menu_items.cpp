@@ -1,6 +1,7 @@
 #include "menubar/fixed_menu_items.h"
 
 #include "menubar/menu_shortcut.h"
+#include "ui/shortcut_remark.h"
 #include "ui/version_text.h"
 
 #include <string>
@@ -30,8 +31,7 @@ void addGroup(MenuItems& items, const MenuItems& group) {
 FixedMenuItems::FixedMenuItems(const TextServices& text, const ProgramInformation& program,
                                const ProductPages& pages, const Actions& actions)
     : saveItem(makeItem(text.localized("Save Current Window…"), actions.saveWindowPosition)),
-      moveToNextDisplayItem(
-          makeItem(text.localized("Move to Next Display"), actions.moveToNextDisplay)),
+      moveToNextDisplayItem(makeItem(moveToNextDisplayTitle(text), actions.moveToNextDisplay)),
       startupItem(makeItem(text.localized("Start at Login"), actions.runAtStartup)),
       crashItem(makeItem(text.localized("Crash"), actions.crash)),
       versionItem(makeItem(versionText(program, text), nullptr)),

@@ -39,6 +39,7 @@ void installHotKeys(const Model& model, const std::optional<RunningApplication>&
     }
 }
 
+/// Not by the registry's number, which lock keys and the Function key would change.
 std::shared_ptr<CarbonKeyEvent> installedHotKey(const KeyEvent& key) {
     const auto held = key.modifierFlags & kShortcutModifiers;
     for (const auto& [number, event] : CarbonEventManager::sharedManager().keyEvents()) {

@@ -301,7 +301,7 @@ void StatusItemController::checkForUpdates() {
     actions_.checkForUpdates();
 }
 
-/// Unlike the program's own action sends no event.
+/// Unlike the program's own action, which the menu has, sends no event.
 void StatusItemController::openFAQ() {
     pages_.openFAQ();
 }

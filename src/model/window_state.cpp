@@ -79,7 +79,7 @@ std::string presentableOrException(const CarbonKeyEvent& event, const ShortcutTe
     }
 }
 
-bool isSameShortcut(const CarbonKeyEvent* a, const CarbonKeyEvent* b) {
+bool isUnchanged(const CarbonKeyEvent* a, const CarbonKeyEvent* b) {
     return a && b ? a->keyCode() == b->keyCode() && a->modifierFlags() == b->modifierFlags() &&
                         a->tag() == b->tag()
                   : a == b;
@@ -134,7 +134,7 @@ void WindowState::encodeWithCoder(KeyedEncoder& encoder) const {
 
 std::shared_ptr<KeyedCoding> WindowState::copyForArchiving() const {
     // The key event may have changed without the state being told.
-    if (!copy_ || !isSameShortcut(keyEvent_.get(), copy_->keyEvent())) {
+    if (!copy_ || !isUnchanged(keyEvent_.get(), copy_->keyEvent())) {
         copy_ = std::make_shared<ArchivedWindowState>(record_, copied(keyEvent_));
     }
     return copy_;

@@ -76,7 +76,7 @@ void EditShortcutViewController::save() {
     if (view_->updateWindowState()) {
         state->setOriginalWindowRect(newOriginalWindowRect_);
         state->setOriginalQuartzDisplayBounds(newQuartzDisplayBounds_);
-        state->setWindowStateImage(nullptr);
+        state->setWindowStateImage(nullptr); // the one with the icon stays
     }
     editing_.finishEditingWindowState();
     services().tracking.trackEvent(kSaveEditsToWindowStateEvent,

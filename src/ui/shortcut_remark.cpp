@@ -22,7 +22,7 @@ std::string otherUsesRemark(const ShortcutRemarkServices& services, std::uint64_
     };
     const auto& [hotKeys, model, text] = services;
     if (owner.state && isOn(model.moveToNextWindowKeyEvent().get(), key)) {
-        add(text.localized("Move to Next Display"));
+        add(moveToNextDisplayTitle(text));
     }
     for (const auto& [place, states] : model.windowStates().value_or(WindowStates())) {
         if (owner.application && !appliesTo(place, *owner.application)) {
@@ -54,6 +54,10 @@ std::string shortcutRemark(const ShortcutRemarkServices& services, std::uint64_t
     }
     return services.text.localized("Another program uses this shortcut.") +
            (others.empty() ? "" : "\n") + others;
+}
+
+std::string moveToNextDisplayTitle(const TextServices& text) {
+    return text.localized("Move to Next Display");
 }
 
 std::string refusedKeyRemark(const TextServices& text) {

@@ -38,6 +38,9 @@ struct ShortcutRemarkServices {
 std::string shortcutRemark(const ShortcutRemarkServices& services, std::uint64_t keyCode,
                            std::uint64_t modifierFlags, const ShortcutOwner& owner);
 
+/// What the move to the next display is called, here and in the menu.
+std::string moveToNextDisplayTitle(const TextServices& text);
+
 /// What is to be said while a key was pressed that cannot be recorded.
 std::string refusedKeyRemark(const TextServices& text);
 

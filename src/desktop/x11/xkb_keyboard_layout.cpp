@@ -64,7 +64,7 @@ constexpr std::pair<xkb_keysym_t, const char*> kKeyWords[] = {
     {XKB_KEY_Next, "Page Down"}, {XKB_KEY_KP_Enter, "Enter"},      {XKB_KEY_Num_Lock, "Num Lock"},
 };
 
-/// In the order in which they are named.
+/// In the order of the symbols (shortcuts/shortcut_text.cpp).
 constexpr std::pair<std::uint32_t, const char*> kModifierWords[] = {{kHotKeyControl, "Ctrl"},
                                                                     {kHotKeyOption, "Alt"},
                                                                     {kHotKeyShift, "Shift"},
