@@ -76,7 +76,7 @@ void Settings::allowStateShortuctMoveWindow() {
 }
 
 void Settings::restoreDefaultWindowStates() {
-    services_.model.restoreDefaultWindowStates();
+    services_.model.restoreDefaultWindowStates(); // the hot keys stay until the next occasion
     services_.tracking.trackEvent(kRestoreDefaultWindowStatesEvent);
 }
 

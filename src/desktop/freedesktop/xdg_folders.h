@@ -9,7 +9,7 @@ namespace panewright {
 std::optional<std::filesystem::path> xdgDataHome();
 std::optional<std::filesystem::path> xdgConfigHome();
 
-/// The program's own folder in each of them.
+/// The program's own folder in those of configuration and state. The store names its own.
 inline constexpr const char* kOwnFolderName = "Panewright";
 
 /// Where the program keeps what tells of its own runs: its folder in `$XDG_STATE_HOME`, or
