@@ -109,6 +109,7 @@ void ShortcutRecorderWidget::describe() {
     }
 }
 
+/// The keys are those of QFShortcutRecorder::performKeyEquivalent().
 QList<AccessibleAction> ShortcutRecorderWidget::accessibleActions() {
     const auto press = QAccessibleActionInterface::pressAction();
     QList<AccessibleAction> actions;
