@@ -3,6 +3,9 @@
 #include "model/window_state.h"
 #include "platform/workspace.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <map>
 #include <optional>
 
 namespace panewright {
@@ -14,5 +17,9 @@ class Model;
 /// are none.
 WindowStateArray applicableWindowStates(const Model& model,
                                         const std::optional<RunningApplication>& frontmost);
+
+/// Where those stand whose hot keys hold, by combination number, the registry's: of equal ones the
+/// last. 0 is that of the states without a hot key.
+std::map<std::uint64_t, std::size_t> placesWithoutCollisions(const WindowStateArray& states);
 
 } // namespace panewright

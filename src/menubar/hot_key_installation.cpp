@@ -1,7 +1,6 @@
 #include "menubar/hot_key_installation.h"
 
 #include "menubar/applicable_window_states.h"
-#include "menubar/hot_key_collisions.h"
 #include "shortcuts/carbon_event_manager.h"
 #include "shortcuts/modifier_flags.h"
 

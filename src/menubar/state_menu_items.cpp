@@ -1,7 +1,6 @@
 #include "menubar/state_menu_items.h"
 
 #include "menubar/applicable_window_states.h"
-#include "menubar/hot_key_collisions.h"
 #include "menubar/menu_shortcut.h"
 #include "model/model.h"
 #include "ui/composite_image.h"
