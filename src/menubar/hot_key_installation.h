@@ -18,7 +18,7 @@ enum class HotKeyOccasion {
     kPermission, // that was missing
     kMenuOpened,
     kStateRemoved,
-    kStatesRestored,
+    kStatesRestored, // from the menu; the settings leave the hot keys
     kSettingsChanged,
     // Of the popovers for a state:
     kPopoverOpened,

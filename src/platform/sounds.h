@@ -4,6 +4,10 @@
 
 namespace panewright {
 
+// The sounds that the program asks for by name.
+inline constexpr std::string_view kGlassSound = "Glass";
+inline constexpr std::string_view kPopSound = "Pop";
+
 /// The system's named sounds. Main thread only.
 class Sounds {
 public:

@@ -15,15 +15,13 @@ public:
     void playSoundNamed(std::string_view name, float atVolume) const {
         sounds_.play(name, atVolume);
     }
-    void glass() const { playSoundNamed(kGlass); }
-    void glassAtVolume(float volume) const { playSoundNamed(kGlass, volume); }
-    void pop() const { playSoundNamed(kPop); }
-    void popAtVolume(float volume) const { playSoundNamed(kPop, volume); }
+    void glass() const { playSoundNamed(kGlassSound); }
+    void glassAtVolume(float volume) const { playSoundNamed(kGlassSound, volume); }
+    void pop() const { playSoundNamed(kPopSound); }
+    void popAtVolume(float volume) const { playSoundNamed(kPopSound, volume); }
 
 private:
     static constexpr float kDefaultVolume = 1;
-    static constexpr std::string_view kGlass = "Glass";
-    static constexpr std::string_view kPop = "Pop";
 
     Sounds& sounds_;
 };

@@ -40,10 +40,10 @@ const Canberra& canberra() {
 }
 
 std::string themeNameOf(std::string_view name) {
-    if (name == "Glass") {
+    if (name == kGlassSound) {
         return "complete";
     }
-    return name == "Pop" ? "message" : std::string(name);
+    return name == kPopSound ? "message" : std::string(name);
 }
 
 } // namespace
