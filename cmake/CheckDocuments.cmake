@@ -2,8 +2,7 @@
 #   cmake -DROOT=<source root> -P CheckDocuments.cmake
 #
 # Names stand in backticks, below src/ or the root, with their ending or without it, and may have
-# wildcards. A name whose first folder is neither below src/ nor the root is of something else, such
-# as a place in an installation.
+# wildcards. What is built or installed is not looked for.
 cmake_minimum_required(VERSION 3.25)
 
 set(faults "")
@@ -11,18 +10,15 @@ foreach(document ARCHITECTURE.md CONTRIBUTING.md)
     file(READ ${ROOT}/${document} text)
     string(REGEX MATCHALL "`[A-Za-z_]+/[A-Za-z0-9_/.*-]*`" names "${text}")
     list(REMOVE_DUPLICATES names)
-    list(FILTER names EXCLUDE REGEX "^`build/")
+    list(FILTER names EXCLUDE REGEX "^`(bin|build)/")
     foreach(name IN LISTS names)
         string(REPLACE "`" "" name ${name})
-        string(REGEX REPLACE "/.*" "" folder ${name})
         string(REGEX REPLACE "/$" "" name ${name})
-        foreach(root ${ROOT} ${ROOT}/src)
-            file(GLOB there ${root}/${name} ${root}/${name}.h)
-            if(there OR NOT EXISTS ${root}/${folder})
-                continue()
-            endif()
+        set(path ${ROOT}/src/${name})
+        file(GLOB there ${ROOT}/${name} ${path} ${path}.h)
+        if(NOT there)
             string(APPEND faults "\n  ${document} names ${name}, which is not there")
-        endforeach()
+        endif()
     endforeach()
 endforeach()
 if(faults)
