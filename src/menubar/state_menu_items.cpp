@@ -3,7 +3,6 @@
 #include "menubar/applicable_window_states.h"
 #include "menubar/menu_shortcut.h"
 #include "model/model.h"
-#include "ui/composite_image.h"
 
 #include <algorithm>
 #include <utility>
